@@ -1,0 +1,75 @@
+// Base of every child component of the control: name, visibility, enabled state,
+// position and size in twips, and keyboard focus through a shared FocusManager.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "platform/observable.h"
+
+namespace tabulon {
+
+class FocusManager;
+
+class Component : public Observable {
+public:
+    explicit Component(std::string name) : name_(std::move(name)) {}
+
+    const std::string& name() const { return name_; }
+
+    bool visible() const { return visible_; }
+    void setVisible(bool visible);
+    bool enabled() const { return enabled_; }
+    void setEnabled(bool enabled);
+
+    // Geometry in twips, relative to the control (or to the containing frame for
+    // components placed inside one).
+    std::int32_t left() const { return left_; }
+    std::int32_t top() const { return top_; }
+    std::int32_t width() const { return width_; }
+    std::int32_t height() const { return height_; }
+    void setLeft(std::int32_t v);
+    void setTop(std::int32_t v);
+    // Negative sizes are a run-time failure (InvalidArgumentFailure), as on the platform.
+    virtual void setWidth(std::int32_t v);
+    virtual void setHeight(std::int32_t v);
+    void move(std::int32_t left, std::int32_t top, std::int32_t width, std::int32_t height);
+
+    // Focus: components of one control share one FocusManager. SetFocus on a
+    // component without a manager, hidden or disabled, is ignored.
+    void attachFocus(FocusManager* manager) { focus_ = manager; }
+    void setFocus();
+    bool hasFocus() const;
+
+    // Raised by the FocusManager when focus arrives or leaves.
+    std::function<void()> onGotFocus;
+    std::function<void()> onLostFocus;
+
+protected:
+    // Geometry changes call this after storing; subclasses re-layout.
+    virtual void geometryChanged() {}
+
+private:
+    std::string name_;
+    bool visible_ = true;
+    bool enabled_ = true;
+    std::int32_t left_ = 0, top_ = 0, width_ = 0, height_ = 0;
+    FocusManager* focus_ = nullptr;
+};
+
+// Which component of a control holds the keyboard focus.
+class FocusManager : public Observable {
+public:
+    Component* focused() const { return focused_; }
+    // Moves the focus: LostFocus of the old component runs first, then GotFocus of
+    // the new one. Moving to the component that already has it does nothing.
+    void setFocus(Component* component);
+    // Forgets a component (it is going away); no notification runs.
+    void forget(Component* component);
+
+private:
+    Component* focused_ = nullptr;
+};
+
+}  // namespace tabulon

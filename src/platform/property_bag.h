@@ -1,0 +1,67 @@
+// PropertyBag: the host's keyed store of design-time settings. A value equal to
+// its default need not be stored; reading a missing key gives the default.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <variant>
+
+namespace tabulon {
+
+using PropertyValue = std::variant<bool, std::int64_t, double, std::string>;
+
+// Conversions applied when a stored value is read into a typed setting. Text that
+// does not convert ("abc" to an integer) and numbers outside the target type throw
+// RuntimeFailure, as the platform's type conversion does.
+bool PropertyToBool(const PropertyValue& value);
+std::int32_t PropertyToInt32(const PropertyValue& value);
+std::int16_t PropertyToInt16(const PropertyValue& value);
+std::string PropertyToString(const PropertyValue& value);
+
+class PropertyBag {
+public:
+    virtual ~PropertyBag() = default;
+    // The stored value of key, or defaultValue when none is stored.
+    virtual PropertyValue Read(const std::string& key, const PropertyValue& defaultValue) = 0;
+    // Stores value under key; when it equals defaultValue the key is removed instead.
+    virtual void Write(const std::string& key, const PropertyValue& value,
+                       const PropertyValue& defaultValue) = 0;
+
+    bool ReadBool(const std::string& key, bool def) { return PropertyToBool(Read(key, def)); }
+    std::int32_t ReadInt32(const std::string& key, std::int32_t def) {
+        return PropertyToInt32(Read(key, std::int64_t{def}));
+    }
+    std::int16_t ReadInt16(const std::string& key, std::int16_t def) {
+        return PropertyToInt16(Read(key, std::int64_t{def}));
+    }
+    std::string ReadString(const std::string& key, const std::string& def) {
+        return PropertyToString(Read(key, def));
+    }
+};
+
+// A bag held in memory; keys keep insertion order irrelevant (sorted map).
+class MemoryPropertyBag : public PropertyBag {
+public:
+    PropertyValue Read(const std::string& key, const PropertyValue& defaultValue) override;
+    void Write(const std::string& key, const PropertyValue& value,
+               const PropertyValue& defaultValue) override;
+
+    const std::map<std::string, PropertyValue>& values() const { return values_; }
+    std::map<std::string, PropertyValue>& values() { return values_; }
+
+private:
+    std::map<std::string, PropertyValue> values_;
+};
+
+// A bag kept in a JSON file: one flat object of key -> boolean, number or string.
+// Load throws RuntimeFailure with a readable reason for a missing or malformed
+// file; Save writes atomically (temporary file, then rename).
+class JsonFilePropertyBag : public MemoryPropertyBag {
+public:
+    static JsonFilePropertyBag Load(const std::string& path);
+    void Save(const std::string& path) const;
+    std::string ToJson() const;
+};
+
+}  // namespace tabulon

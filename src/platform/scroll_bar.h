@@ -1,0 +1,39 @@
+// ScrollBar: a platform scroll bar (horizontal or vertical) with Min, Max and
+// Value. Every change of Value, by code or by the user, raises Change; dragging the
+// thumb raises Scroll for each position instead. Setting Max below Value moves the
+// value to the new bound (raising Change), as on the platform.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "platform/component.h"
+
+namespace tabulon {
+
+class ScrollBar : public Component {
+public:
+    explicit ScrollBar(std::string name) : Component(std::move(name)) {}
+
+    int min() const { return min_; }
+    int max() const { return max_; }
+    int value() const { return value_; }
+    void setMin(int min);
+    void setMax(int max);
+    // Values outside [min, max] throw InvalidArgumentFailure.
+    void setValue(int value);
+
+    // --- user gestures (ignored while disabled)
+    void userStep(int delta);      // arrow click: value +/- 1, clamped; Change if it moved
+    void userSetValue(int value);  // track click: clamped; Change if it moved
+    void userDrag(int value);      // thumb drag: clamped; Scroll if it moved
+
+    std::function<void()> onChange;
+    std::function<void()> onScroll;
+
+private:
+    int min_ = 0, max_ = 0, value_ = 0;
+};
+
+}  // namespace tabulon
