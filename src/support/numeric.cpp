@@ -2,7 +2,6 @@
 
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <limits>
 
 #include "support/failure.h"
@@ -101,9 +100,15 @@ std::int32_t ReadInt32(std::string_view text) { return ToInt32(ReadNumber(text))
 std::string NumberToText(double value) {
     if (!std::isfinite(value)) throw OverflowFailure();
     if (value == 0.0) return "0";
+    // to_chars ignores the C locale (a host's locale could otherwise turn "." into ",").
     char buffer[64];
-    std::snprintf(buffer, sizeof buffer, "%.15G", value);
-    return buffer;
+    const auto result = std::to_chars(buffer, buffer + sizeof buffer, value,
+                                      std::chars_format::general, 15);
+    std::string text(buffer, result.ptr);
+    for (char& c : text) {
+        if (c == 'e') c = 'E';
+    }
+    return text;
 }
 
 std::string IntegerToText(long long value) { return std::to_string(value); }

@@ -1,0 +1,95 @@
+#include "support/failure.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "support/message_sink.h"
+
+namespace tabulon {
+namespace {
+
+class RecordingSink : public MessageSink {
+public:
+    void Show(MessageIcon icon, std::string_view text) override {
+        shown.emplace_back(icon, std::string(text));
+    }
+    std::vector<std::pair<MessageIcon, std::string>> shown;
+};
+
+using Shown = std::vector<std::pair<MessageIcon, std::string>>;
+
+TEST(Guarded, FailureIsReportedOnceAsCriticalAndReturnsFalse) {
+    RecordingSink sink;
+    bool after = false;
+    const bool ok = Guarded(sink, "1010", [&] {
+        throw OverflowFailure();
+        after = true;
+    });
+    EXPECT_FALSE(ok);
+    EXPECT_FALSE(after);
+    EXPECT_EQ(sink.shown, (Shown{{MessageIcon::Critical, "Unexpected Error - 1010"}}));
+}
+
+TEST(Guarded, AnythingThrownIsCaught) {
+    RecordingSink sink;
+    EXPECT_FALSE(Guarded(sink, "1037", [] { throw 42; }));
+    EXPECT_FALSE(Guarded(sink, "1001", [] { throw std::logic_error("x"); }));
+    EXPECT_EQ(sink.shown, (Shown{{MessageIcon::Critical, "Unexpected Error - 1037"},
+                                 {MessageIcon::Critical, "Unexpected Error - 1001"}}));
+}
+
+TEST(Guarded, CompletedBodyShowsNothingAndDecidesTheResult) {
+    RecordingSink sink;
+    int runs = 0;
+    EXPECT_TRUE(Guarded(sink, "1012", [&] { ++runs; }));
+    EXPECT_TRUE(Guarded(sink, "1012", [&] {
+        ++runs;
+        return true;
+    }));
+    EXPECT_FALSE(Guarded(sink, "1012", [&] {
+        ++runs;
+        return false;
+    }));
+    EXPECT_EQ(runs, 3);
+    EXPECT_TRUE(sink.shown.empty());
+}
+
+TEST(ReportUnexpectedError, ShowsTheCodeAfterTheFixedText) {
+    RecordingSink sink;
+    ReportUnexpectedError(sink, "1023");
+    EXPECT_EQ(sink.shown, (Shown{{MessageIcon::Critical, "Unexpected Error - 1023"}}));
+    EXPECT_EQ(UnexpectedErrorText("1005"), "Unexpected Error - 1005");
+}
+
+TEST(MessageSink, EmptyTextShowsNothing) {
+    RecordingSink sink;
+    sink.Information("");
+    sink.Critical("");
+    sink.Plain("");
+    EXPECT_TRUE(sink.shown.empty());
+    sink.Information("a");
+    sink.Plain("b");
+    EXPECT_EQ(sink.shown, (Shown{{MessageIcon::Information, "a"}, {MessageIcon::Plain, "b"}}));
+    EXPECT_EQ(MessageIconName(MessageIcon::Information), "information");
+    EXPECT_EQ(MessageIconName(MessageIcon::Critical), "critical");
+    EXPECT_EQ(MessageIconName(MessageIcon::Plain), "plain");
+}
+
+TEST(DescribeCurrentException, UsesTheFailuresOwnText) {
+    const auto describe = [](auto thrown) {
+        try {
+            throw thrown;
+        } catch (...) {
+            return DescribeCurrentException();
+        }
+    };
+    EXPECT_EQ(describe(OverflowFailure()), "Overflow");
+    EXPECT_EQ(describe(InvalidArgumentFailure("Invalid row")), "Invalid row");
+    EXPECT_EQ(describe(7), "Unknown error");
+}
+
+}  // namespace
+}  // namespace tabulon
