@@ -1,15 +1,20 @@
 // The XML document model: one owning Document and cheap Node/Attribute handles.
 //
 // Parsing keeps comments, processing instructions, the XML declaration and the
-// DOCTYPE as nodes, and drops text that is only whitespace between elements (such
-// text never counts as a child). Only the predefined and numeric character
-// references are expanded; no DTD is read, no entity is ever resolved and nothing is
-// fetched.
+// DOCTYPE as nodes, and drops text that is only whitespace (space, tab, CR, LF) between
+// elements (such text never counts as a child). Other text is kept exactly, leading
+// and trailing blanks included. Only the predefined and numeric character references
+// are expanded; no DTD is read, no entity is ever resolved and nothing is fetched. A
+// reference to any other entity ("&name;") and a lone "&" stay in the text as they are
+// written and are escaped again on output. Text outside the document element is kept
+// as a child of the document node, so that the serialised text still shows it and
+// the validating parse rejects it.
 //
 // Handles are plain values, cheap to copy, and empty when default-constructed or
 // when a look-up finds nothing; every member is safe on an empty handle (reads give
-// empty/0, writes do nothing). A handle stays valid until its node is removed or its
-// Document is destroyed or re-parsed.
+// empty/0, writes do nothing). A handle stays valid until its node is removed (setText
+// removes the children it replaces) or its Document is destroyed or re-parsed. Moving
+// a Document keeps its handles valid.
 #pragma once
 
 #include <cstddef>
@@ -20,16 +25,25 @@
 
 namespace tabulon::xml {
 
-enum class NodeType { None, Document, Element, Text, CData, Comment, ProcessingInstruction,
-                      Declaration, Doctype };
+enum class NodeType {
+    None,
+    Document,
+    Element,
+    Text,
+    CData,
+    Comment,
+    ProcessingInstruction,
+    Declaration,
+    Doctype
+};
 
 class Attribute {
 public:
     Attribute() = default;
     bool empty() const { return handle_ == nullptr; }
     explicit operator bool() const { return !empty(); }
-    std::string_view name() const;
-    std::string_view value() const;
+    std::string_view name() const;   // "" when empty
+    std::string_view value() const;  // "" when empty
 
 private:
     friend class Node;
@@ -44,41 +58,53 @@ public:
     explicit operator bool() const { return !empty(); }
     bool operator==(const Node& other) const { return handle_ == other.handle_; }
 
-    NodeType type() const;
+    NodeType type() const;  // None when empty
     // Element name; for other kinds the DOM's names: "#text", "#cdata-section",
     // "#comment", "#document", the target of a processing instruction, "xml" for the
     // declaration, the root name for a DOCTYPE.
     std::string_view name() const;
-    // Text, CDATA, comment or processing-instruction content; empty for elements.
+    // Text, CDATA, comment or processing-instruction content; for a DOCTYPE the text
+    // between "<!DOCTYPE " and the closing ">"; empty for elements, the declaration
+    // and the document.
     std::string_view value() const;
 
     // --- children (whitespace-only text is not a child)
     Node firstChild() const;
     Node nextSibling() const;
     Node parent() const;
-    std::size_t childCount() const;          // O(children)
-    Node child(std::size_t index) const;     // O(index); empty when out of range
-    Node firstChildElement(std::string_view name) const;  // "select single node" by name
+    std::size_t childCount() const;       // O(children)
+    Node child(std::size_t index) const;  // O(index); empty when out of range
+    // The first child element with exactly that name ("select single node" by name);
+    // empty when there is none.
+    Node firstChildElement(std::string_view name) const;
     std::vector<Node> children() const;
 
-    // --- attributes, in document order
+    // --- attributes, in document order (elements and the declaration have them)
     std::size_t attributeCount() const;
-    Attribute attribute(std::size_t index) const;
+    Attribute attribute(std::size_t index) const;      // empty when out of range
     Attribute attribute(std::string_view name) const;  // first with exactly that name
-    // Sets (or adds at the end) the attribute. Empty handle: nothing.
+    // Sets the first attribute of that name, or adds one at the end. Names are not
+    // checked beyond being non-empty; an empty name, an empty handle or a node kind
+    // without attributes: nothing.
     void setAttribute(std::string_view name, std::string_view value);
 
     // The concatenated text of every text and CDATA descendant, in order (the DOM's
-    // `text`, without trimming).
+    // `text`, without trimming); for a text or CDATA node its own content.
     std::string text() const;
-    // Replaces every child with one text node holding text (none when text is empty).
+    // Element: replaces every child with one text node holding text (no child when
+    // text is empty). Text, CDATA, comment, processing instruction: replaces the
+    // content. Other kinds and empty handles: nothing.
     void setText(std::string_view text);
 
-    // XPath 1.0 relative to this node. An invalid expression throws
-    // std::invalid_argument with the reason.
+    // XPath 1.0 relative to this node; the nodes selected, in document order
+    // (attributes a path selects are left out). An expression that is invalid or
+    // does not give a node set throws std::invalid_argument with the reason, also
+    // on an empty handle, which otherwise selects nothing.
     std::vector<Node> select(std::string_view xpath) const;
 
-    // The node as XML text, exactly as Document::Serialize writes it.
+    // The node as XML text, exactly as Document::Serialize writes it, indented from
+    // column 0 and without a final line end ("" when empty). For the document node
+    // it is Document::Serialize().
     std::string serialize() const;
 
 private:
@@ -89,10 +115,10 @@ private:
 };
 
 struct ParseError {
-    std::string reason;  // e.g. "Start-end tags mismatch at line 3, column 7"
-    std::size_t offset = 0;
-    int line = 0;
-    int column = 0;
+    std::string reason;      // e.g. "Start-end tags mismatch at line 3, column 7"
+    std::size_t offset = 0;  // byte offset of the error in the parsed text
+    int line = 0;            // 1-based; lines end at LF
+    int column = 0;          // 1-based, in characters (not bytes) of the line
 };
 
 class Document {
@@ -104,24 +130,44 @@ public:
     Document(const Document&) = delete;
     Document& operator=(const Document&) = delete;
 
-    // Parses text, replacing what the document held. On failure the document is
-    // empty and the error is returned through error (when given).
+    // Parses UTF-8 text (a leading byte order mark is skipped), replacing what the
+    // document held. Text without any element fails ("No document element found").
+    // On failure the document is empty and the error is returned through error
+    // (when given).
     bool Parse(std::string_view text, ParseError* error = nullptr);
-    // Reads and parses a file (UTF-8 with or without BOM, UTF-16 with BOM). A file that
-    // cannot be read fails with a reason naming the path.
+    // Reads and parses a file: UTF-8 with or without BOM, UTF-16 (either byte order)
+    // with BOM. Without a BOM the file is read as UTF-8. A file that cannot be read
+    // or is not valid UTF-16 fails with a reason naming the path; a parse error
+    // reports line and column in the decoded text.
     bool LoadFile(const std::string& path, ParseError* error = nullptr);
 
-    Node root() const;             // the document node
+    Node root() const;             // the document node (empty only after a move)
     Node documentElement() const;  // the first element child of the root
 
-    // The whole document as text: every node in order, two-space indentation and "\n"
-    // line ends; text-only elements stay on one line.
+    // The whole document as UTF-8 text: every top-level node in order, each followed
+    // by "\n"; an element's children one per line, indented two spaces per level.
+    // An element holding any text or CDATA child is written on one line with its
+    // whole content unchanged (`<CellValue Enabled="1">12</CellValue>`); an element
+    // without children as `<Name a="1"/>`. In attribute values &, <, >, ", tab, LF,
+    // CR and other control characters are escaped; in text &, <, >, CR and control
+    // characters other than tab and LF, and a text made only of whitespace is written
+    // as character references. Content nested deeper than 64 levels is written without
+    // line breaks, so the text stays linear in size. Parse(Serialize()) gives the same
+    // model.
     std::string Serialize() const;
 
     // Writes Serialize() to path atomically: a temporary file in the same folder,
-    // flushed, then renamed over the target (whose permissions the new file takes
-    // when it existed). Returns false and a reason on failure; the target is then
-    // untouched.
+    // written, flushed to disk, given the permissions of the existing target (or
+    // 0666 less the umask when there is none), then renamed over the target, and the
+    // folder flushed (best effort: the save has already succeeded then). A symbolic
+    // link is followed: the file it points to is replaced and the link stays.
+    // Returns false and a reason on failure (folder missing or not writable, target
+    // is a folder, disk full ...); the temporary file is then removed and the target
+    // is untouched.
+    //
+    // Fault injection for crash-safety tests: when the environment variable
+    // TABULON_SAVE_FAULT is "after-write", the process calls abort() once the first
+    // half of the data is in the temporary file, so the target must come out intact.
     bool SaveAtomic(const std::string& path, std::string* reason = nullptr) const;
 
 private:

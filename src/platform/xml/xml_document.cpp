@@ -1,0 +1,126 @@
+#include "platform/xml/xml_document.h"
+
+#include <pugixml.hpp>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+#include "platform/xml/atomic_file.h"
+#include "platform/xml/text_encoding.h"
+#include "platform/xml/text_lines.h"
+
+namespace tabulon::xml {
+
+namespace {
+
+// Comments, processing instructions, declaration and DOCTYPE become nodes; text
+// outside the document element is kept (as a fragment) so that validation sees it.
+// Whitespace-only text is dropped because parse_ws_pcdata is not set.
+constexpr unsigned kParseOptions = pugi::parse_full | pugi::parse_fragment;
+
+bool HasElementChild(const pugi::xml_document& document) {
+    for (pugi::xml_node child : document.children()) {
+        if (child.type() == pugi::node_element) return true;
+    }
+    return false;
+}
+
+bool FillError(ParseError* error, std::string reason) {
+    if (error != nullptr) *error = ParseError{std::move(reason), 0, 0, 0};
+    return false;
+}
+
+// Reads the whole file into text; returns 0 or the errno of the failure.
+int ReadWholeFile(const std::string& path, std::string& text) {
+    const int fd = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0) return errno;
+    struct stat info {};
+    if (fstat(fd, &info) == 0 && info.st_size > 0) {
+        text.reserve(static_cast<std::size_t>(info.st_size));
+    }
+    char buffer[1 << 16];
+    for (;;) {
+        const ssize_t count = read(fd, buffer, sizeof buffer);
+        if (count == 0) break;
+        if (count < 0) {
+            if (errno == EINTR) continue;
+            const int cause = errno;
+            close(fd);
+            return cause;
+        }
+        text.append(buffer, static_cast<std::size_t>(count));
+    }
+    close(fd);
+    return 0;
+}
+
+}  // namespace
+
+struct Document::Impl {
+    pugi::xml_document document;
+};
+
+Document::Document() : impl_(std::make_unique<Impl>()) {}
+Document::~Document() = default;
+Document::Document(Document&&) noexcept = default;
+Document& Document::operator=(Document&&) noexcept = default;
+
+bool Document::Parse(std::string_view text, ParseError* error) {
+    if (!impl_) impl_ = std::make_unique<Impl>();
+    pugi::xml_document& document = impl_->document;
+    document.reset();
+    pugi::xml_parse_result result = document.load_buffer(
+        text.empty() ? "" : text.data(), text.size(), kParseOptions, pugi::encoding_utf8);
+    if (result && !HasElementChild(document)) {
+        result.status = pugi::status_no_document_element;
+        result.offset = static_cast<std::ptrdiff_t>(text.size());
+    }
+    if (result) return true;
+    document.reset();
+    if (error != nullptr) {
+        const auto offset = static_cast<std::size_t>(result.offset);
+        const TextPosition position = PositionOf(text, offset);
+        error->reason = std::string(result.description()) + " at line " +
+                        std::to_string(position.line) + ", column " +
+                        std::to_string(position.column);
+        error->offset = offset;
+        error->line = position.line;
+        error->column = position.column;
+    }
+    return false;
+}
+
+bool Document::LoadFile(const std::string& path, ParseError* error) {
+    if (!impl_) impl_ = std::make_unique<Impl>();
+    impl_->document.reset();
+    std::string text;
+    if (const int cause = ReadWholeFile(path, text); cause != 0) {
+        return FillError(error, "Cannot read the file " + path + ": " + std::strerror(cause));
+    }
+    if (!DecodeFileText(text)) return FillError(error, "The file " + path + " is not valid UTF-16");
+    return Parse(text, error);
+}
+
+Node Document::root() const {
+    return impl_ ? Node(impl_->document.internal_object()) : Node();
+}
+
+Node Document::documentElement() const {
+    if (!impl_) return Node();
+    return Node(impl_->document.document_element().internal_object());
+}
+
+std::string Document::Serialize() const {
+    return root().serialize();
+}
+
+bool Document::SaveAtomic(const std::string& path, std::string* reason) const {
+    return WriteFileAtomically(path, Serialize(), reason);
+}
+
+}  // namespace tabulon::xml

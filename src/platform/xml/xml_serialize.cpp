@@ -1,0 +1,233 @@
+// The writer behind Node::serialize and Document::Serialize. Every choice here serves
+// one rule: parsing the output gives the same model. Line breaks and indentation are
+// only put where the parser drops them again (between nodes of an element that has
+// no text child), and every character the parser would change (CR, whitespace-only
+// text, whitespace in attribute values) is written as a character reference.
+//
+// Content nested deeper than kMaxIndentedDepth levels is written without line breaks:
+// indentation grows with depth, so indenting a hostile, deeply nested document
+// would make its text quadratic in size.
+#include <pugixml.hpp>
+
+#include <string>
+#include <vector>
+
+#include "platform/xml/xml_document.h"
+
+namespace tabulon::xml {
+
+namespace {
+
+constexpr std::size_t kMaxIndentedDepth = 64;
+
+enum class Context { Text, Attribute };
+
+bool IsXmlWhitespace(char c) {
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
+
+bool IsWhitespaceOnly(std::string_view text) {
+    for (char c : text) {
+        if (!IsXmlWhitespace(c)) return false;
+    }
+    return !text.empty();
+}
+
+void AppendCharacterReference(std::string& out, char c) {
+    out += "&#";
+    out += std::to_string(static_cast<unsigned char>(c));
+    out += ';';
+}
+
+// The replacement for c, or nullptr when c is written as it is.
+const char* EntityFor(char c, Context context) {
+    switch (c) {
+        case '&':
+            return "&amp;";
+        case '<':
+            return "&lt;";
+        case '>':
+            return "&gt;";
+        case '"':
+            return context == Context::Attribute ? "&quot;" : nullptr;
+        default:
+            return nullptr;
+    }
+}
+
+bool NeedsCharacterReference(char c, Context context) {
+    if (static_cast<unsigned char>(c) >= 0x20) return false;
+    return context == Context::Attribute || (c != '\t' && c != '\n');
+}
+
+void AppendEscaped(std::string& out, std::string_view text, Context context) {
+    if (context == Context::Text && IsWhitespaceOnly(text)) {
+        for (char c : text) {
+            AppendCharacterReference(out, c);
+        }
+        return;
+    }
+    std::size_t run = 0;  // start of the pending run of characters written unchanged
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char* entity = EntityFor(text[i], context);
+        const bool reference = entity == nullptr && NeedsCharacterReference(text[i], context);
+        if (entity == nullptr && !reference) continue;
+        out.append(text.substr(run, i - run));
+        if (entity != nullptr) {
+            out += entity;
+        } else {
+            AppendCharacterReference(out, text[i]);
+        }
+        run = i + 1;
+    }
+    out.append(text.substr(run));
+}
+
+bool HasTextChild(pugi::xml_node node) {
+    for (pugi::xml_node child : node.children()) {
+        if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata) return true;
+    }
+    return false;
+}
+
+class Writer {
+public:
+    explicit Writer(std::string& out) : out_(out) {}
+
+    void Document(pugi::xml_node document) {
+        const bool inlineAll = HasTextChild(document);
+        for (pugi::xml_node child : document.children()) {
+            Subtree(child, inlineAll);
+            if (!inlineAll) out_ += '\n';
+        }
+    }
+
+    // Iterative, so that documents nested thousands of levels deep cannot exhaust
+    // the stack; inline_ holds, per open element, whether its content stays on its line.
+    void Subtree(pugi::xml_node top, bool inlineAll) {
+        pugi::xml_node node = top;
+        for (;;) {
+            if (node.type() == pugi::node_element && node.first_child()) {
+                const bool inlineContent = (inline_.empty() ? inlineAll : inline_.back()) ||
+                                           inline_.size() >= kMaxIndentedDepth ||
+                                           HasTextChild(node);
+                StartTag(node);
+                out_ += '>';
+                inline_.push_back(inlineContent);
+                node = node.first_child();
+                if (!inlineContent) NewLine();
+                continue;
+            }
+            Leaf(node);
+            while (node != top && !node.next_sibling()) {
+                node = node.parent();
+                const bool inlineContent = inline_.back();
+                inline_.pop_back();
+                if (!inlineContent) NewLine();
+                out_ += "</";
+                out_ += node.name();
+                out_ += '>';
+            }
+            if (node == top) return;
+            node = node.next_sibling();
+            if (!inline_.back()) NewLine();
+        }
+    }
+
+private:
+    void NewLine() {
+        out_ += '\n';
+        out_.append(2 * inline_.size(), ' ');
+    }
+
+    void Attributes(pugi::xml_node node) {
+        for (pugi::xml_attribute attribute : node.attributes()) {
+            out_ += ' ';
+            out_ += attribute.name();
+            out_ += "=\"";
+            AppendEscaped(out_, attribute.value(), Context::Attribute);
+            out_ += '"';
+        }
+    }
+
+    void StartTag(pugi::xml_node element) {
+        out_ += '<';
+        out_ += element.name();
+        Attributes(element);
+    }
+
+    void CData(std::string_view text) {
+        out_ += "<![CDATA[";
+        // "]]>" cannot stand inside one section: close after "]]" and reopen.
+        for (std::size_t at = text.find("]]>"); at != std::string_view::npos;
+             at = text.find("]]>")) {
+            out_.append(text.substr(0, at + 2));
+            out_ += "]]><![CDATA[";
+            text.remove_prefix(at + 2);
+        }
+        out_.append(text);
+        out_ += "]]>";
+    }
+
+    void Leaf(pugi::xml_node node) {
+        const std::string_view value = node.value();
+        switch (node.type()) {
+            case pugi::node_element:
+                StartTag(node);
+                out_ += "/>";
+                break;
+            case pugi::node_pcdata:
+                AppendEscaped(out_, value, Context::Text);
+                break;
+            case pugi::node_cdata:
+                CData(value);
+                break;
+            case pugi::node_comment:
+                out_ += "<!--";
+                out_.append(value);
+                out_ += "-->";
+                break;
+            case pugi::node_pi:
+                out_ += "<?";
+                out_ += node.name();
+                if (!value.empty()) {
+                    out_ += ' ';
+                    out_.append(value);
+                }
+                out_ += "?>";
+                break;
+            case pugi::node_declaration:
+                out_ += "<?xml";
+                Attributes(node);
+                out_ += "?>";
+                break;
+            case pugi::node_doctype:
+                out_ += "<!DOCTYPE ";
+                out_.append(value);
+                out_ += '>';
+                break;
+            case pugi::node_document:
+            case pugi::node_null:
+                break;
+        }
+    }
+
+    std::string& out_;
+    std::vector<bool> inline_;
+};
+
+}  // namespace
+
+std::string Node::serialize() const {
+    std::string out;
+    const pugi::xml_node node(static_cast<pugi::xml_node_struct*>(handle_));
+    Writer writer(out);
+    if (node.type() == pugi::node_document) {
+        writer.Document(node);
+    } else if (node) {
+        writer.Subtree(node, false);
+    }
+    return out;
+}
+
+}  // namespace tabulon::xml
