@@ -16,7 +16,7 @@ public:
     const std::string& caption() const { return caption_; }
     bool checked() const { return checked_; }
     void setChecked(bool checked);  // raises Click when the value changes
-    void userClick();               // toggles
+    void userClick();               // toggles (raising Click); ignored while hidden or disabled
 
     std::function<void()> onClick;
 

@@ -1,5 +1,8 @@
 // Base of every child component of the control: name, visibility, enabled state,
 // position and size in twips, and keyboard focus through a shared FocusManager.
+//
+// User gestures (the user* members of the subclasses, what a view forwards) are
+// ignored while the component is hidden or disabled; code may still change it.
 #pragma once
 
 #include <cstdint>
@@ -18,6 +21,8 @@ public:
 
     const std::string& name() const { return name_; }
 
+    // Hiding or disabling the component that has the focus takes the focus away
+    // from it (its LostFocus runs; no component has the focus afterwards).
     bool visible() const { return visible_; }
     void setVisible(bool visible);
     bool enabled() const { return enabled_; }
@@ -32,8 +37,10 @@ public:
     void setLeft(std::int32_t v);
     void setTop(std::int32_t v);
     // Negative sizes are a run-time failure (InvalidArgumentFailure), as on the platform.
-    virtual void setWidth(std::int32_t v);
-    virtual void setHeight(std::int32_t v);
+    void setWidth(std::int32_t v);
+    void setHeight(std::int32_t v);
+    // All four at once with one notification; a negative size throws before anything
+    // changes.
     void move(std::int32_t left, std::int32_t top, std::int32_t width, std::int32_t height);
 
     // Focus: components of one control share one FocusManager. SetFocus on a
@@ -49,8 +56,17 @@ public:
 protected:
     // Geometry changes call this after storing; subclasses re-layout.
     virtual void geometryChanged() {}
+    // The height the component really takes when asked for requested (components
+    // of fixed height return their own).
+    virtual std::int32_t constrainHeight(std::int32_t requested) const { return requested; }
+    // Whether user gestures are accepted now: visible and enabled.
+    bool acceptsInput() const { return visible_ && enabled_; }
 
 private:
+    friend class FocusManager;
+    void setGeometry(std::int32_t left, std::int32_t top, std::int32_t width, std::int32_t height);
+    void dropFocusIfHeld();
+
     std::string name_;
     bool visible_ = true;
     bool enabled_ = true;
@@ -62,14 +78,19 @@ private:
 class FocusManager : public Observable {
 public:
     Component* focused() const { return focused_; }
-    // Moves the focus: LostFocus of the old component runs first, then GotFocus of
-    // the new one. Moving to the component that already has it does nothing.
+    // Moves the focus (null: to no component): LostFocus of the old component runs
+    // first, then GotFocus of the new one. Moving to the component that already has
+    // it, or to a hidden or disabled one, does nothing. A LostFocus handler that
+    // moves the focus elsewhere itself takes over: the GotFocus of this move is not
+    // raised.
     void setFocus(Component* component);
     // Forgets a component (it is going away); no notification runs.
     void forget(Component* component);
 
 private:
     Component* focused_ = nullptr;
+    Component* arriving_ = nullptr;  // given the focus, GotFocus not yet raised
+    unsigned moves_ = 0;
 };
 
 }  // namespace tabulon

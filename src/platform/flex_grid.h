@@ -4,21 +4,32 @@
 // Structure. Rows() x Cols() cells; the first FixedRows() rows and FixedCols()
 // columns are fixed (they never scroll). Changing Rows/Cols keeps the cells that
 // remain; new rows take DefaultRowHeight(), new columns DefaultColWidth(). Setting a
-// count to 0 discards every cell. Fixed counts are clamped to the counts (a grid of
-// one column may have it fixed). Structural changes clamp the current cell, the
-// selection, TopRow and LeftCol silently: they raise no cell notifications.
+// count to 0 discards every cell. Fixed counts follow the counts down when those
+// shrink (a grid of one column may have it fixed); asking for more fixed rows than
+// rows throws. Structural changes clamp the current cell, the selection, TopRow and
+// LeftCol silently: they raise no cell notifications. After a structural change a
+// current row (column) inside the fixed area moves to the first scrollable one when
+// there is one (a grid made 0 x 0, then n x m with one fixed row and column, has
+// (1, 1) current); code may still make a fixed cell current afterwards.
 //
 // Geometry. RowHeight(r) is never below RowHeightMin(). The scrollable area starts
 // after the fixed rows/columns; TopRow/LeftCol is the first scrollable row/column
-// shown. RowPos(r)/ColPos(c) is the edge inside the grid: fixed ones from 0, shown
-// ones after the fixed area, ones scrolled out above/left are negative.
-// RowIsVisible/ColIsVisible: at least partly inside Height()/Width(). The grid has no
-// border: its client area is its outer Width() x Height().
+// shown. RowPos(r)/ColPos(c) is the edge inside the grid: fixed ones from 0, the
+// scrollable ones laid out without gaps from TopRow/LeftCol, which starts right
+// after the fixed area; rows/columns scrolled out above/left therefore lie before
+// that start (under the fixed area, negative once scrolled far enough).
+// RowIsVisible/ColIsVisible: at least partly inside Height()/Width() and not
+// scrolled out; a row or column of size 0 is never visible. The grid has no border:
+// its client area is its outer Width() x Height(). Every geometry query costs
+// O(log Rows) at most, so a view may call them per paint on 100,000-row grids.
 //
 // TopRow/LeftCol. Values outside [FixedRows, Rows-1] throw InvalidArgumentFailure;
 // values past the last scroll position (where the last row/column is fully shown at
 // the bottom/right edge) are clamped to it. A change raises Scroll, whether the user
-// or code made it. Changing the current cell never scrolls by itself.
+// or code made it; a write that leaves the value as it was raises nothing. Changes
+// of sizes, counts or the grid's own size keep TopRow/LeftCol within the scroll
+// range silently. With no scrollable rows TopRow reads FixedRows. Changing the
+// current cell never scrolls by itself.
 //
 // Current cell. SetRow/SetCol (code) and user clicks change Row/Col and collapse
 // the selection (RowSel=Row, ColSel=Col). When the current cell really changes the
@@ -26,15 +37,21 @@
 //     LeaveCell   (Row/Col still the old cell)
 //     EnterCell   (Row/Col already the new cell)
 //     RowColChange
-// Setting the cell that is already current raises nothing. Out-of-range values throw
-// InvalidArgumentFailure; a fixed row or column may be made current by code.
+// Setting the cell that is already current raises nothing (it still collapses the
+// selection). Out-of-range values throw InvalidArgumentFailure; a fixed row or
+// column may be made current by code. Handlers may use the grid freely; a handler
+// that moves the current cell itself takes over, and the interrupted change raises
+// none of its remaining cell notifications.
 //
-// User gestures (what a view forwards). UserClick(r, c) on a scrollable cell makes
-// it current (with the notifications above), then raises Click, also when the cell
+// User gestures (what a view forwards; ignored while hidden or disabled).
+// UserClick(r, c) records MouseRow/MouseCol; on a scrollable cell it makes the cell
+// current (with the notifications above), then raises Click, also when the cell
 // was already current. On a fixed cell with AllowBigSelection() the whole column
-// (header row clicked) or row (header column clicked) is selected; otherwise the
-// current cell stays. Click runs in every case. UserMouseMove records MouseRow/
-// MouseCol and raises MouseMove.
+// (header row clicked), row (header column clicked) or grid (corner clicked) of
+// scrollable cells is selected, its first cell becoming current with the usual
+// notifications; otherwise the current cell stays. Click runs in every case.
+// UserMouseMove records MouseRow/MouseCol and raises MouseMove. UserScroll (wheel)
+// moves TopRow/LeftCol within the scroll range and raises Scroll once if it moved.
 #pragma once
 
 #include <cstdint>
@@ -43,6 +60,7 @@
 #include <vector>
 
 #include "platform/component.h"
+#include "platform/size_index.h"
 
 namespace tabulon {
 
@@ -62,36 +80,41 @@ enum class CellAlignment : std::int16_t {
     General = 9,
 };
 
+// One cell as stored. A back colour only counts when backColorSet; otherwise the
+// grid's default for the cell applies (see FlexGrid::cellBackColor).
 struct GridCell {
     std::string text;
     Rgb foreColor = 0x000000;
     Rgb backColor = 0xFFFFFF;
     CellAlignment alignment = CellAlignment::General;
+    bool backColorSet = false;
 };
 
 class FlexGrid : public Component {
 public:
     static constexpr Rgb kFixedBackColor = 0xF0F0F0;
+    static constexpr Rgb kBackColor = 0xFFFFFF;
 
     explicit FlexGrid(std::string name = "msgGridView");
 
-    // --- structure
+    // --- structure (negative counts throw InvalidArgumentFailure)
     int rows() const { return rows_; }
     int cols() const { return cols_; }
-    void setRows(int rows);  // negative: InvalidArgumentFailure
+    void setRows(int rows);
     void setCols(int cols);
     int fixedRows() const { return fixedRows_; }
     int fixedCols() const { return fixedCols_; }
-    void setFixedRows(int n);
-    void setFixedCols(int n);
+    void setFixedRows(int n);  // 0..rows(); anything else throws
+    void setFixedCols(int n);  // 0..cols(); anything else throws
 
-    // --- sizes (twips)
+    // --- sizes (twips; bad indices or negative sizes throw InvalidArgumentFailure)
     std::int32_t rowHeight(int row) const;  // at least rowHeightMin()
     void setRowHeight(int row, std::int32_t height);
     std::int32_t colWidth(int col) const;
     void setColWidth(int col, std::int32_t width);
     std::int32_t rowHeightMin() const { return rowHeightMin_; }
     void setRowHeightMin(std::int32_t height);
+    // Sizes given to rows/columns added later; existing ones keep theirs.
     std::int32_t defaultRowHeight() const { return defaultRowHeight_; }
     void setDefaultRowHeight(std::int32_t height);
     std::int32_t defaultColWidth() const { return defaultColWidth_; }
@@ -104,12 +127,16 @@ public:
     int leftCol() const { return leftCol_; }
     void setTopRow(int row);
     void setLeftCol(int col);
-    int maxTopRow() const;   // last scroll position (>= fixedRows, or fixedRows when none)
+    int maxTopRow() const;  // last scroll position (fixedRows when none can scroll)
     int maxLeftCol() const;
-    std::int32_t rowPos(int row) const;
+    std::int32_t rowPos(int row) const;  // bad index throws
     std::int32_t colPos(int col) const;
-    bool rowIsVisible(int row) const;
+    bool rowIsVisible(int row) const;  // bad index throws
     bool colIsVisible(int col) const;
+    // Hit test for a view: the row under y / column under x (twips inside the grid),
+    // -1 outside every row/column.
+    int rowAt(std::int32_t y) const;
+    int colAt(std::int32_t x) const;
 
     // --- current cell and selection
     int row() const { return row_; }
@@ -120,7 +147,8 @@ public:
     void setCol(int col);
     void setRowSel(int row);  // extends the selection; raises nothing
     void setColSel(int col);
-    // Position and size of the current cell inside the grid.
+    // Position and size of the current cell inside the grid (a grid without cells
+    // throws).
     std::int32_t cellLeft() const { return colPos(col_); }
     std::int32_t cellTop() const { return rowPos(row_); }
     std::int32_t cellWidth() const { return colWidth(col_); }
@@ -130,21 +158,31 @@ public:
     const GridCell& cell(int row, int col) const;
     const std::string& textMatrix(int row, int col) const { return cell(row, col).text; }
     void setTextMatrix(int row, int col, std::string text);
+    Rgb cellForeColor(int row, int col) const { return cell(row, col).foreColor; }
+    // The colour shown: the one set, else kFixedBackColor for fixed cells and
+    // kBackColor for the others.
+    Rgb cellBackColor(int row, int col) const;
+    CellAlignment cellAlignment(int row, int col) const { return cell(row, col).alignment; }
     void setCellForeColor(int row, int col, Rgb color);
     void setCellBackColor(int row, int col, Rgb color);
     void setCellAlignment(int row, int col, CellAlignment alignment);
     // The current cell's text and colours (Text, CellBackColor, ... of the flex grid).
     const std::string& text() const { return textMatrix(row_, col_); }
     void setText(std::string text) { setTextMatrix(row_, col_, std::move(text)); }
+    void setCurrentCellForeColor(Rgb color) { setCellForeColor(row_, col_, color); }
     void setCurrentCellBackColor(Rgb color) { setCellBackColor(row_, col_, color); }
+    void setCurrentCellAlignment(CellAlignment a) { setCellAlignment(row_, col_, a); }
 
-    // --- pointer (set by UserMouseMove / UserClick); -1 when unknown
+    // --- pointer (set by UserMouseMove / UserClick); -1 when unknown or outside
     int mouseRow() const { return mouseRow_; }
     int mouseCol() const { return mouseCol_; }
 
-    // --- user gestures
+    // --- user gestures (bad indices throw, as for code)
     void userClick(int row, int col);
+    // row/col -1 mean the pointer is outside every row/column. MouseMove gets the
+    // top-left corner of the cell under the pointer as x/y (0 along an axis of -1).
     void userMouseMove(int row, int col, int button = 0, int shift = 0);
+    void userScroll(int rowDelta, int colDelta);
 
     // --- notifications (plain callbacks; empty ones are skipped)
     std::function<void()> onEnterCell;
@@ -158,20 +196,27 @@ protected:
     void geometryChanged() override;
 
 private:
+    void checkRow(int row) const;
+    void checkCol(int col) const;
     void changeCurrent(int row, int col);
+    void bigSelect(int row, int col);
     void clampAfterStructureChange();
+    void clampScroll();
+    bool moveTopRow(int row);
+    bool moveLeftCol(int col);
     GridCell& cellRef(int row, int col);
 
     int rows_ = 0, cols_ = 0, fixedRows_ = 0, fixedCols_ = 0;
     int row_ = 0, col_ = 0, rowSel_ = 0, colSel_ = 0;
     int topRow_ = 0, leftCol_ = 0;
     int mouseRow_ = -1, mouseCol_ = -1;
+    unsigned currentChanges_ = 0;  // counts current-cell changes, for re-entrancy
     std::int32_t rowHeightMin_ = 0;
     std::int32_t defaultRowHeight_ = 240;
     std::int32_t defaultColWidth_ = 1080;
     bool allowBigSelection_ = false;
-    std::vector<std::int32_t> rowHeights_;
-    std::vector<std::int32_t> colWidths_;
+    SizeIndex rowHeights_;
+    SizeIndex colWidths_;
     std::vector<GridCell> cells_;  // row-major, rows_ x cols_
 };
 

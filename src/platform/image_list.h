@@ -2,6 +2,7 @@
 // only ever added or replaced; the list is never cleared.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -17,13 +18,17 @@ struct Picture {
 };
 
 // Loads a picture from a file. The default loader reads regular files only (a
-// directory, FIFO or device is refused without blocking) and throws
-// RuntimeFailure when the file cannot be read. A front end may install one that
-// also decodes the image.
+// directory, FIFO or device is refused without blocking: the file is opened
+// non-blocking and checked before anything is read), at most kMaxPictureBytes of
+// them, and throws RuntimeFailure with the path and the reason when the file cannot
+// be read. It does not decode: an empty file loads as an empty picture. A front end
+// may install a loader that also decodes the image.
 using PictureLoader = std::function<Picture(const std::string& path)>;
+inline constexpr std::size_t kMaxPictureBytes = 16u * 1024u * 1024u;
 Picture LoadPictureFile(const std::string& path);
 
-// True when a regular file exists at path (the directory look-up of the loader).
+// True when a regular file exists at path (the directory look-up of the loader);
+// false for an empty path, a directory, a FIFO or a device.
 bool FileExists(const std::string& path);
 
 class ImageList : public Observable {
@@ -34,8 +39,16 @@ public:
     // appends when index is count() + 1. Anything else throws.
     void set(int index, Picture picture);
 
+    // How pictures for this list are read from files: LoadPictureFile until a front
+    // end installs a decoding loader; installing an empty one restores the default.
+    const PictureLoader& loader() const { return loader_; }
+    void setLoader(PictureLoader loader) {
+        loader_ = loader ? std::move(loader) : PictureLoader(LoadPictureFile);
+    }
+
 private:
     std::vector<Picture> pictures_;
+    PictureLoader loader_ = LoadPictureFile;
 };
 
 }  // namespace tabulon

@@ -11,12 +11,18 @@ namespace tabulon {
 
 using PropertyValue = std::variant<bool, std::int64_t, double, std::string>;
 
-// Conversions applied when a stored value is read into a typed setting. Text that
-// does not convert ("abc" to an integer) and numbers outside the target type throw
-// RuntimeFailure, as the platform's type conversion does.
+// Conversions applied when a stored value is read into a typed setting, as the
+// platform's type conversion does. Failures are RuntimeFailure: "Type mismatch" for
+// text that does not convert, OverflowFailure for numbers outside the target type.
+//
+// Text converts when, spaces trimmed, it is "True" or "False" (any case) or is
+// wholly a number by the system's number rule ("12", " -3.5 ", "1e3"; not "12abc",
+// not ""). Booleans read as numbers are -1 (true) and 0; numbers read as booleans
+// are true unless 0. Integers round half to even and are range-checked.
 bool PropertyToBool(const PropertyValue& value);
 std::int32_t PropertyToInt32(const PropertyValue& value);
 std::int16_t PropertyToInt16(const PropertyValue& value);
+// Booleans give "True"/"False", numbers the number written as text.
 std::string PropertyToString(const PropertyValue& value);
 
 class PropertyBag {
@@ -24,7 +30,8 @@ public:
     virtual ~PropertyBag() = default;
     // The stored value of key, or defaultValue when none is stored.
     virtual PropertyValue Read(const std::string& key, const PropertyValue& defaultValue) = 0;
-    // Stores value under key; when it equals defaultValue the key is removed instead.
+    // Stores value under key; when it equals defaultValue (same type and value) the
+    // key is removed instead.
     virtual void Write(const std::string& key, const PropertyValue& value,
                        const PropertyValue& defaultValue) = 0;
 
@@ -40,7 +47,7 @@ public:
     }
 };
 
-// A bag held in memory; keys keep insertion order irrelevant (sorted map).
+// A bag held in memory; keys kept sorted (insertion order is irrelevant).
 class MemoryPropertyBag : public PropertyBag {
 public:
     PropertyValue Read(const std::string& key, const PropertyValue& defaultValue) override;
@@ -55,12 +62,15 @@ private:
 };
 
 // A bag kept in a JSON file: one flat object of key -> boolean, number or string.
-// Load throws RuntimeFailure with a readable reason for a missing or malformed
-// file; Save writes atomically (temporary file, then rename).
+// Load throws RuntimeFailure with the path and a readable reason (with the byte
+// offset for malformed text) for a missing, unreadable or malformed file; Save
+// writes atomically (a temporary file beside the target, then rename) and throws
+// RuntimeFailure when it cannot, leaving the target as it was.
 class JsonFilePropertyBag : public MemoryPropertyBag {
 public:
     static JsonFilePropertyBag Load(const std::string& path);
     void Save(const std::string& path) const;
+    // The file's content: the values as one flat JSON object, keys sorted.
     std::string ToJson() const;
 };
 

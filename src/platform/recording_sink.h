@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "support/message_sink.h"
@@ -18,6 +19,8 @@ struct RecordedMessage {
 
 class RecordingSink : public MessageSink {
 public:
+    // Records the message and then runs onShow with it; an empty text records
+    // nothing and runs nothing.
     void Show(MessageIcon icon, std::string_view text) override;
 
     const std::vector<RecordedMessage>& messages() const { return messages_; }

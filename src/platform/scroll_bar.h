@@ -1,7 +1,9 @@
 // ScrollBar: a platform scroll bar (horizontal or vertical) with Min, Max and
 // Value. Every change of Value, by code or by the user, raises Change; dragging the
-// thumb raises Scroll for each position instead. Setting Max below Value moves the
-// value to the new bound (raising Change), as on the platform.
+// thumb raises Scroll for each position instead. Setting Max below Value (or Min
+// above it) moves the value to the new bound (raising Change), as on the platform.
+// Min may exceed Max (a bar that runs the other way); Value then lies between Max
+// and Min. Writes that change nothing raise nothing.
 #pragma once
 
 #include <cstdint>
@@ -24,8 +26,8 @@ public:
     // Values outside [min, max] throw InvalidArgumentFailure.
     void setValue(int value);
 
-    // --- user gestures (ignored while disabled)
-    void userStep(int delta);      // arrow click: value +/- 1, clamped; Change if it moved
+    // --- user gestures (ignored while hidden or disabled)
+    void userStep(int delta);      // arrow click: value + delta, clamped; Change if it moved
     void userSetValue(int value);  // track click: clamped; Change if it moved
     void userDrag(int value);      // thumb drag: clamped; Scroll if it moved
 
@@ -33,6 +35,9 @@ public:
     std::function<void()> onScroll;
 
 private:
+    int clamp(long long value) const;
+    bool store(int value);  // true when the value changed
+
     int min_ = 0, max_ = 0, value_ = 0;
 };
 

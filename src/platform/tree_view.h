@@ -1,10 +1,12 @@
 // TreeView: the headless model of the category tree, with an optional image list.
-// Nodes are numbered from 1 in the order they were added; keys are unique.
+// Nodes are numbered from 1 in the order they were added; keys are unique. A view
+// shows them in tree order: roots, and each node's children, in the order added.
 #pragma once
 
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/component.h"
@@ -16,8 +18,8 @@ class ImageList;
 struct TreeNode {
     std::string key;
     std::string text;
-    int image = 0;     // 1-based image-list index; 0 = no picture
-    int parent = 0;    // 1-based index of the parent node; 0 for a root node
+    int image = 0;   // 1-based image-list index; 0 = no picture
+    int parent = 0;  // 1-based index of the parent node; 0 for a root node
     bool expanded = false;
 };
 
@@ -28,22 +30,31 @@ public:
     int count() const { return static_cast<int>(nodes_.size()); }
     // 1-based; out of range throws InvalidArgumentFailure.
     const TreeNode& node(int index) const;
-    // 1-based index of the node with that key (exact comparison), 0 when none.
+    // 1-based index of the node with that key (exact comparison), 0 when none or
+    // when key is empty.
     int indexOf(const std::string& key) const;
+    // The children of a node in the order added (0: the root nodes); out of range
+    // throws InvalidArgumentFailure.
+    const std::vector<int>& children(int index) const;
 
     // Adds a node as the last child of the node keyed relativeKey, or as a root
     // node when relativeKey is empty. An unknown relative key or a duplicate key
-    // throws InvalidArgumentFailure. Returns the new 1-based index.
+    // throws InvalidArgumentFailure; an empty key is allowed (such nodes cannot be
+    // found by key). A negative image throws. Returns the new 1-based index.
     int add(const std::string& relativeKey, const std::string& key, const std::string& text,
             int image);
     void clear();  // removes every node; the selection becomes none
 
+    // Changes the flag only (code collapsing raises nothing and keeps the selection).
     void setExpanded(int index, bool expanded);
 
-    // 0 when nothing is selected. Selecting by code raises nothing.
+    // 0 when nothing is selected. Selecting by code raises nothing; out of range
+    // throws InvalidArgumentFailure.
     int selectedIndex() const { return selected_; }
     void setSelectedIndex(int index);
 
+    // Display style 0..7 (text only up to lines, plus/minus, pictures and text);
+    // other values throw InvalidArgumentFailure.
     std::int32_t style() const { return style_; }
     void setStyle(std::int32_t style);
 
@@ -51,21 +62,26 @@ public:
     const ImageList* imageList() const { return imageList_; }
     void setImageList(const ImageList* list);
 
-    // --- user gestures
+    // --- user gestures (bad indices throw InvalidArgumentFailure)
     // Selects the node and raises NodeClick with its index.
     void userClickNode(int index);
     // Collapses the node; a selected descendant passes the selection to the collapsed
-    // node, as tree controls do. Raises Collapse with the node's index.
+    // node, as tree controls do. Raises Collapse with the node's index. Collapsing a
+    // node that is already collapsed does nothing.
     void userCollapse(int index);
+    // Expands the node; no notification callback.
     void userExpand(int index);
 
     std::function<void(int index)> onNodeClick;
     std::function<void(int index)> onCollapse;
 
 private:
+    void checkIndex(int index) const;
     bool isAncestor(int ancestor, int node) const;
 
     std::vector<TreeNode> nodes_;
+    std::vector<std::vector<int>> children_{1};  // [0]: roots, [i]: children of node i
+    std::unordered_map<std::string, int> byKey_;
     int selected_ = 0;
     std::int32_t style_ = 7;
     const ImageList* imageList_ = nullptr;

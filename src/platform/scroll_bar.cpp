@@ -1,0 +1,56 @@
+#include "platform/scroll_bar.h"
+
+#include <algorithm>
+
+#include "support/failure.h"
+
+namespace tabulon {
+
+int ScrollBar::clamp(long long value) const {
+    const long long lo = std::min(min_, max_);
+    const long long hi = std::max(min_, max_);
+    return static_cast<int>(std::clamp(value, lo, hi));
+}
+
+bool ScrollBar::store(int value) {
+    if (value == value_) return false;
+    value_ = value;
+    Notify(Change::Content);
+    return true;
+}
+
+void ScrollBar::setMin(int min) {
+    if (min == min_) return;
+    min_ = min;
+    Notify(Change::Layout);
+    if (store(clamp(value_))) Raise(onChange);
+}
+
+void ScrollBar::setMax(int max) {
+    if (max == max_) return;
+    max_ = max;
+    Notify(Change::Layout);
+    if (store(clamp(value_))) Raise(onChange);
+}
+
+void ScrollBar::setValue(int value) {
+    if (clamp(value) != value) throw InvalidArgumentFailure("Invalid property value");
+    if (store(value)) Raise(onChange);
+}
+
+void ScrollBar::userStep(int delta) {
+    if (!acceptsInput()) return;
+    if (store(clamp(static_cast<long long>(value_) + delta))) Raise(onChange);
+}
+
+void ScrollBar::userSetValue(int value) {
+    if (!acceptsInput()) return;
+    if (store(clamp(value))) Raise(onChange);
+}
+
+void ScrollBar::userDrag(int value) {
+    if (!acceptsInput()) return;
+    if (store(clamp(value))) Raise(onScroll);
+}
+
+}  // namespace tabulon

@@ -1,0 +1,71 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/button.h"
+#include "platform/text_box.h"
+
+namespace tabulon {
+namespace {
+
+class FocusOrder : public ::testing::Test {
+protected:
+    void SetUp() override {
+        for (Component* c : {static_cast<Component*>(&a), static_cast<Component*>(&b)}) {
+            c->attachFocus(&focus);
+            c->onGotFocus = [this, c] { log.push_back("Got " + c->name()); };
+            c->onLostFocus = [this, c] { log.push_back("Lost " + c->name()); };
+        }
+    }
+    FocusManager focus;
+    TextBox a{"a"};
+    Button b{"b", "B"};
+    std::vector<std::string> log;
+};
+
+TEST_F(FocusOrder, LostFocusOfTheOldRunsBeforeGotFocusOfTheNew) {
+    a.setFocus();
+    b.setFocus();
+    b.setFocus();  // already there: nothing
+    EXPECT_EQ(log, (std::vector<std::string>{"Got a", "Lost a", "Got b"}));
+    EXPECT_TRUE(b.hasFocus());
+    EXPECT_FALSE(a.hasFocus());
+}
+
+TEST_F(FocusOrder, HiddenDisabledOrUnattachedComponentsDoNotTakeTheFocus) {
+    a.setFocus();
+    b.setVisible(false);
+    b.setFocus();
+    b.setVisible(true);
+    b.setEnabled(false);
+    b.setFocus();
+    TextBox loose("loose");
+    loose.setFocus();
+    EXPECT_EQ(focus.focused(), &a);
+    EXPECT_FALSE(loose.hasFocus());
+}
+
+TEST_F(FocusOrder, HidingTheFocusedComponentTakesItsFocusAway) {
+    a.setFocus();
+    a.setVisible(false);
+    EXPECT_EQ(focus.focused(), nullptr);
+    EXPECT_EQ(log, (std::vector<std::string>{"Got a", "Lost a"}));
+}
+
+TEST_F(FocusOrder, ALostFocusHandlerThatMovesTheFocusTakesOver) {
+    TextBox c("c");
+    c.attachFocus(&focus);
+    c.onGotFocus = [this] { log.push_back("Got c"); };
+    a.setFocus();
+    a.onLostFocus = [&] {
+        log.push_back("Lost a");
+        c.setFocus();  // e.g. a validation that keeps the user in another field
+    };
+    b.setFocus();
+    EXPECT_EQ(log, (std::vector<std::string>{"Got a", "Lost a", "Got c"}));
+    EXPECT_EQ(focus.focused(), &c);
+}
+
+}  // namespace
+}  // namespace tabulon
