@@ -1,0 +1,106 @@
+// The loaded document and every table the control builds from it. One set per
+// control instance; a new load replaces all of it (custom units in the per-thread
+// conversion table stay, by design).
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/xml/xml_document.h"
+
+namespace tabulon {
+
+// One tree node as read from a Pnode/Cnode.
+struct TreeNodeInfo {
+    std::string Name;
+    std::string KeyValue;
+    std::string ImageName;  // after image loading: the 1-based image index as text, or ""
+    std::string GridHeaderKey;
+    std::string GridValueKey;
+    std::int16_t Filter = 0;
+    std::string FilterCaption;
+    std::string FilterProperty;
+    std::int16_t Level = 0;
+};
+
+// Editing rules of one grid row, from its RowHeader.
+struct RowInfo {
+    std::string ControlType;
+    std::string Format;
+    std::int16_t MaxLength = 0;
+    std::string Unit;
+    std::string MinVal;
+    std::string MaxVal;
+    std::string ListValues;
+};
+
+// arrCustomUnits: column 0 EUnit, 1 MUnit, 2 the factor as text.
+using CustomUnitRow = std::array<std::string, 3>;
+
+// The CellValue element behind each grid cell, indexed (row, column) from 0 with
+// inclusive upper bounds as sized. An emptied table reports upper bounds of -1, so
+// bound checks against it simply fail instead of erroring.
+class CellNodeTable {
+public:
+    void reset(int upperRow, int upperCol);
+    void clear() { reset(-1, -1); }
+    int upperBound1() const { return upperRow_; }
+    int upperBound2() const { return upperCol_; }
+    // Out-of-range indices throw InvalidArgumentFailure ("Subscript out of range").
+    xml::Node& at(int row, int col);
+    const xml::Node& at(int row, int col) const;
+
+private:
+    int upperRow_ = -1;
+    int upperCol_ = -1;
+    std::vector<xml::Node> nodes_;
+};
+
+// For one GridValue: its CellValues children grouped by GridValueKey, each group in
+// document order. Lets a node selection touch only the columns it shows.
+using CellValuesIndex = std::unordered_map<std::string, std::vector<xml::Node>>;
+
+struct DocumentModel {
+    std::unique_ptr<xml::Document> objXMLDoc;
+    xml::Node objXMLRoot;
+    xml::Node objTreeStructure;
+    xml::Node objGridStructure;
+    std::string strXMLPath;
+    std::string strMeasurementUnit;
+    std::vector<CustomUnitRow> arrCustomUnits;
+    std::vector<std::string> arrGridHeaderKeys;
+    std::vector<xml::Node> arrGridHeaderNodes;
+    std::vector<xml::Node> arrGridValueNodes;
+
+    // Tree records in document pre-order, always with one spare record at the end.
+    std::vector<TreeNodeInfo> udtTreeNodes;
+    TreeNodeInfo udtCurrentNode;  // never cleared between nodes: attributes inherit
+    std::int16_t intTreeLevel = 0;
+    bool blnTreeImages = false;  // not reset by a new load
+
+    // The grid now shown.
+    std::vector<RowInfo> arrRowInfo;
+    std::vector<std::int16_t> arrColWidths;
+    CellNodeTable arrCellNodes;
+    std::vector<xml::Node> arrColumnNodes;
+    std::vector<std::string> colFilterValues;
+    std::string strCurrentHeaderKey;
+    std::string strCurrentValueKey;
+    bool blnGridLoaded = false;
+
+    // Parallel to arrGridValueNodes; rebuilt lazily when stale (after a host event may
+    // have changed the document).
+    std::vector<CellValuesIndex> cellValuesIndex;
+    bool cellValuesIndexStale = true;
+
+    // Real tree records (without the spare one).
+    int treeRecordCount() const {
+        return udtTreeNodes.empty() ? 0 : static_cast<int>(udtTreeNodes.size()) - 1;
+    }
+};
+
+}  // namespace tabulon

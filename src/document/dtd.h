@@ -1,0 +1,20 @@
+// The built-in document type definition that is put in front of every host text
+// before the validating parse. The lines are fixed byte for byte.
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace tabulon {
+
+// The 57 lines, without line ends, in the order they are emitted.
+extern const std::array<std::string_view, 57> kDtdLines;
+
+// Every line followed by "\r\n".
+const std::string& BuiltInDtd();
+
+// BuiltInDtd() followed by the host text, unchanged.
+std::string JoinWithDtd(std::string_view hostText);
+
+}  // namespace tabulon
