@@ -161,6 +161,20 @@ Attribute Node::attribute(std::size_t index) const {
 }
 
 Attribute Node::attribute(std::string_view name) const {
+    // The saving gate looks up one attribute of every cell of a document: short names
+    // go to the library's own search in one call, through a terminated copy.
+    char terminated[64];
+    if (name.size() < sizeof terminated) {
+        std::size_t length = 0;
+        while (length < name.size() && name[length] != '\0') {
+            terminated[length] = name[length];
+            ++length;
+        }
+        if (length == name.size()) {
+            terminated[length] = '\0';
+            return Attribute(AsPugi(handle_).attribute(terminated).internal_object());
+        }
+    }
     for (pugi::xml_attribute attribute : AsPugi(handle_).attributes()) {
         if (name == attribute.name()) return Attribute(attribute.internal_object());
     }

@@ -1,0 +1,165 @@
+// Generic_SP_Control: the embeddable spreadsheet control as a host sees it.
+//
+// A facade: it keeps the members of the public interface (in function-table order,
+// see dispatch_table.h), the lifecycle and the settings the control owns itself, and
+// delegates everything else to the collaborators in view/ and document/, which share
+// one ControlCore. Message boxes go to the MessageSink, events to the HostEvents;
+// both must outlive the control.
+//
+// Threading: everything runs on the thread that created the instance. Per-thread
+// state (the conversion-name table, the grid the scroll bars drive, the largest
+// allowed tree-view width) is shared by every instance of that thread; the last
+// instance created or terminated decides it.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "control/settings_records.h"
+#include "platform/property_bag.h"
+#include "view/control_core.h"
+
+namespace tabulon {
+
+class Generic_SP_Control {
+public:
+    // Creation: builds the per-thread conversion table, points the scroll bars' grid
+    // reference at this instance's grid and records the design size.
+    Generic_SP_Control(MessageSink& sink, HostEvents& host);
+    ~Generic_SP_Control();  // terminates if the host did not
+    Generic_SP_Control(const Generic_SP_Control&) = delete;
+    Generic_SP_Control& operator=(const Generic_SP_Control&) = delete;
+
+    // --- lifecycle driven by the host
+    // First-time initialisation of a brand-new instance (no saved settings). Changes
+    // nothing visible, by design: the child components keep their design state.
+    void InitProperties();
+    // Restores / saves the eighteen settings keys (failures: codes 1013 / 1017; what
+    // was applied or written before a failure stays). The two scroll bars keep their
+    // margins in the same bag under their component name: "hscGrid.LeftMargin",
+    // "hscGrid.RightMargin", "vscGrid.TopMargin", "vscGrid.BottomMargin"; they are
+    // restored before and saved after the control's own keys.
+    void ReadProperties(PropertyBag& bag);
+    void WriteProperties(PropertyBag& bag);
+    // First showing: places the buttons and lays the control out; later calls do nothing.
+    void Show();
+    // The host gives the control a new size (twips); runs the resize handling (1003).
+    // A size below 8200 x 6300 is raised to it before anything moves, and the parts
+    // move by the difference between that raised size and the size recorded at the
+    // last layout: the clamp and the change are one pass, never two.
+    void Resize(std::int32_t width, std::int32_t height);
+    // End of life: releases the document and every table built from it, and the
+    // per-thread conversion table and grid reference. Idempotent.
+    void Terminate();
+
+    // --- the interface, in function-table order
+    // With blnDefaultPos: the visible buttons go into 1265-twip slots from the right
+    // edge (Help, Cancel, OK, Print); hidden ones keep their place. Otherwise nothing
+    // (failures: 1014).
+    void Reposition_Button();
+    // The buttons as they stand (failures: 1015, with the record as far as read).
+    gButtonProperty_type ButtonProperty();
+    // Applies visibility and positions, keeps copies for saving, tells the host
+    // "ButtonProperty" changed, then Reposition_Button (failures: 1016).
+    void SetButtonProperty(const gButtonProperty_type& value);
+    // Read from the parts; intScrollBars is 1 or 0 (failures: 1018).
+    gGeneralProperty_type GeneralProperty();
+    // The eight steps in order: a different tree width through the splitter, style,
+    // filter frame and label, grid-area layout, grid selection and row height,
+    // intColWidthMin and every column width (1020), scroll bars, then the host is told
+    // "GeneralProperty" changed. A failure (1019, e.g. lngColWidthMin beyond 16 bits)
+    // ends it and keeps the earlier steps.
+    void SetGeneralProperty(const gGeneralProperty_type& value);
+    // Only with intScrollBars 1 and a grid shown: recomputes and enables both bars.
+    void RefreshAdvanceScrollbars();
+    // See document_loading.h: true when the file was found, parsed and valid.
+    bool Load(const std::string& XMLSource);
+    // See document_loading.h: true only when the document was shown.
+    bool LoadXML(const std::string& bstrXML);
+    // Keyboard moves (9 Tab: column, 13 Enter: row; other codes do nothing).
+    void MoveNextCell(std::int16_t KeyAscii);
+    void MoveNextColumn();
+    void MovePreviousCell(std::int16_t KeyAscii);
+    void MovePreviousColumn();
+    // The loaded document as it stands, edits included, without the built-in DTD;
+    // "" before the first successful load. Never validates, commits or raises.
+    std::string XML() const;
+    void SetXML(const std::string& value);              // accepted and discarded
+    std::string FilterValue() const;                    // the filter combo's text, trimmed
+    void SetFilterValue(const std::string& value);      // accepted and discarded
+    std::string DisplayColWidth() const;                // "1500,1080,1080"; "" with no columns
+    void SetDisplayColWidth(const std::string& value);  // accepted and discarded
+
+    // --- keyboard: the control sees every key before the focused child does
+    // Key press with a character code (Tab 9, Enter 13, ...); may swallow it (0).
+    void KeyPress(int& keyAscii);
+    // Key up with a key code and the shift state (1 Shift, 2 Ctrl, 4 Alt).
+    void KeyUp(int& keyCode, int shift);
+    // A whole keystroke to the focused component: KeyPress preview (only for keys with
+    // a character, keyAscii != 0), then the component's own key press unless the
+    // preview swallowed it, then the KeyUp preview. The text box, the unit editors and
+    // the buttons take key presses; other components ignore them. When no component of
+    // the control has the focus the keystroke is not the control's and nothing runs.
+    void UserKeyStroke(int keyCode, int keyAscii, int shift);
+
+    // The splitter between tree and grid dragged by x twips with the left button
+    // (button 1; other buttons, shift and y are ignored). The tree's new width is
+    // its width + x, kept within 1500 twips and the largest allowed width of this
+    // control's current layout (grid width - 4950 + tree width); when the layout
+    // leaves less than 1500, the 1500 minimum wins. The splitter, the filter frame
+    // and combo, the grid area and the two scroll bars are then placed beside the
+    // tree as the resize handling places them, and the largest allowed width is
+    // published again. Failures: "Unexpected Error - 1003".
+    void SplitterDrag(int button, int shift, std::int32_t x, std::int32_t y);
+
+    // --- access for views and tools
+    ControlCore& core() { return *core_; }
+    const ControlCore& core() const { return *core_; }
+    Form& form() { return core_->form; }
+    const Form& form() const { return core_->form; }
+    bool terminated() const { return terminated_; }
+    bool shown() const { return shown_; }
+    VariantBool blnDefaultPos() const { return blnDefaultPos_; }
+
+private:
+    void WireNotifications();
+    // The resize steps (1003) with the control at its current size.
+    void ResizeHandling();
+    void ResizeSteps();
+    // Splitter, filter frame and combo, grid area and grid beside the tree.
+    void PlaceBesideTree();
+    // hscGrid under the grid and vscGrid along its right edge, then their refresh.
+    void PlaceScrollBars();
+    // Publishes the largest allowed tree-view width of this layout.
+    void PublishLargestTreeViewWidth();
+    // intColWidthMin and every column width (1020).
+    void SetColWidthMin(std::int16_t width);
+    // New grid columns take intColWidthMin (a negative minimum leaves them as they were).
+    void KeepDefaultColWidth();
+    // Shows both scroll bars and refreshes them with move grid true, or hides both.
+    void ShowScrollBars(bool show);
+    // The component that holds the focus receives a key press that was not swallowed.
+    void DeliverKeyPress(Component* target, int keyAscii);
+    // The four buttons in record order: Print, OK, Cancel, Help.
+    std::array<Button*, 4> Buttons();
+
+    std::unique_ptr<ControlCore> core_;
+    std::int16_t recordedWidth_ = 0;
+    std::int16_t recordedHeight_ = 0;
+    bool shown_ = false;
+    bool terminated_ = false;
+    VariantBool blnDefaultPos_ = kTrue;
+    // Copies of the four visibility flags and positions, order Print, OK, Cancel, Help.
+    std::array<VariantBool, 4> udtButtonVisible_{kTrue, kTrue, kTrue, kTrue};
+    std::array<std::int32_t, 4> udtButtonLeft_{3150, 4415, 5680, 6945};
+};
+
+// The largest tree-view width the General page accepts; kept up to date by every
+// control of the thread as it lays itself out (resize, splitter). 0 until the first
+// layout on the thread, which the page's numeric box reads as "no upper bound".
+std::int16_t LargestTreeViewWidth();
+void SetLargestTreeViewWidth(std::int16_t width);
+
+}  // namespace tabulon

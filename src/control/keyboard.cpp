@@ -1,0 +1,42 @@
+// Keyboard routing: the control previews every key before the focused component.
+#include "control/generic_sp_control.h"
+#include "view/navigation.h"
+
+namespace tabulon {
+
+void Generic_SP_Control::KeyPress(int& keyAscii) {
+    NavigationKeyPress(*core_, keyAscii);
+}
+
+void Generic_SP_Control::KeyUp(int& keyCode, int shift) {
+    NavigationKeyUp(*core_, keyCode, shift);
+}
+
+void Generic_SP_Control::UserKeyStroke(int keyCode, int keyAscii, int shift) {
+    // The key belongs to whichever component had the focus when it was pressed, even
+    // if the preview moves the focus.
+    Component* target = core_->form.focus.focused();
+    if (target == nullptr) return;
+    if (keyAscii != 0) {
+        KeyPress(keyAscii);
+        if (keyAscii != 0) DeliverKeyPress(target, keyAscii);
+    }
+    KeyUp(keyCode, shift);
+}
+
+void Generic_SP_Control::DeliverKeyPress(Component* target, int keyAscii) {
+    Form& f = core_->form;
+    if (target == &f.txtTextBoxControl) {
+        f.txtTextBoxControl.userKeyPress(keyAscii);
+    } else if (target == &f.unitNumControl) {
+        f.unitNumControl.UserKeyPress(keyAscii);
+    } else if (target == &f.unitDropControl) {
+        f.unitDropControl.UserKeyPress(keyAscii);
+    } else {
+        for (Button* button : Buttons()) {
+            if (target == button) button->userKeyPress(keyAscii);
+        }
+    }
+}
+
+}  // namespace tabulon

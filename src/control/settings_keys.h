@@ -1,0 +1,93 @@
+// The eighteen property-bag keys of the control's two settings records: one key per
+// record field, "<record>.<field>", in the order they are restored, each with its
+// stored type and its default (a value equal to the default is not stored).
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "platform/property_bag.h"
+
+namespace tabulon {
+
+enum class SettingType { Boolean, Integer, String };
+
+struct SettingKey {
+    std::string_view key;
+    SettingType type;
+    std::int64_t number;    // Boolean (0 false, anything else true) and Integer defaults
+    std::string_view text;  // String default
+};
+
+// Positions in kSettingKeys.
+enum SettingIndex : std::size_t {
+    kPrintVisible,
+    kOKVisible,
+    kCancelVisible,
+    kHelpVisible,
+    kDefaultPos,
+    kPrintLeft,
+    kOKLeft,
+    kCancelLeft,
+    kHelpLeft,
+    kTreeViewWidth,
+    kTreeViewStyle,
+    kFilterVisible,
+    kFilterCaption,
+    kFilterLabel,
+    kAllowBigSelection,
+    kRowHeightMin,
+    kColWidthMin,
+    kScrollBars,
+    kSettingCount
+};
+
+inline constexpr std::array<SettingKey, kSettingCount> kSettingKeys = {{
+    {"ButtonProperty.blnPrintVisible", SettingType::Boolean, 1, ""},
+    {"ButtonProperty.blnOKVisible", SettingType::Boolean, 1, ""},
+    {"ButtonProperty.blnCancelVisible", SettingType::Boolean, 1, ""},
+    {"ButtonProperty.blnHelpVisible", SettingType::Boolean, 1, ""},
+    {"ButtonProperty.blnDefaultPos", SettingType::Boolean, 1, ""},
+    {"ButtonProperty.lngPrintLeft", SettingType::Integer, 3150, ""},
+    {"ButtonProperty.lngOKLeft", SettingType::Integer, 4415, ""},
+    {"ButtonProperty.lngCancelLeft", SettingType::Integer, 5680, ""},
+    {"ButtonProperty.lngHelpLeft", SettingType::Integer, 6945, ""},
+    {"GeneralProperty.lngTreeViewWidth", SettingType::Integer, 2745, ""},
+    {"GeneralProperty.lngTreeViewStyle", SettingType::Integer, 7, ""},
+    {"GeneralProperty.blnFilterVisible", SettingType::Boolean, 1, ""},
+    {"GeneralProperty.strFilterCaption", SettingType::String, 0, "Filter"},
+    {"GeneralProperty.strFilterLabel", SettingType::String, 0, "Filter Label"},
+    {"GeneralProperty.blnAllowBigSelection", SettingType::Boolean, 0, ""},
+    {"GeneralProperty.lngRowHeightMin", SettingType::Integer, 350, ""},
+    {"GeneralProperty.lngColWidthMin", SettingType::Integer, 1080, ""},
+    {"GeneralProperty.intScrollBars", SettingType::Integer, 1, ""},
+}};
+
+// Saving writes the same keys with blnDefaultPos moved to the front.
+inline constexpr std::array<SettingIndex, kSettingCount> kSaveOrder = {{
+    kDefaultPos,
+    kPrintVisible,
+    kOKVisible,
+    kCancelVisible,
+    kHelpVisible,
+    kPrintLeft,
+    kOKLeft,
+    kCancelLeft,
+    kHelpLeft,
+    kTreeViewWidth,
+    kTreeViewStyle,
+    kFilterVisible,
+    kFilterCaption,
+    kFilterLabel,
+    kAllowBigSelection,
+    kRowHeightMin,
+    kColWidthMin,
+    kScrollBars,
+}};
+
+// The default of a key as the bag stores values.
+PropertyValue SettingDefault(const SettingKey& key);
+
+}  // namespace tabulon

@@ -1,0 +1,203 @@
+// Writing the open editor's value back (CommitCellEdit, 1010).
+//
+// The value goes twice: as display text into the grid cell and as the text of the
+// cell's CellValue element. The unit editors also check the range, colour the cell
+// and set Valid; in a Metric document they store the value converted back to English
+// with kStorageFormat. A cell whose ApplicationValidation is "1" then hands the
+// column's GridValue element to the host and refills the column when the host
+// changed it.
+//
+// Decisions:
+// - Writing into a cell that has no CellValue element is a run-time failure (1010), as
+//   writing through an unset element reference is; the grid text is already written.
+// - A failure ends the commit where it happened: blnEditorActive and the registrar
+//   stay as they were (the registrar is released when a commit runs to its end).
+// - The host may change anything in the document during AppGridEventHandler, so the
+//   GridValueKey index is marked stale after the event, whether or not it returns
+//   normally.
+#include "view/commit.h"
+
+#include "document/lookups.h"
+#include "support/failure.h"
+#include "support/number_format.h"
+#include "support/numeric.h"
+#include "support/text.h"
+#include "view/grid_fill.h"
+#include "view/unit_codes.h"
+#include "view/unit_display.h"
+
+namespace tabulon {
+
+namespace {
+
+constexpr Rgb kValidBack = 0xFFFFFF;
+constexpr Rgb kInvalidBack = 0xFF0000;
+
+// The cell being committed: its grid position and the table of elements behind cells.
+struct CommittedCell {
+    int row;
+    int col;
+    const CellNodeTable& elements;
+
+    // The element behind the cell; empty when the slot has none. A position outside
+    // the table throws.
+    xml::Node Element() const { return elements.at(row, col); }
+    // The element to write to; an empty slot is a run-time failure.
+    xml::Node Target() const {
+        const xml::Node element = Element();
+        if (!element) throw RuntimeFailure("Object variable or With block variable not set");
+        return element;
+    }
+};
+
+// The registrar of the open unit editor; without one, converting is a run-time failure.
+const UnitRegistrar& EditorRegistrar(const ControlCore& core) {
+    if (!core.unitRegistrar) {
+        throw RuntimeFailure("Object variable or With block variable not set");
+    }
+    return *core.unitRegistrar;
+}
+
+// Colour and Valid after a unit editor's range check.
+void MarkValidity(ControlCore& core, const CommittedCell& cell, bool valid) {
+    core.form.msgGridView.setCellBackColor(cell.row, cell.col, valid ? kValidBack : kInvalidBack);
+    cell.Target().setAttribute("Valid", valid ? "1" : "0");
+}
+
+// Text box and pick list: the text as typed or picked, no check, no colour.
+void CommitText(ControlCore& core, const CommittedCell& cell, const std::string& text) {
+    FlexGrid& grid = core.form.msgGridView;
+    grid.setTextMatrix(cell.row, cell.col, text);
+    cell.Target().setText(grid.textMatrix(cell.row, cell.col));
+}
+
+void CommitUnitNum(ControlCore& core, const CommittedCell& cell, const RowInfo& row) {
+    FlexGrid& grid = core.form.msgGridView;
+    UnitNumBox& box = core.form.unitNumControl;
+    box.SetNumberText(FormatNumber(ReadNumber(box.NumberText()), row.Format));
+    // A negative entry below the minimum becomes zero, not the minimum: intended.
+    if (box.Number() < 0 && ReadNumber(row.MinVal) > box.Number()) box.SetNumber(0);
+    grid.setTextMatrix(cell.row, cell.col, box.NumberText());
+    MarkValidity(core, cell, box.Check());
+
+    const std::string& shown = grid.textMatrix(cell.row, cell.col);
+    if (!MetricDocument(core)) {
+        cell.Target().setText(shown);
+        return;
+    }
+    const double english =
+        EditorRegistrar(core).Convert(ReadNumber(shown), box.UnitCode(), UnitRegistrar::kToEnglish);
+    cell.Target().setText(FormatNumber(english, kStorageFormat));
+}
+
+// The grid text of a UnitDrop cell: number in the selected unit's format, then the
+// unit in parentheses with no blank before "("; without a unit, the number alone.
+std::string UnitDropText(const UnitDropBox& box, const RowInfo& row) {
+    const std::string unit = Trim(box.SelectedUnitText());
+    const std::string& number = box.NumberText();
+    if (unit.empty())
+        return number.empty() ? std::string() : FormatNumber(box.Number(), row.Format);
+    const double value = number.empty() ? 0 : box.Number();
+    return FormatNumber(value, box.FormatOf(box.SelectedUnitIndex())) + "(" + unit + ")";
+}
+
+void CommitUnitDrop(ControlCore& core, const CommittedCell& cell, const RowInfo& row) {
+    FlexGrid& grid = core.form.msgGridView;
+    const UnitDropBox& box = core.form.unitDropControl;
+    MarkValidity(core, cell, box.Check());
+    grid.setTextMatrix(cell.row, cell.col, UnitDropText(box, row));
+
+    const std::string& shown = grid.textMatrix(cell.row, cell.col);
+    if (!MetricDocument(core)) {
+        cell.Target().setText(shown);
+        return;
+    }
+    const std::size_t open = shown.find('(');
+    if (open == std::string::npos) return;  // nothing to convert: the document stays
+    const double value = ReadNumber(shown.substr(0, open));
+    const std::string unit = WithoutLastCharacter(std::string_view(shown).substr(open + 1));
+    const UnitRegistrar& registrar = EditorRegistrar(core);
+    const int code = box.SelectedUnitIndex();
+    const double english = registrar.Convert(value, code, UnitRegistrar::kToEnglish);
+    (void)registrar.UnitName(code, UnitRegistrar::kToEnglish);
+    // The unit stored is the one shown; the display pass resolves either system's label.
+    cell.Target().setText(FormatNumber(AsWrittenText(english), kStorageFormat) + "(" + Trim(unit) +
+                          ")");
+}
+
+// Writes the visible editor of the row's type back; false when none was written.
+bool WriteBack(ControlCore& core, const CommittedCell& cell) {
+    const Form& form = core.form;
+    const RowInfo& row = core.doc.arrRowInfo.at(static_cast<std::size_t>(cell.row));
+    const std::string& type = row.ControlType;
+    if (type == "TextBox" && form.txtTextBoxControl.visible()) {
+        CommitText(core, cell, form.txtTextBoxControl.text());
+    } else if (type == "ComboBox" && form.cboComboBoxControl.visible()) {
+        CommitText(core, cell, form.cboComboBoxControl.text());
+    } else if (type == "UnitNum" && form.unitNumControl.visible()) {
+        CommitUnitNum(core, cell, row);
+    } else if (type == "UnitDrop" && form.unitDropControl.visible()) {
+        CommitUnitDrop(core, cell, row);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+// Marks the GridValueKey index stale when it goes out of scope.
+class StaleIndexOnExit {
+public:
+    explicit StaleIndexOnExit(DocumentModel& doc) : doc_(doc) {}
+    ~StaleIndexOnExit() { doc_.cellValuesIndexStale = true; }
+    StaleIndexOnExit(const StaleIndexOnExit&) = delete;
+    StaleIndexOnExit& operator=(const StaleIndexOnExit&) = delete;
+
+private:
+    DocumentModel& doc_;
+};
+
+// Hands the column's GridValue element to the host when the cell asks for it, and
+// refills the column (converted again in a Metric document) if the host changed it.
+void ApplicationValidation(ControlCore& core, const CommittedCell& cell) {
+    DocumentModel& doc = core.doc;
+    const xml::Node element = cell.Element();
+    if (!element) return;
+    if (GetAttributeValue(core.sink, element, "ApplicationValidation") != "1") return;
+
+    xml::Node gridValue = doc.arrGridValueNodes.at(static_cast<std::size_t>(cell.col - 1));
+    const std::string before = gridValue.serialize();
+    core.host.SetWaitCursor(true);
+    {
+        const StaleIndexOnExit stale(doc);
+        core.host.AppGridEventHandler(gridValue);
+    }
+    core.host.SetWaitCursor(false);
+    if (gridValue.serialize() == before) return;
+
+    const std::int16_t column = ToInt16(cell.col);
+    doc.blnGridLoaded = false;
+    const bool filled = FillGridColumn(core, gridValue, column, doc.strCurrentValueKey);
+    doc.blnGridLoaded = filled;
+    if (filled && MetricDocument(core)) ConvertGridUnits(core, column);
+}
+
+}  // namespace
+
+void CommitCellEdit(ControlCore& core) {
+    Guarded(core.sink, "1010", [&] {
+        DocumentModel& doc = core.doc;
+        if (doc.blnGridLoaded) {
+            const FlexGrid& grid = core.form.msgGridView;
+            if (grid.col() >= 1 && grid.row() >= 1) {
+                const CommittedCell cell{grid.row(), grid.col(), doc.arrCellNodes};
+                if (WriteBack(core, cell) && core.blnEditorActive) {
+                    ApplicationValidation(core, cell);
+                }
+            }
+            core.blnEditorActive = false;
+        }
+        core.unitRegistrar.reset();
+    });
+}
+
+}  // namespace tabulon

@@ -1,0 +1,41 @@
+// ControlCore: the state one control instance shares between its collaborators
+// (tree builder, grid filler, editors, commit, navigation, filter, save gate, report):
+// the form of child components, the document model, the editor flags and the two
+// outlets to the host (message boxes and events).
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "document/document_model.h"
+#include "support/message_sink.h"
+#include "unitinput/unit_registrar.h"
+#include "view/form.h"
+#include "view/host_events.h"
+
+namespace tabulon {
+
+struct ControlCore {
+    ControlCore(MessageSink& messages, HostEvents& events) : sink(messages), host(events) {}
+    ControlCore(const ControlCore&) = delete;
+    ControlCore& operator=(const ControlCore&) = delete;
+
+    MessageSink& sink;
+    HostEvents& host;
+
+    Form form;
+    DocumentModel doc;
+
+    // An editor is open and not yet committed.
+    bool blnEditorActive = false;
+    // False only while the control refreshes its scroll bars after a current-cell
+    // change, so that the refresh's own grid scrolling does not commit.
+    bool blnScrollCommit = true;
+    // The unit registrar of the last unit-editor activation; released by every commit.
+    std::shared_ptr<UnitRegistrar> unitRegistrar;
+
+    // Width given to new grid columns and written by GeneralProperty (16-bit).
+    std::int16_t intColWidthMin = 1080;
+};
+
+}  // namespace tabulon

@@ -1,0 +1,51 @@
+#include "view/form.h"
+
+#include "view/design_geometry.h"
+
+namespace tabulon {
+
+namespace {
+void Place(Component& c) {
+    const design::Placement& p = design::Find(c.name());
+    c.move(p.left, p.top, p.width, p.height);
+    c.setVisible(p.visible);
+}
+}  // namespace
+
+Form::Form() {
+    control.move(0, 0, design::kControlWidth, design::kControlHeight);
+    fraFilterView.setCaption(std::string(design::kFilterCaption));
+    lblFilter.setCaption(std::string(design::kFilterLabel));
+    cmdPrint.setCaption(std::string(design::kPrintCaption));
+    cmdOK.setCaption(std::string(design::kOKCaption));
+    cmdCancel.setCaption(std::string(design::kCancelCaption));
+    cmdHelp.setCaption(std::string(design::kHelpCaption));
+    treTreeView.setStyle(design::kTreeStyle);
+    msgGridView.setRowHeightMin(design::kGridRowHeightMin);
+    msgGridView.setDefaultRowHeight(design::kGridDefaultRowHeight);
+    msgGridView.setAllowBigSelection(design::kGridAllowBigSelection);
+    // Nothing takes input before a document is loaded: OK and View/Print do nothing
+    // while the grid is disabled, and the filter has no entries yet.
+    msgGridView.setEnabled(false);
+    cboFilter.setEnabled(false);
+    for (Component* c : children()) {
+        Place(*c);
+        c->attachFocus(&focus);
+    }
+    control.attachFocus(&focus);
+}
+
+std::vector<Component*> Form::children() {
+    return {
+        &treTreeView,     &imgSplitter,   &fraFilterView,     &lblFilter,          &cboFilter,
+        &msgGridView,     &vscGrid,       &hscGrid,           &cmdPrint,           &cmdOK,
+        &cmdCancel,       &cmdHelp,       &txtTextBoxControl, &cboComboBoxControl, &unitNumControl,
+        &unitDropControl, &unitNumForCnv, &unitDropForCnv};
+}
+
+bool Form::anyEditorVisible() const {
+    return txtTextBoxControl.visible() || cboComboBoxControl.visible() ||
+           unitNumControl.visible() || unitDropControl.visible();
+}
+
+}  // namespace tabulon

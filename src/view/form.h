@@ -1,0 +1,61 @@
+// Form: every child component of the control, placed at its design-time geometry
+// and sharing one focus manager. The control's own size is the `control` component.
+#pragma once
+
+#include <vector>
+
+#include "platform/button.h"
+#include "platform/caption_component.h"
+#include "platform/combo_box.h"
+#include "platform/component.h"
+#include "platform/flex_grid.h"
+#include "platform/image_list.h"
+#include "platform/text_box.h"
+#include "platform/tree_view.h"
+#include "unitinput/unit_drop_box.h"
+#include "unitinput/unit_num_box.h"
+#include "widgets/horizontal_scroll.h"
+#include "widgets/vertical_scroll.h"
+
+namespace tabulon {
+
+struct Form {
+    Form();
+    Form(const Form&) = delete;
+    Form& operator=(const Form&) = delete;
+
+    FocusManager focus;
+    Component control{"UserControl"};
+
+    TreeView treTreeView{"treTreeView"};
+    ImageList ilsTreeView;
+    Component imgSplitter{"imgSplitter"};
+
+    Frame fraFilterView{"fraFilterView", ""};
+    Label lblFilter{"lblFilter", ""};
+    ComboBox cboFilter{"cboFilter"};
+
+    FlexGrid msgGridView{"msgGridView"};
+
+    TextBox txtTextBoxControl{"txtTextBoxControl"};
+    ComboBox cboComboBoxControl{"cboComboBoxControl"};
+    UnitNumBox unitNumControl{"unitNumControl"};
+    UnitDropBox unitDropControl{"unitDropControl"};
+    UnitNumBox unitNumForCnv{"unitNumForCnv"};
+    UnitDropBox unitDropForCnv{"unitDropForCnv"};
+
+    ctlHorizontalScroll hscGrid{"hscGrid"};
+    ctlVerticalScroll vscGrid{"vscGrid"};
+
+    Button cmdPrint{"cmdPrint", ""};
+    Button cmdOK{"cmdOK", ""};
+    Button cmdCancel{"cmdCancel", ""};
+    Button cmdHelp{"cmdHelp", ""};
+
+    // Every child in design-table order (for layout dumps and views).
+    std::vector<Component*> children();
+    // True when any of the four cell editors is visible.
+    bool anyEditorVisible() const;
+};
+
+}  // namespace tabulon

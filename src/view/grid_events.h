@@ -1,0 +1,18 @@
+// The grid's and the scroll bars' notifications that drive editing.
+#pragma once
+
+#include <cstdint>
+
+#include "view/control_core.h"
+
+namespace tabulon {
+
+void GridClick(ControlCore& core);  // 1004
+void GridRowColChange(ControlCore& core);
+void GridScroll(ControlCore& core);
+void GridMouseMove(ControlCore& core, int button, int shift, std::int32_t x,
+                   std::int32_t y);  // 1011
+// One of the control's own scroll bars takes the focus: commit, hide the editors.
+void ScrollBarGotFocus(ControlCore& core);
+
+}  // namespace tabulon

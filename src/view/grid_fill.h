@@ -1,0 +1,26 @@
+// Filling the grid for a node: the layout from its GridHeader, then the values from
+// the CellValues of its GridValueKey, recording the element behind every cell.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/xml/xml_document.h"
+#include "view/control_core.h"
+
+namespace tabulon {
+
+bool FillGridHeaders(ControlCore& core, const std::string& key);               // 1028
+bool ReadRowHeader(ControlCore& core, xml::Node rowHeader, std::int16_t row);  // 1029
+bool FillGridValues(ControlCore& core, const std::string& key);                // 1030
+// Fills column c from the CellValues children of gridValue whose key matches.
+bool FillGridColumn(ControlCore& core, xml::Node gridValue, std::int16_t c,
+                    const std::string& key);  // 1035
+void ClearGridCells(ControlCore& core);
+
+// The CellValues of gridValue (index into arrGridValueNodes) whose GridValueKey equals
+// key, in document order, from the index (rebuilt first when stale).
+const std::vector<xml::Node>& MatchingCellValues(ControlCore& core, std::size_t gridValue,
+                                                 const std::string& key);
+
+}  // namespace tabulon

@@ -1,0 +1,172 @@
+// Building the category tree.
+//
+// Decisions:
+// - The tree walk reads every child node, as the document model lists them. A child
+//   that is not an element (a comment or processing instruction inside TreeStructure
+//   or a node) has no attribute list: ReadTreeNode treats that as a run-time failure
+//   (1024), so the tree is not built and the load fails.
+// - udtCurrentNode is not touched here between loads either: the first node of a new
+//   document inherits the optional attributes of the last node of the previous one.
+// - Pictures are read through the image list's loader, so a front end that installs a
+//   decoding loader gets decoded pictures without this code knowing.
+#include "view/tree_builder.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "document/lookups.h"
+#include "support/failure.h"
+#include "support/numeric.h"
+
+namespace tabulon {
+
+namespace {
+
+constexpr std::string_view kMissingImagesHeader =
+    "There are following images not found in defined location:";
+
+void StoreAttribute(TreeNodeInfo& node, std::string_view name, std::string_view value) {
+    if (name == "Name") {
+        node.Name = value;
+    } else if (name == "KeyValue") {
+        node.KeyValue = value;
+    } else if (name == "ImageName") {
+        node.ImageName = value;
+    } else if (name == "GridHeaderKey") {
+        node.GridHeaderKey = value;
+    } else if (name == "GridValueKey") {
+        node.GridValueKey = value;
+    } else if (name == "FilterCaption") {
+        node.FilterCaption = value;
+    } else if (name == "FilterProperty") {
+        node.FilterProperty = value;
+    } else if (name == "Filter") {
+        node.Filter = ReadInt16(value);
+    }
+}
+
+// One level deeper or back up; the depth is a 16-bit counter.
+void StepLevel(DocumentModel& doc, int delta) {
+    doc.intTreeLevel = ToInt16(static_cast<double>(doc.intTreeLevel) + delta);
+}
+
+}  // namespace
+
+bool BuildTree(ControlCore& core, xml::Node treeStructure) {
+    DocumentModel& doc = core.doc;
+    doc.udtTreeNodes.assign(1, TreeNodeInfo{});
+    doc.intTreeLevel = 0;
+    for (xml::Node pnode = treeStructure.firstChild(); pnode; pnode = pnode.nextSibling()) {
+        if (!ReadTreeNode(core, pnode)) return false;
+        if (pnode.firstChild()) {
+            StepLevel(doc, 1);
+            if (!ReadChildNodes(core, pnode)) return false;
+        }
+    }
+    if (!LoadTreeImages(core)) return false;
+    return FillTreeView(core);
+}
+
+bool ReadTreeNode(ControlCore& core, xml::Node element) {
+    return Guarded(core.sink, "1024", [&] {
+        if (element.type() != xml::NodeType::Element) {
+            throw RuntimeFailure("Object variable not set");
+        }
+        DocumentModel& doc = core.doc;
+        TreeNodeInfo& current = doc.udtCurrentNode;
+        const std::size_t count = element.attributeCount();
+        for (std::size_t i = 0; i < count; ++i) {
+            const xml::Attribute attribute = element.attribute(i);
+            StoreAttribute(current, attribute.name(), attribute.value());
+        }
+        current.Level = doc.intTreeLevel;
+        if (current.GridHeaderKey.empty()) current.GridValueKey.clear();
+        doc.udtTreeNodes.back() = current;
+        doc.udtTreeNodes.emplace_back();
+        return true;
+    });
+}
+
+bool ReadChildNodes(ControlCore& core, xml::Node parent) {
+    const bool ok = Guarded(core.sink, "1023", [&] {
+        for (xml::Node child = parent.firstChild(); child; child = child.nextSibling()) {
+            if (!ReadTreeNode(core, child)) return false;
+            if (child.firstChild()) {
+                StepLevel(core.doc, 1);
+                if (!ReadChildNodes(core, child)) return false;
+            }
+        }
+        return true;
+    });
+    // Raised once before the descent, lowered once when it returns, however it ended.
+    StepLevel(core.doc, -1);
+    return ok;
+}
+
+bool LoadTreeImages(ControlCore& core) {
+    return Guarded(core.sink, "1026", [&] {
+        DocumentModel& doc = core.doc;
+        ImageList& images = core.form.ilsTreeView;
+        std::vector<std::string> loaded;
+        std::string missing;
+        const int records = doc.treeRecordCount();
+        for (int i = 0; i < records; ++i) {
+            TreeNodeInfo& record = doc.udtTreeNodes[static_cast<std::size_t>(i)];
+            const std::string path = record.ImageName;
+            if (path.empty()) continue;
+            const std::int16_t position = FindItemIndex(core.sink, loaded, path);
+            if (position >= 1) {
+                record.ImageName = std::to_string(position);
+            } else if (FileExists(path)) {
+                loaded.push_back(path);
+                Picture picture = images.loader()(path);
+                // Positions count from 1 again on every load; earlier entries are
+                // replaced, later ones stay.
+                const int index = static_cast<int>(loaded.size());
+                images.set(index, std::move(picture));
+                record.ImageName = std::to_string(index);
+                doc.blnTreeImages = true;
+            } else {
+                record.ImageName.clear();
+                if (missing.find(path) == std::string::npos) missing += path + "\r\n";
+            }
+        }
+        if (!missing.empty()) {
+            core.sink.Information(std::string(kMissingImagesHeader) + "\r\n" + missing);
+        }
+        return true;
+    });
+}
+
+bool FillTreeView(ControlCore& core) {
+    return Guarded(core.sink, "1025", [&] {
+        DocumentModel& doc = core.doc;
+        TreeView& tree = core.form.treTreeView;
+        if (doc.blnTreeImages) tree.setImageList(&core.form.ilsTreeView);
+        tree.clear();
+        // The key of the node added last at each depth, indexed by depth + 1.
+        std::vector<std::optional<std::string>> lastKeyAt;
+        const int records = doc.treeRecordCount();
+        for (int i = 0; i < records; ++i) {
+            const TreeNodeInfo& record = doc.udtTreeNodes[static_cast<std::size_t>(i)];
+            const int image = record.ImageName.empty() ? 0 : ReadInt32(record.ImageName);
+            if (record.Level == 0) {
+                tree.add("", record.KeyValue, record.Name, image);
+            } else {
+                const auto level = static_cast<std::size_t>(record.Level);
+                if (record.Level < 0 || level >= lastKeyAt.size() || !lastKeyAt[level]) {
+                    throw InvalidArgumentFailure("Invalid procedure call or argument");
+                }
+                tree.add(*lastKeyAt[level], record.KeyValue, record.Name, image);
+            }
+            const auto slot = static_cast<std::size_t>(record.Level) + 1;
+            if (lastKeyAt.size() <= slot) lastKeyAt.resize(slot + 1);
+            lastKeyAt[slot] = record.KeyValue;
+        }
+        if (tree.count() >= 2) tree.setExpanded(1, true);
+        return true;
+    });
+}
+
+}  // namespace tabulon

@@ -1,0 +1,61 @@
+// Turning a row's unit names into the codes the unit boxes take, and the small text
+// rules the unit editors, the commit and the Metric display pass share.
+//
+// Decisions:
+// - A unit registrar made for an editor or a display pass works in the document's unit
+//   system (strMeasurementUnit "METRIC": Metric, anything else: English) and becomes
+//   the conversion object of the boxes it serves, so that the codes it hands out for
+//   custom units are codes those boxes accept.
+// - A custom unit is registered with the factor text of its arrCustomUnits row read as
+//   a number; the description the registrar requires is "unimportantString".
+#pragma once
+
+#include <exception>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "unitinput/unit_registrar.h"
+#include "view/control_core.h"
+
+namespace tabulon {
+
+// The description handed to UnitRegistrar::RegisterCustomUnit; it carries no meaning.
+inline constexpr std::string_view kCustomUnitDescription = "unimportantString";
+
+// True when the document shows values in Metric units (strMeasurementUnit "METRIC").
+bool MetricDocument(const ControlCore& core);
+
+// A new registrar in the given unit system (UnitRegistrar::kEnglish / kMetric).
+std::shared_ptr<UnitRegistrar> NewUnitRegistrar(int system);
+
+// Registers the custom unit whose English name (arrCustomUnits column 0) is englishName
+// with registrar and returns the code it hands out; -1 when the document has no such
+// custom unit. Throws what the registrar throws for a bad factor or name.
+int RegisterDocumentCustomUnit(ControlCore& core, UnitRegistrar& registrar,
+                               std::string_view englishName);
+
+// The conversion-table key of a UnitDrop unit name: in a Metric document a name that is
+// a custom unit's Metric name (column 1) stands for that unit's English name; any other
+// name is its own key.
+std::string UnitDropLookupKey(ControlCore& core, const std::string& name);
+
+// Text less its last (UTF-8) character: the closing ")" of a unit in a cell. Empty
+// text throws InvalidArgumentFailure: there is no character to cut.
+std::string WithoutLastCharacter(std::string_view text);
+
+// The value as NumberToText writes it, read back: a number "written as text" (15
+// significant digits) before it is formatted again.
+double AsWrittenText(double value);
+
+// Runs statement and swallows the run-time failure it raises, if any: the unit
+// look-ups and registrations of the unit editors go on with the next statement.
+template <class Statement>
+void IgnoringFailure(Statement&& statement) {
+    try {
+        statement();
+    } catch (const std::exception&) {
+    }
+}
+
+}  // namespace tabulon

@@ -1,0 +1,145 @@
+// ControlHarness: a GoogleTest fixture that hosts one Generic_SP_Control the way a host
+// program does (new instance, first-time initialisation, first showing), records
+// every message box and host event, and loads documents from text, from files under
+// tests/data/ or from temporary files it removes afterwards.
+//
+//   TEST_F(ControlHarness, Something) {
+//       ASSERT_TRUE(LoadDataFile("shell_two_by_two.xml"));
+//       control().form().cmdOK.userClick();
+//       ExpectMessages({});
+//       EXPECT_EQ(host.events().size(), 1u);
+//   }
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "control/generic_sp_control.h"
+#include "control/recording_host.h"
+#include "platform/property_bag.h"
+#include "platform/recording_sink.h"
+
+namespace tabulon::testing {
+
+// Message boxes as the sink records them, for ExpectMessages.
+inline RecordedMessage Information(std::string text) {
+    return {MessageIcon::Information, std::move(text)};
+}
+inline RecordedMessage Critical(std::string text) {
+    return {MessageIcon::Critical, std::move(text)};
+}
+inline RecordedMessage Plain(std::string text) {
+    return {MessageIcon::Plain, std::move(text)};
+}
+
+// The content of a file, byte for byte ("" when it cannot be read).
+inline std::string ReadFileBytes(const std::filesystem::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::ostringstream content;
+    content << in.rdbuf();
+    return content.str();
+}
+
+// A file under tests/data/ of the source tree.
+inline std::filesystem::path DataFile(const std::string& name) {
+    return std::filesystem::path(TABULON_SOURCE_DIR) / "tests" / "data" / name;
+}
+
+class ControlHarness : public ::testing::Test {
+protected:
+    // A new instance with no saved settings, initialised and shown.
+    ControlHarness() { NewControl(); }
+    ~ControlHarness() override {
+        control_.reset();
+        if (!tempDir_.empty()) {
+            std::error_code ignored;
+            std::filesystem::remove_all(tempDir_, ignored);
+        }
+    }
+
+    Generic_SP_Control& control() { return *control_; }
+    Form& form() { return control_->form(); }
+    ControlCore& core() { return control_->core(); }
+
+    // Replaces the control by a brand-new one (first-time initialisation, then shown).
+    void NewControl() {
+        control_.reset();
+        control_ = std::make_unique<Generic_SP_Control>(sink, host);
+        control_->InitProperties();
+        control_->Show();
+    }
+    // Replaces the control by one restored from bag, not shown yet (Show() places
+    // the buttons and lays the control out).
+    void RestoreControl(PropertyBag& bag) {
+        control_.reset();
+        control_ = std::make_unique<Generic_SP_Control>(sink, host);
+        control_->ReadProperties(bag);
+    }
+
+    bool LoadText(const std::string& xml) { return control_->LoadXML(xml); }
+    bool LoadPath(const std::filesystem::path& path) { return control_->Load(path.string()); }
+    // Load of a file under tests/data/ (the file itself; OK may rewrite it, so tests
+    // that press OK load a TempCopy instead).
+    bool LoadDataFile(const std::string& name) { return LoadPath(DataFile(name)); }
+    // LoadXML with the text of a file under tests/data/.
+    bool LoadDataText(const std::string& name) { return LoadText(ReadFileBytes(DataFile(name))); }
+
+    // A folder of this test's own, removed with the fixture.
+    const std::filesystem::path& TempDir() {
+        if (tempDir_.empty()) {
+            const ::testing::TestInfo* info =
+                ::testing::UnitTest::GetInstance()->current_test_info();
+            tempDir_ = std::filesystem::temp_directory_path() /
+                       ("tabulon_" + std::string(info->test_suite_name()) + "_" + info->name() +
+                        "_" + std::to_string(reinterpret_cast<std::uintptr_t>(this)));
+            std::filesystem::create_directories(tempDir_);
+        }
+        return tempDir_;
+    }
+    // Writes text to a file in TempDir() and returns its path.
+    std::filesystem::path TempFile(const std::string& name, const std::string& text) {
+        const std::filesystem::path path = TempDir() / name;
+        std::ofstream(path, std::ios::binary) << text;
+        return path;
+    }
+    // A copy of a file under tests/data/ in TempDir().
+    std::filesystem::path TempCopy(const std::string& name) {
+        return TempFile(name, ReadFileBytes(DataFile(name)));
+    }
+
+    // The message boxes shown so far, icon and text, in order.
+    void ExpectMessages(const std::vector<RecordedMessage>& expected) {
+        EXPECT_EQ(sink.messages(), expected);
+    }
+    // Forgets the messages and events recorded so far.
+    void ClearRecords() {
+        sink.clear();
+        host.clear();
+    }
+
+    RecordingSink sink;
+    RecordingHost host;
+
+private:
+    std::unique_ptr<Generic_SP_Control> control_;
+    std::filesystem::path tempDir_;
+};
+
+}  // namespace tabulon::testing
+
+namespace tabulon {
+// Readable failures for recorded messages and events.
+inline void PrintTo(const RecordedMessage& message, std::ostream* out) {
+    *out << MessageIconName(message.icon) << ": \"" << message.text << "\"";
+}
+inline void PrintTo(const RecordedEvent& event, std::ostream* out) {
+    *out << HostEventName(event.kind) << "(\"" << event.text << "\")";
+}
+}  // namespace tabulon

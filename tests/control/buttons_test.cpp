@@ -1,0 +1,75 @@
+// The ButtonProperty record and the automatic placement of the four buttons.
+#include <gtest/gtest.h>
+
+#include "common/control_harness.h"
+
+namespace tabulon {
+namespace {
+
+using testing::ControlHarness;
+
+std::array<std::int32_t, 4> Lefts(const Form& f) {
+    return {f.cmdPrint.left(), f.cmdOK.left(), f.cmdCancel.left(), f.cmdHelp.left()};
+}
+
+gButtonProperty_type Record(VariantBool print, VariantBool ok, VariantBool cancel, VariantBool help,
+                            VariantBool defaultPos) {
+    gButtonProperty_type record;
+    record.blnPrintVisible = print;
+    record.blnOKVisible = ok;
+    record.blnCancelVisible = cancel;
+    record.blnHelpVisible = help;
+    record.blnDefaultPos = defaultPos;
+    record.lngPrintLeft = 100;
+    record.lngOKLeft = 200;
+    record.lngCancelLeft = 300;
+    record.lngHelpLeft = 400;
+    return record;
+}
+
+using ButtonPlacement = ControlHarness;
+
+TEST_F(ButtonPlacement, VisibleButtonsTakeSlotsFromTheRightAndHiddenOnesKeepTheirPlace) {
+    const struct {
+        gButtonProperty_type record;
+        std::array<std::int32_t, 4> lefts;  // Print, OK, Cancel, Help
+    } cases[] = {
+        {Record(kTrue, kTrue, kTrue, kTrue, kTrue), {3140, 4405, 5670, 6935}},
+        {Record(kTrue, kTrue, kTrue, kFalse, kTrue), {4405, 5670, 6935, 400}},
+        {Record(kTrue, kTrue, kFalse, kTrue, kTrue), {4405, 5670, 300, 6935}},
+        {Record(kTrue, kTrue, kFalse, kFalse, kTrue), {5670, 6935, 300, 400}},
+        {Record(kTrue, kFalse, kTrue, kTrue, kTrue), {4405, 200, 5670, 6935}},
+        {Record(kTrue, kTrue, kTrue, kTrue, kFalse), {100, 200, 300, 400}},
+    };
+    for (const auto& c : cases) {
+        control().SetButtonProperty(c.record);
+        EXPECT_EQ(Lefts(form()), c.lefts);
+    }
+    ExpectMessages({});
+}
+
+TEST_F(ButtonPlacement, TheLetAppliesTheRecordTellsTheHostAndThenPlacesTheButtons) {
+    host.clear();
+    control().SetButtonProperty(Record(kTrue, kFalse, kTrue, kTrue, kTrue));
+    EXPECT_FALSE(form().cmdOK.visible());
+    EXPECT_EQ(host.events(),
+              (std::vector<RecordedEvent>{{HostEventKind::PropertyChanged, "ButtonProperty"}}));
+    const gButtonProperty_type read = control().ButtonProperty();
+    EXPECT_EQ(read.blnOKVisible, kFalse);
+    EXPECT_EQ(read.blnHelpVisible, kTrue);
+    EXPECT_EQ(read.blnDefaultPos, kTrue);
+    EXPECT_EQ(read.lngOKLeft, 200);
+    EXPECT_EQ(read.lngPrintLeft, 4405);  // where the buttons stand, not what was given
+}
+
+TEST_F(ButtonPlacement, PlacementFollowsTheControlsWidth) {
+    control().Resize(9465, 6300);
+    for (Button* b : {&form().cmdPrint, &form().cmdOK, &form().cmdCancel, &form().cmdHelp}) {
+        b->setLeft(0);
+    }
+    control().Reposition_Button();
+    EXPECT_EQ(Lefts(form()), (std::array<std::int32_t, 4>{4405, 5670, 6935, 8200}));
+}
+
+}  // namespace
+}  // namespace tabulon

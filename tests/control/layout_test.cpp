@@ -1,0 +1,110 @@
+// The resize handling and the splitter: where the parts go, in twips.
+#include <gtest/gtest.h>
+
+#include <tuple>
+
+#include "common/control_harness.h"
+
+namespace tabulon {
+namespace {
+
+using testing::ControlHarness;
+using testing::Critical;
+
+using Geometry = std::tuple<std::int32_t, std::int32_t, std::int32_t, std::int32_t>;
+
+Geometry Of(const Component& c) {
+    return {c.left(), c.top(), c.width(), c.height()};
+}
+
+std::vector<Geometry> Layout(Form& form) {
+    std::vector<Geometry> layout;
+    for (const Component* c : form.children())
+        layout.push_back(Of(*c));
+    return layout;
+}
+
+using ControlLayout = ControlHarness;
+
+TEST_F(ControlLayout, FirstShowingKeepsTheDesignLayoutAndPublishesTheLargestTreeWidth) {
+    EXPECT_EQ(Of(form().msgGridView), Geometry(2840, 840, 5360, 4740));
+    EXPECT_EQ(Of(form().hscGrid), Geometry(2890, 5580, 5020, 255));
+    EXPECT_EQ(Of(form().vscGrid), Geometry(7930, 880, 255, 4390));
+    EXPECT_EQ(LargestTreeViewWidth(), 3155);
+}
+
+TEST_F(ControlLayout, GrowingMovesEveryPartByTheDifference) {
+    control().Resize(8500, 6900);
+    const Form& f = form();
+    EXPECT_EQ(Of(f.treTreeView), Geometry(0, 0, 2845, 6180));
+    EXPECT_EQ(Of(f.imgSplitter), Geometry(2875, 0, 45, 6180));
+    EXPECT_EQ(Of(f.fraFilterView), Geometry(2940, 0, 5560, 750));
+    EXPECT_EQ(f.cboFilter.width(), 4020);
+    EXPECT_EQ(Of(f.msgGridView), Geometry(2940, 840, 5560, 5340));
+    EXPECT_EQ(Of(f.hscGrid), Geometry(2990, 6180, 5220, 255));
+    EXPECT_EQ(Of(f.vscGrid), Geometry(8230, 880, 255, 4990));
+    EXPECT_EQ(Of(f.cmdPrint), Geometry(3440, 6480, 1215, 375));
+    EXPECT_EQ(Of(f.cmdHelp), Geometry(7235, 6480, 1215, 375));
+    EXPECT_EQ(LargestTreeViewWidth(), 3455);
+    ExpectMessages({});
+}
+
+TEST_F(ControlLayout, TheTreeTakesAThirdOfTheWidthChangeRoundedDown) {
+    control().Resize(8201, 6300);
+    EXPECT_EQ(form().treTreeView.width(), 2745);
+    control().Resize(8200, 6300);
+    EXPECT_EQ(form().treTreeView.width(), 2744);
+}
+
+TEST_F(ControlLayout, ANarrowTreeNeverShrinks) {
+    form().treTreeView.setWidth(1400);
+    control().Resize(8500, 6300);
+    EXPECT_EQ(form().treTreeView.width(), 1500);
+    control().Resize(8200, 6300);
+    EXPECT_EQ(form().treTreeView.width(), 1500);
+}
+
+TEST_F(ControlLayout, ASizeBelowTheMinimumIsRaisedBeforeAnythingMoves) {
+    const std::vector<Geometry> before = Layout(form());
+    control().Resize(5000, 4000);
+    EXPECT_EQ(form().control.width(), 8200);
+    EXPECT_EQ(form().control.height(), 6300);
+    EXPECT_EQ(Layout(form()), before);
+}
+
+TEST_F(ControlLayout, AWidthBeyondSixteenBitsIsAnError) {
+    control().Resize(40000, 6300);
+    ExpectMessages({Critical("Unexpected Error - 1003")});
+}
+
+TEST_F(ControlLayout, TheSplitterMovesEverythingBesideTheTree) {
+    control().SplitterDrag(1, 0, 200, 0);
+    const Form& f = form();
+    EXPECT_EQ(f.treTreeView.width(), 2945);
+    EXPECT_EQ(f.imgSplitter.left(), 2975);
+    EXPECT_EQ(Of(f.fraFilterView), Geometry(3040, 0, 5160, 750));
+    EXPECT_EQ(Of(f.msgGridView), Geometry(3040, 840, 5160, 4740));
+    EXPECT_EQ(Of(f.hscGrid), Geometry(3090, 5580, 4820, 255));
+    EXPECT_EQ(f.vscGrid.left(), 7930);
+    EXPECT_EQ(LargestTreeViewWidth(), 3155);
+}
+
+TEST_F(ControlLayout, TheSplitterKeepsTheTreeWithinItsLimits) {
+    const struct {
+        std::int32_t dx;
+        std::int32_t width;
+    } cases[] = {{-5000, 1500}, {-1245, 1500}, {-1244, 1501}, {410, 3155}, {411, 3155}};
+    for (const auto& c : cases) {
+        NewControl();
+        control().SplitterDrag(1, 0, c.dx, 0);
+        EXPECT_EQ(form().treTreeView.width(), c.width) << c.dx;
+    }
+}
+
+TEST_F(ControlLayout, OnlyTheLeftButtonDragsTheSplitter) {
+    control().SplitterDrag(2, 0, 200, 0);
+    EXPECT_EQ(form().treTreeView.width(), 2745);
+}
+
+}  // namespace
+}  // namespace tabulon

@@ -1,0 +1,120 @@
+// The control's lifecycle and the members that only report: XML, FilterValue,
+// DisplayColWidth, the discarding lets, first-time initialisation and termination.
+#include <gtest/gtest.h>
+
+#include "common/control_harness.h"
+#include "platform/xml/xml_document.h"
+#include "units/conversion_table.h"
+#include "widgets/scroll_grid.h"
+
+namespace tabulon {
+namespace {
+
+using testing::ControlHarness;
+using testing::DataFile;
+using testing::ReadFileBytes;
+
+using ControlLifecycle = ControlHarness;
+
+TEST_F(ControlLifecycle, XmlIsEmptyBeforeAnyLoad) {
+    EXPECT_EQ(control().XML(), "");
+    ExpectMessages({});
+}
+
+TEST_F(ControlLifecycle, XmlIsTheDocumentWithoutTheDtdAndWithEdits) {
+    ASSERT_TRUE(LoadDataFile("shell_two_by_two.xml"));
+    xml::Document expected;
+    ASSERT_TRUE(expected.Parse(ReadFileBytes(DataFile("shell_two_by_two.xml"))));
+    EXPECT_EQ(control().XML(), expected.Serialize());
+    EXPECT_EQ(control().XML().find("<!DOCTYPE"), std::string::npos);
+
+    // An edit written into the document shows at once.
+    core().doc.arrCellNodes.at(2, 1).setText("edited");
+    EXPECT_NE(control().XML().find(">edited</CellValue>"), std::string::npos);
+}
+
+TEST_F(ControlLifecycle, TheThreeLetsAcceptAndDiscardTheirValue) {
+    ASSERT_TRUE(LoadDataFile("shell_two_by_two.xml"));
+    const std::string xml = control().XML();
+    const std::string filter = control().FilterValue();
+    control().SetXML("<xml/>");
+    control().SetFilterValue("Nothing");
+    control().SetDisplayColWidth("1,2,3");
+    EXPECT_EQ(control().XML(), xml);
+    EXPECT_EQ(control().FilterValue(), filter);
+    EXPECT_EQ(control().DisplayColWidth(), "1500,1080,1080");
+    ExpectMessages({});
+}
+
+TEST_F(ControlLifecycle, DisplayColWidthIsEmptyWithoutColumns) {
+    EXPECT_EQ(control().DisplayColWidth(), "");
+}
+
+TEST_F(ControlLifecycle, FirstTimeInitialisationChangesNothingVisible) {
+    Generic_SP_Control fresh(sink, host);
+    fresh.form().cmdHelp.setVisible(false);
+    fresh.InitProperties();
+    EXPECT_FALSE(fresh.form().cmdHelp.visible());
+    EXPECT_FALSE(fresh.form().hscGrid.visible());
+    EXPECT_FALSE(fresh.form().vscGrid.visible());
+    EXPECT_EQ(fresh.GeneralProperty().intScrollBars, 0);
+    EXPECT_TRUE(host.events().empty());
+}
+
+TEST_F(ControlLifecycle, ShowingTwicePlacesTheButtonsOnce) {
+    form().cmdOK.setLeft(10);
+    control().Show();
+    EXPECT_EQ(form().cmdOK.left(), 10);
+}
+
+TEST_F(ControlLifecycle, TerminateReleasesTheDocumentAndThePerThreadState) {
+    ASSERT_TRUE(LoadDataFile("shell_two_by_two.xml"));
+    ASSERT_EQ(ScrollGrid(), &form().msgGridView);
+    control().Terminate();
+    EXPECT_EQ(control().XML(), "");
+    EXPECT_EQ(core().doc.treeRecordCount(), 0);
+    EXPECT_TRUE(core().doc.arrGridValueNodes.empty());
+    EXPECT_EQ(core().doc.arrCellNodes.upperBound1(), -1);
+    EXPECT_FALSE(HasConversionTable());
+    EXPECT_EQ(ScrollGrid(), nullptr);
+    control().Terminate();  // a second time does nothing
+    EXPECT_TRUE(control().terminated());
+}
+
+TEST_F(ControlLifecycle, TheLastInstanceCreatedOrTerminatedDecidesThePerThreadState) {
+    Generic_SP_Control second(sink, host);
+    EXPECT_EQ(ScrollGrid(), &second.form().msgGridView);
+    control().Terminate();
+    EXPECT_FALSE(HasConversionTable());
+    EXPECT_EQ(ScrollGrid(), nullptr);
+}
+
+TEST_F(ControlLifecycle, CancelAndHelpOnlyRaiseTheirEvents) {
+    ASSERT_TRUE(LoadDataFile("shell_two_by_two.xml"));
+    const std::string xml = control().XML();
+    host.clear();
+    form().cmdCancel.userClick();
+    form().cmdHelp.userClick();
+    EXPECT_EQ(host.events(), (std::vector<RecordedEvent>{{HostEventKind::CancelClick, ""},
+                                                         {HostEventKind::HelpClick, ""}}));
+    EXPECT_EQ(control().XML(), xml);
+}
+
+TEST_F(ControlLifecycle, SpaceOnAButtonClicksItOnceAndOtherKeysDoNothing) {
+    form().cmdCancel.setFocus();
+    control().UserKeyStroke(32, 32, 0);
+    control().UserKeyStroke(13, 13, 0);
+    control().UserKeyStroke(65, 65, 0);
+    EXPECT_EQ(host.events(), (std::vector<RecordedEvent>{{HostEventKind::CancelClick, ""}}));
+}
+
+TEST_F(ControlLifecycle, KeysReachTheFocusedTextBox) {
+    form().txtTextBoxControl.setVisible(true);
+    form().txtTextBoxControl.setFocus();
+    for (const char c : std::string("ab"))
+        control().UserKeyStroke(c, c, 0);
+    EXPECT_EQ(form().txtTextBoxControl.text(), "ab");
+}
+
+}  // namespace
+}  // namespace tabulon

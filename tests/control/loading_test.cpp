@@ -1,0 +1,163 @@
+// Loading a document: results, messages and the state of the view for Load and
+// LoadXML, including the deliberate asymmetry between them.
+#include <gtest/gtest.h>
+
+#include "common/control_harness.h"
+#include "control/document_loading.h"
+#include "document/validate_document_text.h"
+#include "units/conversion_table.h"
+
+namespace tabulon {
+namespace {
+
+using testing::ControlHarness;
+using testing::Critical;
+using testing::DataFile;
+using testing::ReadFileBytes;
+
+std::string Replaced(std::string text, std::string_view from, std::string_view to) {
+    const std::size_t at = text.find(from);
+    EXPECT_NE(at, std::string::npos) << from;
+    if (at != std::string::npos) text.replace(at, from.size(), to);
+    return text;
+}
+
+std::string CustomUnitsWith(std::string_view from, std::string_view to) {
+    return Replaced(ReadFileBytes(DataFile("shell_custom_units.xml")), from, to);
+}
+
+class DocumentLoading : public ControlHarness {
+protected:
+    // Loads text both ways into fresh controls; returns {Load, LoadXML} results and
+    // checks that both showed the same messages.
+    std::pair<bool, bool> LoadBothWays(const std::string& text) {
+        const bool byFile = LoadPath(TempFile("doc.xml", text));
+        const std::vector<RecordedMessage> fileMessages = sink.messages();
+        const bool fileGridEnabled = form().msgGridView.enabled();
+        NewControl();
+        sink.clear();
+        const bool byText = LoadText(text);
+        EXPECT_EQ(sink.messages(), fileMessages);
+        EXPECT_EQ(fileGridEnabled, byFile && byText);
+        return {byFile, byText};
+    }
+};
+
+TEST_F(DocumentLoading, ASuccessfulLoadEnablesTheViewAndKeepsThePath) {
+    const std::filesystem::path path = DataFile("shell_two_by_two.xml");
+    ASSERT_TRUE(LoadPath(path));
+    ExpectMessages({});
+    EXPECT_TRUE(form().msgGridView.enabled());
+    EXPECT_TRUE(form().cboFilter.enabled());
+    EXPECT_EQ(core().doc.strXMLPath, path.string());
+    EXPECT_EQ(form().treTreeView.selectedIndex(), 1);
+    EXPECT_TRUE(form().treTreeView.hasFocus());
+    EXPECT_EQ(core().doc.strMeasurementUnit, "ENGLISH");
+
+    ASSERT_TRUE(LoadDataText("shell_two_by_two.xml"));
+    EXPECT_EQ(core().doc.strXMLPath, "");
+}
+
+TEST_F(DocumentLoading, AMissingFileIsNotFound) {
+    EXPECT_FALSE(LoadPath(TempDir() / "absent.xml"));
+    EXPECT_FALSE(LoadPath(TempDir()));  // a folder is no file
+    ExpectMessages({Critical("XML file not found"), Critical("XML file not found")});
+}
+
+TEST_F(DocumentLoading, AParseFailureShowsTheReasonForAFileAndInvalidXmlForText) {
+    const std::filesystem::path path = TempFile("broken.xml", "<xml MeasurementUnit=\"ENGLISH\">");
+    xml::ParseError error;
+    ASSERT_FALSE(xml::Document().LoadFile(path.string(), &error));
+    EXPECT_FALSE(LoadPath(path));
+    EXPECT_FALSE(LoadText("<xml MeasurementUnit=\"ENGLISH\">"));
+    EXPECT_FALSE(LoadText(""));
+    ExpectMessages({Critical(error.reason), Critical("Invalid XML"), Critical("Invalid XML")});
+}
+
+TEST_F(DocumentLoading, AnInvalidDocumentShowsTheValidationMessage) {
+    const std::string text =
+        Replaced(ReadFileBytes(DataFile("shell_two_by_two.xml")), "Filter=\"0\"", "Filter=\"2\"");
+    RecordingSink expected;
+    ASSERT_FALSE(ValidateDocumentText(text, expected));
+    EXPECT_EQ(LoadBothWays(text), std::make_pair(false, false));
+    EXPECT_EQ(sink.messages(), expected.messages());
+}
+
+TEST_F(DocumentLoading, ModelFailuresFailLoadXmlButNotLoad) {
+    const struct {
+        const char* what;
+        std::string text;
+        std::vector<RecordedMessage> messages;
+    } cases[] = {
+        {"unnamed custom unit",
+         CustomUnitsWith("EUnit=\"TONDAY_TO_KGS\"", "EUnit=\"\""),
+         {Critical("English and Metric custom unit name can not blank."),
+          Critical("Error in reading custom units.")}},
+        {"custom unit named like a built-in one",
+         CustomUnitsWith("EUnit=\"BAG_TO_SACK\"", "EUnit=\"f_to_c\""),
+         {Critical("Unexpected Error - 1032")}},
+        {"tree that cannot be built",
+         ReadFileBytes(DataFile("shell_tree_comment.xml")),
+         {Critical("Unexpected Error - 1024")}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        NewControl();
+        sink.clear();
+        EXPECT_EQ(LoadBothWays(c.text), std::make_pair(true, false));
+        ExpectMessages(c.messages);
+    }
+}
+
+TEST_F(DocumentLoading, AFailedModelKeepsThePreviousPathAndLeavesTheGridDisabled) {
+    const std::filesystem::path good = TempCopy("shell_two_by_two.xml");
+    ASSERT_TRUE(LoadPath(good));
+    EXPECT_TRUE(LoadPath(TempCopy("shell_tree_comment.xml")));
+    EXPECT_EQ(core().doc.strXMLPath, good.string());
+    EXPECT_FALSE(form().msgGridView.enabled());
+    EXPECT_FALSE(form().cboFilter.enabled());
+}
+
+TEST_F(DocumentLoading, CustomUnitsAreReadAndStayRegisteredAcrossLoads) {
+    ASSERT_TRUE(LoadDataText("shell_custom_units.xml"));
+    EXPECT_EQ(core().doc.arrCustomUnits,
+              (std::vector<CustomUnitRow>{{"TONDAY_TO_KGS", "kg/s", "0.0105"},
+                                          {"BAG_TO_SACK", "sack", "2.5"}}));
+    EXPECT_EQ(ConversionIndex("tonday_to_kgs"), 64);
+    EXPECT_EQ(ConversionIndex("BAG_TO_SACK"), 65);
+    ExpectMessages({});
+
+    EXPECT_FALSE(LoadDataText("shell_custom_units.xml"));
+    ExpectMessages({Critical("Unexpected Error - 1032")});
+}
+
+TEST_F(DocumentLoading, CustomUnitsNeedExactlyThreeChildrenUnderTheRoot) {
+    const std::string text =
+        CustomUnitsWith("<TreeStructure>", "<!-- units off --><TreeStructure>");
+    ASSERT_TRUE(LoadText(text));
+    EXPECT_TRUE(core().doc.arrCustomUnits.empty());
+    EXPECT_THROW(ConversionIndex("BAG_TO_SACK"), UnknownConversionFailure);
+    ExpectMessages({});
+}
+
+TEST_F(DocumentLoading, EachStageReportsItsOwnCode) {
+    const struct {
+        const char* text;
+        const char* message;
+    } cases[] = {
+        {"<root/>", "Unexpected Error - 1032"},
+        {"<xml/>", "Unexpected Error - 1032"},
+        {"<xml MeasurementUnit=\"ENGLISH\"><GridStructure/></xml>", "Unexpected Error - 1033"},
+        {"<xml MeasurementUnit=\"ENGLISH\"><TreeStructure/></xml>", "Unexpected Error - 1034"},
+    };
+    for (const auto& c : cases) {
+        sink.clear();
+        core().doc.objXMLDoc = std::make_unique<xml::Document>();
+        ASSERT_TRUE(core().doc.objXMLDoc->Parse(c.text));
+        EXPECT_FALSE(ProcessDocument(core())) << c.text;
+        ExpectMessages({Critical(c.message)});
+    }
+}
+
+}  // namespace
+}  // namespace tabulon

@@ -1,0 +1,162 @@
+// Restoring and saving the settings through the host's property bag.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "common/control_harness.h"
+
+namespace tabulon {
+namespace {
+
+using testing::ControlHarness;
+using testing::Critical;
+
+// A bag that remembers the order of reads and every write with its default.
+class LoggingBag : public MemoryPropertyBag {
+public:
+    PropertyValue Read(const std::string& key, const PropertyValue& defaultValue) override {
+        reads.push_back(key);
+        return MemoryPropertyBag::Read(key, defaultValue);
+    }
+    void Write(const std::string& key, const PropertyValue& value,
+               const PropertyValue& defaultValue) override {
+        writes.push_back({key, value, defaultValue});
+        MemoryPropertyBag::Write(key, value, defaultValue);
+    }
+    struct Written {
+        std::string key;
+        PropertyValue value;
+        PropertyValue defaultValue;
+    };
+    std::vector<std::string> reads;
+    std::vector<Written> writes;
+};
+
+const std::vector<std::string> kRestoreOrder = {
+    "hscGrid.LeftMargin",
+    "hscGrid.RightMargin",
+    "vscGrid.TopMargin",
+    "vscGrid.BottomMargin",
+    "ButtonProperty.blnPrintVisible",
+    "ButtonProperty.blnOKVisible",
+    "ButtonProperty.blnCancelVisible",
+    "ButtonProperty.blnHelpVisible",
+    "ButtonProperty.blnDefaultPos",
+    "ButtonProperty.lngPrintLeft",
+    "ButtonProperty.lngOKLeft",
+    "ButtonProperty.lngCancelLeft",
+    "ButtonProperty.lngHelpLeft",
+    "GeneralProperty.lngTreeViewWidth",
+    "GeneralProperty.lngTreeViewStyle",
+    "GeneralProperty.blnFilterVisible",
+    "GeneralProperty.strFilterCaption",
+    "GeneralProperty.strFilterLabel",
+    "GeneralProperty.blnAllowBigSelection",
+    "GeneralProperty.lngRowHeightMin",
+    "GeneralProperty.lngColWidthMin",
+    "GeneralProperty.intScrollBars",
+};
+
+using Persistence = ControlHarness;
+
+TEST_F(Persistence, AnEmptyBagRestoresTheDefaults) {
+    LoggingBag bag;
+    RestoreControl(bag);
+    EXPECT_EQ(bag.reads, kRestoreOrder);
+    const gButtonProperty_type buttons = control().ButtonProperty();
+    EXPECT_EQ(buttons,
+              (gButtonProperty_type{kTrue, kTrue, kTrue, kTrue, kTrue, 3150, 4415, 5680, 6945}));
+    const gGeneralProperty_type general = control().GeneralProperty();
+    EXPECT_EQ(general, (gGeneralProperty_type{2745, 7, kTrue, "Filter", "Filter Label", kFalse, 1,
+                                              350, 1080}));
+    EXPECT_TRUE(form().vscGrid.visible());
+    ExpectMessages({});
+}
+
+TEST_F(Persistence, SavingWritesEveryKeyWithItsDefaultAndDefaultPosFirst) {
+    LoggingBag bag;
+    RestoreControl(bag);
+    control().WriteProperties(bag);
+    std::vector<std::string> keys;
+    for (const LoggingBag::Written& w : bag.writes) {
+        keys.push_back(w.key);
+        EXPECT_EQ(w.value, w.defaultValue) << w.key;
+    }
+    std::vector<std::string> expected(kRestoreOrder.begin() + 4, kRestoreOrder.end());
+    std::rotate(expected.begin(), expected.begin() + 4, expected.begin() + 5);
+    expected.insert(expected.end(), kRestoreOrder.begin(), kRestoreOrder.begin() + 4);
+    EXPECT_EQ(keys, expected);
+    EXPECT_TRUE(bag.values().empty());  // values equal to their default are not stored
+}
+
+TEST_F(Persistence, StoredValuesAreAppliedToTheParts) {
+    MemoryPropertyBag bag;
+    bag.values() = {{"ButtonProperty.blnHelpVisible", false},
+                    {"ButtonProperty.lngOKLeft", std::int64_t{1234}},
+                    {"GeneralProperty.lngTreeViewWidth", std::int64_t{99000}},
+                    {"GeneralProperty.strFilterLabel", std::string("Size")},
+                    {"GeneralProperty.intScrollBars", std::int64_t{0}},
+                    {"hscGrid.RightMargin", std::int64_t{20}}};
+    RestoreControl(bag);
+    EXPECT_FALSE(form().cmdHelp.visible());
+    EXPECT_EQ(form().cmdOK.left(), 1234);
+    EXPECT_EQ(form().treTreeView.width(), 99000);  // as stored, no limits
+    EXPECT_EQ(form().lblFilter.caption(), "Size");
+    EXPECT_FALSE(form().hscGrid.visible());
+    EXPECT_EQ(form().hscGrid.RightMargin(), 20);
+}
+
+TEST_F(Persistence, AnyNonZeroScrollBarModeIsSavedAsOne) {
+    MemoryPropertyBag bag;
+    bag.values()["GeneralProperty.intScrollBars"] = std::int64_t{2};
+    RestoreControl(bag);
+    EXPECT_TRUE(form().hscGrid.visible());
+    LoggingBag saved;
+    control().WriteProperties(saved);
+    for (const LoggingBag::Written& w : saved.writes) {
+        if (w.key == "GeneralProperty.intScrollBars") {
+            EXPECT_EQ(w.value, PropertyValue(std::int64_t{1}));
+        }
+    }
+}
+
+TEST_F(Persistence, TheColumnMinimumOnlyAppliesToColumnsMadeLater) {
+    ASSERT_TRUE(LoadDataFile("shell_two_by_two.xml"));
+    MemoryPropertyBag bag;
+    bag.values()["GeneralProperty.lngColWidthMin"] = std::int64_t{500};
+    control().ReadProperties(bag);
+    EXPECT_EQ(control().DisplayColWidth(), "1500,1080,1080");
+    EXPECT_EQ(control().GeneralProperty().lngColWidthMin, 500);
+    ASSERT_TRUE(LoadDataFile("shell_two_by_two.xml"));
+    EXPECT_EQ(control().DisplayColWidth(), "1500,500,500");
+}
+
+TEST_F(Persistence, SavedPositionsAreTheLastGivenNotWhereTheButtonsStand) {
+    gButtonProperty_type record = control().ButtonProperty();
+    record.blnDefaultPos = kTrue;
+    record.lngPrintLeft = 11;
+    record.lngOKLeft = 22;
+    record.lngCancelLeft = 33;
+    record.lngHelpLeft = 44;
+    control().SetButtonProperty(record);
+    control().Reposition_Button();
+    ASSERT_EQ(form().cmdOK.left(), 4405);
+    MemoryPropertyBag bag;
+    control().WriteProperties(bag);
+    EXPECT_EQ(bag.values().at("ButtonProperty.lngPrintLeft"), PropertyValue(std::int64_t{11}));
+    EXPECT_EQ(bag.values().at("ButtonProperty.lngHelpLeft"), PropertyValue(std::int64_t{44}));
+}
+
+TEST_F(Persistence, ABadStoredValueEndsTheRestoreAndKeepsWhatWasApplied) {
+    MemoryPropertyBag bag;
+    bag.values() = {{"ButtonProperty.blnOKVisible", false},
+                    {"GeneralProperty.lngTreeViewStyle", std::string("wide")}};
+    RestoreControl(bag);
+    ExpectMessages({Critical("Unexpected Error - 1013")});
+    EXPECT_FALSE(form().cmdOK.visible());
+    EXPECT_EQ(form().treTreeView.style(), 7);
+    EXPECT_FALSE(form().hscGrid.visible());
+}
+
+}  // namespace
+}  // namespace tabulon

@@ -1,0 +1,166 @@
+// OK and the validation gate: only a document whose every Valid is exactly "1" is
+// handed to the host and written back to its file.
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "common/control_harness.h"
+
+namespace tabulon {
+namespace {
+
+using testing::ControlHarness;
+using testing::Critical;
+using testing::ReadFileBytes;
+
+constexpr const char* kValidationMessage =
+    "Validation Error(s). You must correct all data highlighted in red before saving.";
+
+// The CellValue whose text is marker (shell_gate.xml names every cell "vC-KEY-rR").
+xml::Node CellNamed(ControlCore& core, std::string_view marker) {
+    for (const xml::Node& node : core.doc.objXMLDoc->root().select("//CellValue")) {
+        if (node.text() == marker) return node;
+    }
+    ADD_FAILURE() << "no cell " << marker;
+    return {};
+}
+
+class SaveGate : public ControlHarness {
+protected:
+    void SetUp() override {
+        path_ = TempCopy("shell_gate.xml");
+        ASSERT_TRUE(LoadPath(path_));
+        original_ = ReadFileBytes(path_);
+        ClearRecords();
+    }
+    void SetValid(std::string_view marker, std::string_view valid) {
+        CellNamed(core(), marker).setAttribute("Valid", valid);
+    }
+    std::filesystem::path path_;
+    std::string original_;
+};
+
+TEST_F(SaveGate, AValidDocumentRaisesOKClickBeforeTheFileIsRewritten) {
+    std::string seenDuringOKClick;
+    host.onOKClick = [&] { seenDuringOKClick = ReadFileBytes(path_); };
+    CellNamed(core(), "v2-KB-r1").setText("edited");
+    form().cmdOK.userClick();
+    ExpectMessages({});
+    EXPECT_EQ(host.events(), (std::vector<RecordedEvent>{{HostEventKind::OKClick, ""}}));
+    EXPECT_EQ(seenDuringOKClick, original_);
+    EXPECT_EQ(ReadFileBytes(path_), control().XML());
+    EXPECT_NE(ReadFileBytes(path_).find(">edited<"), std::string::npos);
+}
+
+TEST_F(SaveGate, ADocumentGivenAsTextIsNeverWritten) {
+    ASSERT_TRUE(LoadText(original_));
+    CellNamed(core(), "v1-KA-r1").setText("edited");
+    form().cmdOK.userClick();
+    EXPECT_EQ(host.events(), (std::vector<RecordedEvent>{{HostEventKind::OKClick, ""}}));
+    EXPECT_EQ(ReadFileBytes(path_), original_);
+}
+
+TEST_F(SaveGate, OnlyTheExactTextOnePasses) {
+    for (const char* valid : {"0", "", " 1", "1 ", "01"}) {
+        SetValid("v1-KA-r2", valid);
+        sink.clear();
+        host.clear();
+        form().cmdOK.userClick();
+        ExpectMessages({Critical(kValidationMessage)});
+        EXPECT_TRUE(host.events().empty()) << '"' << valid << '"';
+    }
+    EXPECT_EQ(ReadFileBytes(path_), original_);
+}
+
+TEST_F(SaveGate, TheFirstInvalidCellIsShownWhicheverGridIsOnScreen) {
+    // Column 3 of grid A comes before column 1 of grid B in the tree, but the scan goes
+    // GridValue by GridValue: column 1 wins.
+    SetValid("v3-KA-r2", "0");
+    SetValid("v1-KB-r2", "0");
+    for (const int shown : {1, 2}) {
+        form().treTreeView.userClickNode(shown);
+        sink.clear();
+        form().cmdOK.userClick();
+        ExpectMessages({Critical(kValidationMessage)});
+        EXPECT_EQ(form().treTreeView.selectedIndex(), 2);
+        EXPECT_EQ(core().doc.strCurrentValueKey, "KB");
+        EXPECT_EQ(form().msgGridView.col(), 1);
+        EXPECT_EQ(form().msgGridView.row(), 2);
+        EXPECT_TRUE(form().msgGridView.hasFocus());
+    }
+}
+
+TEST_F(SaveGate, ACellOfTheLastTreeNodeBlocksSavingButIsNotShown) {
+    SetValid("v2-KL-r1", "0");
+    form().cmdOK.userClick();
+    ExpectMessages({Critical(kValidationMessage)});
+    EXPECT_EQ(form().treTreeView.selectedIndex(), 1);
+    EXPECT_EQ(core().doc.strCurrentValueKey, "KA");
+    EXPECT_TRUE(host.events().empty());
+}
+
+TEST_F(SaveGate, AFailureInsideTheGateIsReportedBeforeTheValidationMessage) {
+    // A comment among the values is a child without a Valid flag to read.
+    std::string text = original_;
+    const std::string values = "<CellValues GridValueKey=\"KB\">";
+    text.replace(text.find(values), values.size(), values + "<!-- checked by hand -->");
+    ASSERT_TRUE(LoadPath(TempFile("commented.xml", text)));
+    ClearRecords();
+    form().cmdOK.userClick();
+    ExpectMessages({Critical("Error in XML validation"), Critical(kValidationMessage)});
+    EXPECT_TRUE(host.events().empty());
+}
+
+TEST_F(SaveGate, AnOpenEditorIsCommittedBeforeTheGateLooks) {
+    const std::filesystem::path path = TempCopy("shell_unitnum.xml");
+    ASSERT_TRUE(LoadPath(path));
+    const std::string before = ReadFileBytes(path);
+    form().msgGridView.userClick(1, 1);
+    ASSERT_TRUE(form().unitNumControl.visible());
+    form().unitNumControl.UserSetText("500");  // above MaxVal 100
+    ClearRecords();
+    form().cmdOK.userClick();
+    ExpectMessages({Critical(kValidationMessage)});
+    EXPECT_FALSE(form().unitNumControl.visible());
+    EXPECT_TRUE(host.events().empty());
+    EXPECT_EQ(ReadFileBytes(path), before);
+    EXPECT_NE(control().XML().find("Valid=\"0\" ApplicationValidation=\"0\">500.00<"),
+              std::string::npos);
+}
+
+TEST_F(SaveGate, NothingHappensBeforeASuccessfulLoad) {
+    NewControl();
+    form().cmdOK.userClick();
+    form().cmdPrint.userClick();
+    ExpectMessages({});
+    EXPECT_TRUE(host.events().empty());
+}
+
+// Permission checks do not apply to root, so OK is pressed in a child process that
+// first gives up root rights when it has them.
+TEST_F(SaveGate, AFailedSaveShowsItsMessageAndLeavesTheFileByteIdentical) {
+    ASSERT_EQ(chmod(path_.c_str(), 0666), 0);
+    ASSERT_EQ(chmod(TempDir().c_str(), 0555), 0);
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        if (geteuid() == 0 && (setgid(65534) != 0 || setuid(65534) != 0)) _exit(2);
+        form().cmdOK.userClick();
+        const bool asExpected =
+            sink.messages() ==
+                std::vector<RecordedMessage>{Critical("Unable the save the XML file.")} &&
+            host.events() == std::vector<RecordedEvent>{{HostEventKind::OKClick, ""}};
+        _exit(asExpected ? 0 : 1);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    chmod(TempDir().c_str(), 0755);
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 0);
+    EXPECT_EQ(ReadFileBytes(path_), original_);
+}
+
+}  // namespace
+}  // namespace tabulon

@@ -1,0 +1,146 @@
+// Writing the editor's value into the grid and the document, and the host's
+// validation round trip.
+#include "editing/editing_fixture.h"
+
+namespace tabulon::testing {
+namespace {
+
+constexpr Rgb kRed = 0xFF0000;
+constexpr Rgb kWhite = 0xFFFFFF;
+const std::string kWidget = R"(<CustomUnit EUnit="widget" MUnit="wdg" EToMFactor="2.5"/>)";
+
+class CommitCellEdit : public EditingTest {};
+
+TEST_F(CommitCellEdit, TextAndPickListNeverTouchValidOrColour) {
+    Load({Row("TextBox"), Row("ComboBox", "ListValues=\"a;b\"")},
+         {Column({{"x", true, false}, {"a", true, false}})});
+    Click(1, 1);
+    Paste("12345");
+    Click(2, 1);  // leaving the cell commits it
+    ASSERT_TRUE(form().cboComboBoxControl.userPick("b"));
+    PointAtHeader();
+    for (const auto& [r, text] : {std::pair{1, "12345"}, std::pair{2, "b"}}) {
+        EXPECT_EQ(Shown(r, 1), text);
+        EXPECT_EQ(Stored(r, 1), text);
+        EXPECT_EQ(Attribute(r, 1, "Valid"), "0");
+        EXPECT_EQ(grid().cellBackColor(r, 1), kRed);
+    }
+}
+
+TEST_F(CommitCellEdit, NegativeBelowMinimumBecomesZero) {
+    struct Case {
+        std::string minVal, typed, shown, valid;
+    };
+    for (const Case& c : std::vector<Case>{
+             {"0", "-5", "0.00", "1"},     // zero, not the minimum
+             {"-10", "-5", "-5.00", "1"},  // not below the minimum: kept
+             {"5", "-3", "0.00", "0"},     // zero may still be out of range
+             {"0", "150", "150.00", "0"},
+         }) {
+        SCOPED_TRACE(c.minVal + " / " + c.typed);
+        Load({Row("UnitNum",
+                  R"(Unit="FT_TO_M" Format="0.00" MaxVal="100" MinVal=")" + c.minVal + "\"")},
+             {Column({{"1", true, c.valid == "1"}})});
+        Click(1, 1);
+        Paste(c.typed);
+        PointAtHeader();
+        EXPECT_EQ(Shown(1, 1), c.shown);
+        EXPECT_EQ(Stored(1, 1), c.shown);
+        EXPECT_EQ(Attribute(1, 1, "Valid"), c.valid);
+        EXPECT_EQ(grid().cellBackColor(1, 1), c.valid == "1" ? kWhite : kRed);
+    }
+}
+
+TEST_F(CommitCellEdit, UnitDropWritesNumberThenUnitWithoutBlank) {
+    struct Case {
+        std::string cellText, typed, shown;
+    };
+    for (const Case& c : std::vector<Case>{{"5(ft)", "", "0.0(ft)"},  // zero in the unit's format
+                                           {"5(in)", "7", "7(in)"},
+                                           {"", "", ""},
+                                           {"5", "7.25", "7.3"}}) {  // no unit: the row's format
+        SCOPED_TRACE(c.cellText + " / " + c.typed);
+        Load({Row("UnitDrop", R"(Unit="FT_TO_M;INCH_TO_MM" Format="0.0;0")")},
+             {Column({{c.cellText}})});
+        Click(1, 1);
+        Paste(c.typed);
+        PointAtHeader();
+        EXPECT_EQ(Shown(1, 1), c.shown);
+        EXPECT_EQ(Stored(1, 1), c.shown);
+    }
+}
+
+TEST_F(CommitCellEdit, MetricValuesAreStoredInEnglishWithSevenDecimals) {
+    Load({Row("UnitNum", R"(Unit="widget" Format="0.00")"),
+          Row("UnitDrop", R"(Unit="FT_TO_M;INCH_TO_MM" Format="0.0000;0")")},
+         {Column({{"2"}, {"1(ft)"}})}, "METRIC", kWidget);
+    EXPECT_EQ(Shown(1, 1), "5.00");
+    Click(1, 1);
+    Paste("10");
+    Click(2, 1);
+    EXPECT_EQ(Shown(1, 1), "10.00");
+    EXPECT_EQ(Stored(1, 1), "4.0000000");
+    EXPECT_EQ(form().unitDropControl.SelectedUnitText(), "m");
+    Paste("0.9144");
+    PointAtHeader();
+    EXPECT_EQ(Shown(2, 1), "0.9144(m)");
+    EXPECT_EQ(Stored(2, 1), "3.0000000(m)");  // stored in feet, with the unit as shown
+}
+
+TEST_F(CommitCellEdit, HostValidatesOnlyCommittedCellsThatAskForIt) {
+    Load({Row("TextBox"), Row("TextBox")}, {Column({{"a", true, true, true}, {"b"}})});
+    Click(2, 1);
+    Paste("no host");
+    Click(1, 1);  // commits row 2, which does not ask
+    EXPECT_THAT(host.events(), IsEmpty());
+    Paste("z");
+    PointAtHeader();
+    PointAtHeader();  // nothing open: nothing committed, no second event
+    const std::vector<RecordedEvent>& events = host.events();
+    ASSERT_EQ(events.size(), 3u);
+    EXPECT_EQ(events[0], (RecordedEvent{HostEventKind::WaitCursor, "1"}));
+    EXPECT_EQ(events[1].kind, HostEventKind::AppGridEventHandler);
+    EXPECT_THAT(events[1].text, ::testing::StartsWith("<GridValue>"));
+    EXPECT_THAT(events[1].text, ::testing::HasSubstr(">z</CellValue>"));
+    EXPECT_EQ(events[2], (RecordedEvent{HostEventKind::WaitCursor, "0"}));
+    EXPECT_TRUE(core().doc.cellValuesIndexStale);
+}
+
+TEST_F(CommitCellEdit, ColumnIsRefilledOnlyWhenTheHostChangedIt) {
+    Load({Row("TextBox"), Row("TextBox")}, {Column({{"a", true, true, true}, {"b"}})});
+    grid().setTextMatrix(2, 1, "scribble");  // a refill would restore "b"
+    Click(1, 1);
+    Paste("z");
+    PointAtHeader();
+    EXPECT_EQ(Shown(2, 1), "scribble");
+    host.onAppGridEventHandler = [](xml::Node& gridValue) {
+        gridValue.select("CellValues/CellValue[1]")[0].setAttribute("Valid", "0");
+    };
+    Click(1, 1);
+    Paste("y");
+    PointAtHeader();
+    EXPECT_EQ(Shown(2, 1), "b");
+    EXPECT_EQ(Shown(1, 1), "y");
+    EXPECT_EQ(grid().cellBackColor(1, 1), kRed);
+}
+
+TEST_F(CommitCellEdit, MetricRefillConvertsOnlyTheCommittedColumnOnce) {
+    const std::string feet = Row("UnitNum", R"(Unit="FT_TO_M" Format="0.0000")");
+    Load({feet, feet}, {Column({{"10", true, true, true}, {"20"}}), Column({{"30"}, {"40"}})},
+         "METRIC");
+    host.onAppGridEventHandler = [](xml::Node& gridValue) {
+        gridValue.select("CellValues/CellValue[2]")[0].setText("5");
+    };
+    grid().setTextMatrix(1, 2, "marker");
+    Click(1, 1);
+    Paste("0.6096");
+    PointAtHeader();
+    EXPECT_EQ(Stored(1, 1), "2.0000000");
+    EXPECT_EQ(Shown(1, 1), "0.6096");
+    EXPECT_EQ(Shown(2, 1), "1.5240");
+    EXPECT_EQ(Shown(1, 2), "marker");
+    EXPECT_EQ(Shown(2, 2), "12.1920");
+}
+
+}  // namespace
+}  // namespace tabulon::testing

@@ -1,0 +1,70 @@
+// The grid's and the scroll bars' notifications that commit and hide the editors.
+#include "editing/editing_fixture.h"
+
+namespace tabulon::testing {
+namespace {
+
+class GridEvents : public EditingTest {
+protected:
+    // Thirty text rows in one column; the editor open on (1, 1) with "typed" in it.
+    void OpenOnTallGrid() {
+        Load(std::vector<std::string>(30, Row("TextBox")),
+             {Column(std::vector<CellData>(30, CellData("v")))});
+        Click(1, 1);
+        Paste("typed");
+    }
+    void ExpectCommittedAndHidden() {
+        EXPECT_THAT(VisibleEditors(), IsEmpty());
+        EXPECT_EQ(Stored(1, 1), "typed");
+    }
+};
+
+TEST_F(GridEvents, ScrollCommitsAndHidesUnlessSuspended) {
+    OpenOnTallGrid();
+    core().blnScrollCommit = false;
+    grid().userScroll(1, 0);
+    EXPECT_THAT(VisibleEditors(), ElementsAre("txtTextBoxControl"));
+    core().blnScrollCommit = true;
+    grid().userScroll(1, 0);
+    ExpectCommittedAndHidden();
+}
+
+TEST_F(GridEvents, PointerOverHeaderLinesUpBarsCommitsHidesAndFocusesGrid) {
+    OpenOnTallGrid();
+    grid().setColWidth(0, 1500);
+    grid().setRowHeight(0, 400);
+    grid().userMouseMove(2, 1);  // over a data cell: only the margins follow the header
+    EXPECT_EQ(form().hscGrid.LeftMargin(), 1490);
+    EXPECT_EQ(form().vscGrid.TopMargin(), 390);
+    EXPECT_THAT(VisibleEditors(), ElementsAre("txtTextBoxControl"));
+    grid().userMouseMove(3, 0);  // over the header column
+    ExpectCommittedAndHidden();
+    EXPECT_TRUE(grid().hasFocus());
+}
+
+TEST_F(GridEvents, ScrollBarTakingFocusCommitsAndHides) {
+    for (Component* bar : std::vector<Component*>{&form().hscGrid, &form().vscGrid}) {
+        OpenOnTallGrid();
+        bar->setVisible(true);
+        bar->setFocus();
+        ExpectCommittedAndHidden();
+    }
+}
+
+TEST_F(GridEvents, ScrollBarRefreshAfterCellChangeDoesNotCommit) {
+    gGeneralProperty_type general = control().GeneralProperty();
+    general.intScrollBars = 1;
+    control().SetGeneralProperty(general);
+    // A commit of the cell just entered would hand its column to the host.
+    Load({Row("TextBox")}, {Column({{"a"}}), Column({{"b", true, true, true}}), Column({{"c"}})});
+    // The last column shows partly, so the bar's refresh probes by scrolling the grid.
+    for (const int c : {1, 2, 3})
+        grid().setColWidth(c, 2000);
+    Click(1, 2);
+    EXPECT_THAT(VisibleEditors(), ElementsAre("txtTextBoxControl"));
+    EXPECT_THAT(host.events(), IsEmpty());
+    EXPECT_TRUE(core().blnScrollCommit);
+}
+
+}  // namespace
+}  // namespace tabulon::testing

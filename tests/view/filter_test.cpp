@@ -1,0 +1,98 @@
+#include "view/filter.h"
+
+#include <gmock/gmock.h>
+
+#include "view_fixture.h"
+
+namespace tabulon::testing {
+namespace {
+
+using ::testing::ElementsAre;
+
+std::string Pnode(std::string_view key, std::string_view valueKey) {
+    return "<Pnode Name=\"" + std::string(key) + "\" KeyValue=\"" + std::string(key) +
+           "\" GridHeaderKey=\"H\" GridValueKey=\"" + std::string(valueKey) + "\" Filter=\"1\"/>";
+}
+
+// Four value columns; column 3 starts hidden (it has a Width).
+const std::string kLayout =
+    Header("H",
+           R"(<ColumnHeader HName="I" Width="1200"/><ColumnHeader HName="A"/>
+              <ColumnHeader HName="B"/><ColumnHeader HName="C" Width="900"/>
+              <ColumnHeader HName="D"/>)",
+           R"(<RowHeader HName="R" ControlType="TextBox"/>)");
+
+// One GridValue per entry of tags: the FilterValue of key V1's column there (null:
+// no FilterValue); key V2 is tagged "B" everywhere and V3 "Z".
+std::string Columns(std::initializer_list<const char*> tags) {
+    std::string out;
+    for (const char* tag : tags) {
+        const std::string attribute = tag ? std::string(" FilterValue=\"") + tag + "\"" : "";
+        out += "<GridValue><CellValues GridValueKey=\"V1\"" + attribute + ">" + Cell("v") +
+               "</CellValues><CellValues GridValueKey=\"V2\" FilterValue=\"B\">" + Cell("w") +
+               "</CellValues><CellValues GridValueKey=\"V3\" FilterValue=\"Z\">" + Cell("z") +
+               "</CellValues></GridValue>";
+    }
+    return out;
+}
+
+class Filter : public ViewTest {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(LoadText(Doc(Pnode("p1", "V1") + Pnode("p2", "V2") + Pnode("p3", "V3"), kLayout,
+                                 Columns({" A", "B", "A ", nullptr}))));
+    }
+};
+
+TEST_F(Filter, EntriesAreTrimmedDistinctValuesAfterAll) {
+    EXPECT_THAT(form().cboFilter.items(), ElementsAre("All", "A", "B"));
+    EXPECT_EQ(form().cboFilter.text(), "All");
+    EXPECT_THAT(ColWidths(), ElementsAre(1200, 1080, 1080, 900, 1080));
+    ExpectMessages({});
+}
+
+TEST_F(Filter, AnEntryShowsOnlyItsColumnsAndAllRestoresEveryWidth) {
+    ASSERT_TRUE(form().cboFilter.userPick("A"));
+    EXPECT_THAT(ColWidths(), ElementsAre(1200, 1080, 0, 900, 0));  // untagged D hidden too
+    EXPECT_EQ(FilterValueText(core()), "A");
+    ASSERT_TRUE(form().cboFilter.userPick("All"));
+    EXPECT_THAT(ColWidths(), ElementsAre(1200, 1080, 1080, 900, 1080));
+    form().cboFilter.setText("  B ");
+    EXPECT_EQ(FilterValueText(core()), "B");
+}
+
+TEST_F(Filter, AChosenEntrySurvivesANodeWhoseColumnsCarryIt) {
+    ASSERT_TRUE(form().cboFilter.userPick("B"));
+    ClickNode("p2");
+    EXPECT_EQ(form().cboFilter.text(), "B");
+    EXPECT_THAT(form().cboFilter.items(), ElementsAre("All", "B"));
+    EXPECT_THAT(ColWidths(), ElementsAre(1200, 1080, 1080, 900, 1080));
+    ClickNode("p3");
+    EXPECT_EQ(form().cboFilter.text(), "All");
+    EXPECT_THAT(form().cboFilter.items(), ElementsAre("All", "Z"));
+}
+
+TEST_F(Filter, AColumnWithoutItsCellValuesFailsTheClickAfterEarlierWidths) {
+    doc().arrColumnNodes.at(3) = xml::Node();
+    form().cboFilter.setText("B");
+    cboFilter_Click(core());
+    ExpectMessages({Critical("Unexpected Error - 1001")});
+    // The scan stops before any width is set.
+    EXPECT_THAT(ColWidths(), ElementsAre(1200, 1080, 1080, 900, 1080));
+}
+
+TEST_F(Filter, GridAreaLayoutIsIdempotent) {
+    form().fraFilterView.setVisible(false);
+    LayoutGridArea(core());
+    const std::int32_t top = grid().top();
+    const std::int32_t height = grid().height();
+    const std::int32_t barHeight = form().vscGrid.height();
+    LayoutGridArea(core());
+    EXPECT_EQ(top, 0);
+    EXPECT_EQ(grid().top(), top);
+    EXPECT_EQ(grid().height(), height);
+    EXPECT_EQ(form().vscGrid.height(), barHeight);
+}
+
+}  // namespace
+}  // namespace tabulon::testing

@@ -1,0 +1,209 @@
+#include "view/grid_fill.h"
+
+#include <gmock/gmock.h>
+
+#include "view_fixture.h"
+
+namespace tabulon::testing {
+namespace {
+
+using ::testing::ElementsAre;
+
+std::string Pnode(std::string_view key, std::string_view header, std::string_view values) {
+    return "<Pnode Name=\"" + std::string(key) + "\" KeyValue=\"" + std::string(key) +
+           "\" GridHeaderKey=\"" + std::string(header) + "\" GridValueKey=\"" +
+           std::string(values) + "\" Filter=\"0\"/>";
+}
+
+std::string Values(std::string_view key, std::string_view cells, std::string_view extra = "") {
+    return "<CellValues GridValueKey=\"" + std::string(key) + "\" " + std::string(extra) + ">" +
+           std::string(cells) + "</CellValues>";
+}
+
+const std::string kLayout =
+    Header("H",
+           R"(<ColumnHeader HName="Item" Width="1500"/><ColumnHeader HName="A"/>
+       <ColumnHeader HName="B" Width="900"/>)",
+           R"(<RowHeader HName="Text" ControlType="TextBox" MaxLength="12"/>
+       <RowHeader HName="Pick" ControlType="ComboBox" Height="100" ListValues="a;b"/>
+       <RowHeader HName="Num" ControlType="UnitNum" Height="500" Format="0.00" Unit="FT_TO_M"/>
+       <RowHeader HName="Drop" ControlType="UnitDrop"/>)");
+
+using GridFill = ViewTest;
+
+TEST_F(GridFill, LayoutComesFromTheGridHeader) {
+    grid().setRowHeightMin(0);
+    ASSERT_TRUE(LoadText(Doc(Pnode("n1", "H", "V1"), kLayout,
+                             "<GridValue>" + Values("V1", Cell("t")) + "</GridValue>")));
+    ASSERT_EQ(grid().rows(), 5);
+    ASSERT_EQ(grid().cols(), 3);
+    EXPECT_EQ(grid().fixedRows(), 1);
+    EXPECT_EQ(grid().fixedCols(), 1);
+    EXPECT_THAT(RowTexts(0), ElementsAre("Item", "A", "B"));
+    const std::int32_t heights[] = {320, 350, 500, 350};  // minimums 320 / 350
+    for (int r = 1; r <= 4; ++r)
+        EXPECT_EQ(grid().rowHeight(r), heights[r - 1]) << r;
+    // The filter's "All" shows every column at its ColumnHeader width.
+    EXPECT_THAT(ColWidths(), ElementsAre(1500, 1080, 900));
+    EXPECT_THAT(doc().arrColWidths, ElementsAre(1500, 1080, 900, 0));
+    // Before that, a value column with a Width starts hidden.
+    doc().strCurrentHeaderKey.clear();
+    ASSERT_TRUE(FillGridHeaders(core(), "H"));
+    EXPECT_THAT(ColWidths(), ElementsAre(1500, 1080, 0));
+    EXPECT_EQ(doc().arrRowInfo.at(1).MaxLength, 12);
+    EXPECT_EQ(doc().arrRowInfo.at(2).ListValues, "a;b");
+    EXPECT_EQ(doc().arrRowInfo.at(3).Unit, "FT_TO_M");
+    EXPECT_EQ(doc().arrRowInfo.at(4).ControlType, "UnitDrop");
+}
+
+TEST_F(GridFill, CellTextFollowsTheRowsControlType) {
+    const struct {
+        const char* type;
+        const char* format;
+        std::string cell;
+        const char* shown;
+    } cases[] = {
+        {"UnitNum", "0.00", Cell("12.5"), "12.50"},
+        {"UnitNum", "0.00", Cell("abc"), "0.00"},
+        {"UnitDrop", "", Cell("3(ft)"), "3(ft)"},
+        {"UnitDrop", "", Cell("3 (cu ft/min)"), "3 (cu ft/min)"},
+        {"UnitDrop", "", Cell("3(ft)x"), "3(ft))"},
+        {"UnitDrop", "", Cell("42"), "42"},
+        {"TextBox", "0.00", Cell(" a b "), " a b "},
+        {"ComboBox", "", Cell("High"), "High"},
+        {"TextBox", "", "<CellValue Enabled=\"1\" Valid=\"1\" ApplicationValidation=\"0\"/>", ""},
+    };
+    std::string rows;
+    std::string cells;
+    for (const auto& c : cases) {
+        rows += std::string("<RowHeader HName=\"r\" ControlType=\"") + c.type + "\" Format=\"" +
+                c.format + "\"/>";
+        cells += c.cell;
+    }
+    ASSERT_TRUE(
+        LoadText(Doc(Pnode("n1", "H", "V1"),
+                     Header("H", R"(<ColumnHeader HName="I"/><ColumnHeader HName="A"/>)", rows),
+                     "<GridValue>" + Values("V1", cells) + "</GridValue>")));
+    ExpectMessages({});
+    for (int r = 1; r <= static_cast<int>(std::size(cases)); ++r) {
+        const auto& c = cases[r - 1];
+        SCOPED_TRACE(c.cell);
+        EXPECT_EQ(grid().textMatrix(r, 1), c.shown);
+        const bool unitRow = std::string_view(c.type).starts_with("Unit");
+        EXPECT_EQ(grid().cellAlignment(r, 1),
+                  unitRow ? CellAlignment::RightTop : CellAlignment::LeftTop);
+    }
+}
+
+TEST_F(GridFill, EnabledSetsTextColourAndValidSetsBackColour) {
+    ASSERT_TRUE(LoadText(Doc(Pnode("n1", "H", "V1"), kLayout,
+                             "<GridValue>" +
+                                 Values("V1", Cell("a") + Cell("b", false, false) +
+                                                  Cell("1", true, false) + Cell("2", false, true)) +
+                                 "</GridValue>")));
+    const Rgb fore[] = {0x000000, 0x808080, 0x000000, 0x808080};
+    const Rgb back[] = {0xFFFFFF, 0xFF0000, 0xFF0000, 0xFFFFFF};
+    for (int r = 1; r <= 4; ++r) {
+        EXPECT_EQ(grid().cellForeColor(r, 1), fore[r - 1]) << r;
+        EXPECT_EQ(grid().cellBackColor(r, 1), back[r - 1]) << r;
+    }
+}
+
+TEST_F(GridFill, SameKeysKeepLayoutAndValuesAndShortColumnsKeepTheirRest) {
+    ASSERT_TRUE(LoadText(
+        Doc(Pnode("n1", "H", "V1") + Pnode("n2", "H", "V2") + Pnode("n3", "H", "V2"), kLayout,
+            "<GridValue>" + Values("V1", Cell("a1") + Cell("a2") + Cell("3") + Cell("4")) +
+                Values("V2", Cell("b1") + Cell("b2")) + "</GridValue>")));
+    grid().setRowHeight(1, 999);
+    ClickNode("n2");
+    EXPECT_EQ(grid().rowHeight(1), 999);  // same GridHeaderKey: layout kept
+    EXPECT_THAT(RowTexts(1), ElementsAre("Text", "b1", ""));
+    EXPECT_EQ(grid().textMatrix(3, 1), "3.00");  // fewer values than rows: rest stays
+    grid().setTextMatrix(1, 1, "scribble");
+    ClickNode("n3");
+    EXPECT_EQ(grid().textMatrix(1, 1), "scribble");  // same keys: nothing refilled
+    EXPECT_TRUE(doc().blnGridLoaded);
+    ExpectMessages({});
+}
+
+TEST_F(GridFill, ALayoutOfOneColumnShowsOnlyCaptions) {
+    ASSERT_TRUE(LoadText(Doc(Pnode("n1", "H", "V1"),
+                             Header("H", R"(<ColumnHeader HName="Item"/>)",
+                                    R"(<RowHeader HName="R" ControlType="TextBox"/>)"),
+                             "<GridValue>" + Values("V1", Cell("a")) + "</GridValue>")));
+    ExpectMessages({});
+    EXPECT_EQ(grid().cols(), 1);
+    EXPECT_THAT(RowTexts(1), ElementsAre("R"));
+    EXPECT_EQ(doc().arrCellNodes.upperBound1(), -1);
+    EXPECT_TRUE(doc().blnGridLoaded);
+}
+
+TEST_F(GridFill, AnUnknownHeaderKeyEmptiesTheGridAndDisablesTheFilter) {
+    ASSERT_TRUE(LoadText(Doc(Pnode("n1", "H", "V1") + Pnode("n2", "Nope", "V1"), kLayout,
+                             "<GridValue>" + Values("V1", Cell("a")) + "</GridValue>")));
+    form().cboFilter.setText("Type A");
+    ClickNode("n2");
+    ExpectMessages({Information("Grid header key 'Nope' not found in XML.")});
+    EXPECT_EQ(grid().rows(), 0);
+    EXPECT_EQ(grid().cols(), 0);
+    EXPECT_FALSE(form().cboFilter.enabled());
+    EXPECT_EQ(form().cboFilter.text(), "All");
+    EXPECT_EQ(form().hscGrid.LeftMargin(), 0);
+    EXPECT_EQ(form().vscGrid.TopMargin(), 0);
+    EXPECT_FALSE(form().hscGrid.ScrollEnabled());
+    EXPECT_FALSE(form().vscGrid.ScrollEnabled());
+    EXPECT_EQ(doc().strCurrentHeaderKey, "");
+    EXPECT_EQ(doc().strCurrentValueKey, "");
+    EXPECT_FALSE(doc().blnGridLoaded);
+}
+
+TEST_F(GridFill, ValuesBeyondTheLastColumnAreSkippedWithOneMessage) {
+    const std::string layout = Header("H", R"(<ColumnHeader HName="I"/><ColumnHeader HName="A"/>)",
+                                      R"(<RowHeader HName="R" ControlType="TextBox"/>)");
+    std::string values;
+    for (const char* text : {"one", "two", "three"}) {
+        values += "<GridValue>" + Values("V1", Cell(text)) + "</GridValue>";
+    }
+    ASSERT_TRUE(LoadText(Doc(Pnode("n1", "H", "V1"), layout, values)));
+    ExpectMessages({Information("Less column defined in 'ColumnHeaders' element")});
+    EXPECT_THAT(RowTexts(1), ElementsAre("R", "one"));
+    EXPECT_TRUE(doc().blnGridLoaded);
+}
+
+TEST_F(GridFill, AMissingValueKeyClearsEveryValueCell) {
+    ASSERT_TRUE(
+        LoadText(Doc(Pnode("n1", "H", "V1") + Pnode("n2", "H", "V9"), kLayout,
+                     "<GridValue>" + Values("V1", Cell("a")) + "</GridValue><GridValue>" +
+                         Values("V1", Cell("b")) + Values("V9", Cell("c")) + "</GridValue>")));
+    ClickNode("n2");
+    ExpectMessages({Information("Grid value key 'V9' not found in XML")});
+    EXPECT_THAT(RowTexts(1), ElementsAre("Text", "", ""));
+}
+
+TEST_F(GridFill, EveryMatchingCellValuesAppliesInDocumentOrder) {
+    ASSERT_TRUE(
+        LoadText(Doc(Pnode("n1", "H", "V1"), kLayout,
+                     "<GridValue>" + Values("V1", Cell("first"), R"(FilterValue="X")") +
+                         Values("V2", Cell("other"), R"(FilterValue="Z")") +
+                         Values(" V1 ", Cell("second"), R"(FilterValue=" Y ")") + "</GridValue>")));
+    ExpectMessages({});
+    EXPECT_EQ(grid().textMatrix(1, 1), "second");
+    EXPECT_THAT(doc().colFilterValues, ElementsAre("X", "Y"));
+    const xml::Node second = doc().arrColumnNodes.at(1);
+    EXPECT_EQ(second.attribute("FilterValue").value(), " Y ");
+    EXPECT_EQ(doc().arrCellNodes.at(1, 1), second.firstChild());
+    const xml::Node first = doc().arrGridValueNodes.at(0).firstChild();
+    EXPECT_THAT(MatchingCellValues(core(), 0, "V1"), ElementsAre(first, second));
+}
+
+TEST_F(GridFill, AUnitDropTextEndingInAnOpeningParenthesisFailsTheColumn) {
+    ASSERT_TRUE(
+        LoadText(Doc(Pnode("n1", "H", "V1"), kLayout,
+                     "<GridValue>" + Values("V1", Cell("a") + Cell("b") + Cell("1") + Cell("3(")) +
+                         "</GridValue>")));
+    ExpectMessages({Critical("Unexpected Error - 1035")});
+    EXPECT_THAT(RowTexts(1), ElementsAre("Text", "", ""));  // every value cell cleared
+}
+
+}  // namespace
+}  // namespace tabulon::testing

@@ -1,0 +1,119 @@
+#include "view/node_selection.h"
+
+#include <gmock/gmock.h>
+
+#include "view/scrollbar_refresh.h"
+#include "view_fixture.h"
+
+namespace tabulon::testing {
+namespace {
+
+const std::string kLayout = Header("H", R"(<ColumnHeader HName="I"/><ColumnHeader HName="A"/>)",
+                                   R"(<RowHeader HName="R" ControlType="TextBox"/>)");
+
+std::string Node(std::string_view element, std::string_view key, std::string_view valueKey,
+                 std::string_view filter, std::string_view children = "") {
+    return "<" + std::string(element) + " Name=\"" + std::string(key) + "\" KeyValue=\"" +
+           std::string(key) + "\" GridHeaderKey=\"H\" GridValueKey=\"" + std::string(valueKey) +
+           "\" " + std::string(filter) + ">" + std::string(children) + "</" + std::string(element) +
+           ">";
+}
+
+std::string TwoValues() {
+    return "<GridValue><CellValues GridValueKey=\"V1\">" + Cell("one") +
+           "</CellValues><CellValues GridValueKey=\"V2\">" + Cell("two") +
+           "</CellValues></GridValue>";
+}
+
+using NodeSelection = ViewTest;
+
+TEST_F(NodeSelection, FilterFrameAndCaptionFollowTheSelectedNode) {
+    ASSERT_TRUE(LoadText(Doc(Node("Pnode", "p1", "V1", R"(Filter="1" FilterCaption="  Size  ")",
+                                  Node("Cnode", "c1", "V1", R"(Filter="1")")) +
+                                 Node("Pnode", "p2", "V1", R"(Filter="0" FilterCaption="Other")") +
+                                 Node("Pnode", "p3", "V1", R"(Filter="1" FilterCaption="   ")"),
+                             kLayout, TwoValues())));
+    const Frame& frame = form().fraFilterView;
+    // The caption is shown as written; trimming only decides whether it counts.
+    EXPECT_TRUE(frame.visible());
+    EXPECT_EQ(form().lblFilter.caption(), "  Size  ");
+    EXPECT_EQ(grid().top(), 840);
+    const std::int32_t gridHeight = grid().height();
+    const std::int32_t barHeight = form().vscGrid.height();
+
+    ClickNode("p2");  // hides the frame, leaves the label alone
+    EXPECT_FALSE(frame.visible());
+    EXPECT_EQ(form().lblFilter.caption(), "  Size  ");
+    EXPECT_EQ(grid().top(), 0);
+    EXPECT_EQ(form().vscGrid.top(), 40);
+    EXPECT_EQ(grid().height(), gridHeight + 840);
+    EXPECT_EQ(form().vscGrid.height(), barHeight + 840);
+
+    ClickNode("p3");  // shown again; a blank caption does not count
+    EXPECT_TRUE(frame.visible());
+    EXPECT_EQ(form().lblFilter.caption(), "  Size  ");
+    EXPECT_EQ(grid().top(), 840);
+    EXPECT_EQ(form().vscGrid.top(), 880);
+    EXPECT_EQ(grid().height(), gridHeight);
+
+    form().lblFilter.setCaption("Mine");
+    ClickNode("c1");  // inherits p1's caption
+    EXPECT_EQ(form().lblFilter.caption(), "  Size  ");
+    ExpectMessages({});
+}
+
+TEST_F(NodeSelection, SelectionHidesEditorsAndEnablesTheFilterCombo) {
+    ASSERT_TRUE(LoadText(
+        Doc(Node("Pnode", "p1", "V1", R"(Filter="0")") + Node("Pnode", "p2", "V2", R"(Filter="0")"),
+            kLayout, TwoValues())));
+    form().cboFilter.setEnabled(false);
+    form().txtTextBoxControl.setVisible(true);
+    ClickNode("p2");
+    EXPECT_FALSE(form().txtTextBoxControl.visible());
+    EXPECT_TRUE(form().cboFilter.enabled());
+    EXPECT_TRUE(doc().blnGridLoaded);
+    EXPECT_EQ(grid().textMatrix(1, 1), "two");
+}
+
+TEST_F(NodeSelection, CollapseSelectsAgainForTheNodeSelectedAfterwards) {
+    ASSERT_TRUE(LoadText(
+        Doc(Node("Pnode", "p1", "V1", R"(Filter="0")", Node("Cnode", "c1", "V2", R"(Filter="0")")),
+            kLayout, TwoValues())));
+    ClickNode("c1");
+    EXPECT_EQ(grid().textMatrix(1, 1), "two");
+    form().treTreeView.userCollapse(1);
+    EXPECT_EQ(form().treTreeView.selectedIndex(), 1);
+    EXPECT_EQ(grid().textMatrix(1, 1), "one");
+}
+
+TEST_F(NodeSelection, AdvancedScrollBarsRefreshOnlyWhenShownAndLoaded) {
+    std::string columns = R"(<ColumnHeader HName="I"/>)";
+    for (int c = 0; c < 8; ++c)
+        columns += R"(<ColumnHeader HName="C"/>)";
+    std::string values;
+    for (int c = 0; c < 8; ++c) {
+        values +=
+            "<GridValue><CellValues GridValueKey=\"V1\">" + Cell("x") + "</CellValues></GridValue>";
+    }
+    ASSERT_TRUE(LoadText(
+        Doc(Node("Pnode", "p1", "V1", R"(Filter="0")"),
+            Header("H", columns, R"(<RowHeader HName="R" ControlType="TextBox"/>)"), values)));
+    ctlHorizontalScroll& bar = form().hscGrid;
+    bar.SetScrollEnabled(false);
+    RefreshAdvanceScrollbars(core());  // bars hidden: nothing happens
+    EXPECT_FALSE(bar.ScrollEnabled());
+
+    bar.setVisible(true);
+    doc().blnGridLoaded = false;
+    RefreshAdvanceScrollbars(core());
+    EXPECT_FALSE(bar.ScrollEnabled());
+
+    doc().blnGridLoaded = true;
+    RefreshAdvanceScrollbars(core());
+    EXPECT_TRUE(bar.ScrollEnabled());  // nine columns of 1080 do not fit in 5360
+    EXPECT_FALSE(form().vscGrid.ScrollEnabled());
+    ExpectMessages({});
+}
+
+}  // namespace
+}  // namespace tabulon::testing
