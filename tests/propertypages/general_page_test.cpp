@@ -1,0 +1,223 @@
+// The General page: filling from the control, change tracking, validation and the
+// one record assignment on apply.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "propertypages/general_page.h"
+#include "propertypages/page_harness.h"
+#include "support/numeric.h"
+
+namespace tabulon {
+namespace {
+
+using testing::Critical;
+using testing::Information;
+using testing::Paste;
+using testing::Plain;
+
+using GeneralPage = testing::PageHarness<ppGeneral>;
+
+std::string Text(std::int32_t value) {
+    return IntegerToText(value);
+}
+
+TEST_F(GeneralPage, SelectionFillsEveryFieldFromTheControlAndLeavesThePageUnchanged) {
+    control().SetGeneralProperty({2000, 3, kFalse, "Family", "Size", kTrue, 1, 400, 1200});
+    page.setChanged(true);
+
+    Reselect();
+
+    EXPECT_EQ(page.txtTreeViewWidth.Value(), 2000);
+    EXPECT_EQ(page.cboTreeViewStyle.text(), "3 - tvwPlusPictureText");
+    EXPECT_FALSE(page.chkFiltervisible.checked());
+    EXPECT_EQ(page.txtFilterCaption.text(), "Family");
+    EXPECT_EQ(page.txtFilterLabel.text(), "Size");
+    EXPECT_TRUE(page.chkAllowBigSelection.checked());
+    EXPECT_EQ(page.cboScrollBars.text(), "Advanced");
+    EXPECT_EQ(page.txtRowHeightMin.Value(), 400);
+    EXPECT_EQ(page.txtColWidthMin.Value(), 1200);
+    EXPECT_EQ(page.txtTreeViewWidth.MaxValue(), LargestTreeViewWidth());
+    EXPECT_FALSE(page.changed());
+    ExpectMessages({});
+}
+
+TEST_F(GeneralPage, EveryEditMarksThePageChanged) {
+    const std::vector<std::pair<const char*, std::function<void()>>> edits = {
+        {"style list", [&] { page.cboTreeViewStyle.userPick("0 - tvwTextOnly"); }},
+        {"scroll-bar list", [&] { page.cboScrollBars.userPick("Advanced"); }},
+        {"filter visible", [&] { page.chkFiltervisible.userClick(); }},
+        {"big selection", [&] { page.chkAllowBigSelection.userClick(); }},
+        {"filter caption", [&] { page.txtFilterCaption.userKeyPress('x'); }},
+        {"filter label", [&] { page.txtFilterLabel.userPaste("Size"); }},
+        {"tree width", [&] { Paste(page.txtTreeViewWidth, "2000"); }},
+        {"row height", [&] { Paste(page.txtRowHeightMin, "500"); }},
+        {"column width",
+         [&] {
+             page.txtColWidthMin.textBox().setSelStart(4);
+             page.txtColWidthMin.textBox().userKeyPress(8);  // Backspace
+         }},
+    };
+    for (const auto& [what, edit] : edits) {
+        SCOPED_TRACE(what);
+        Reselect();
+        ASSERT_FALSE(page.changed());
+        edit();
+        EXPECT_TRUE(page.changed());
+    }
+}
+
+// Each refused entry shows its one plain message, leaves the control's record and
+// the host untouched and keeps the page changed; the first failure ends validation.
+TEST_F(GeneralPage, OutOfRangeEntriesAreRefusedWithTheirMessage) {
+    const std::int32_t largest = LargestTreeViewWidth();
+    ASSERT_GT(largest, 1500);
+    struct Case {
+        std::vector<std::pair<ctlNumericTextBox*, std::string>> entries;
+        std::string message;
+    };
+    const std::vector<Case> cases = {
+        {{{&page.txtTreeViewWidth, "1499"}}, "Tree view width cannot be less than 1500"},
+        {{{&page.txtTreeViewWidth, Text(largest + 1)}},
+         "Tree view width cannot be greater than " + Text(largest)},
+        {{{&page.txtRowHeightMin, "349"}}, "Grid row height cannot be less than 350"},
+        {{{&page.txtColWidthMin, "1079"}}, "Grid column width cannot be less than 1080"},
+        {{{&page.txtTreeViewWidth, "1499"}, {&page.txtRowHeightMin, "0"}},
+         "Tree view width cannot be less than 1500"},
+        {{{&page.txtRowHeightMin, "0"}, {&page.txtColWidthMin, "0"}},
+         "Grid row height cannot be less than 350"},
+    };
+    const gGeneralProperty_type before = control().GeneralProperty();
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.message);
+        Reselect();
+        ClearRecords();
+        for (const auto& [box, text] : c.entries)
+            Paste(*box, text);
+        page.setChanged(false);
+
+        page.ApplyChanges();
+
+        ExpectMessages({Plain(c.message)});
+        EXPECT_TRUE(host.events().empty());
+        EXPECT_EQ(control().GeneralProperty(), before);
+        EXPECT_TRUE(page.changed());
+    }
+}
+
+TEST_F(GeneralPage, TheBoundaryValuesAreAcceptedInOneAssignment) {
+    const std::int32_t largest = LargestTreeViewWidth();
+    Paste(page.txtTreeViewWidth, Text(largest));
+    Paste(page.txtRowHeightMin, "350");
+    Paste(page.txtColWidthMin, "1080");
+
+    page.ApplyChanges();
+
+    ExpectMessages({});
+    EXPECT_EQ(host.events(),
+              (std::vector<RecordedEvent>{{HostEventKind::PropertyChanged, "GeneralProperty"}}));
+    const gGeneralProperty_type after = control().GeneralProperty();
+    EXPECT_EQ(after.lngTreeViewWidth, largest);
+    EXPECT_EQ(after.lngRowHeightMin, 350);
+    EXPECT_EQ(after.lngColWidthMin, 1080);
+    EXPECT_FALSE(page.changed());
+}
+
+// Fields not covered by the tests below land in their own record fields.
+TEST_F(GeneralPage, ApplyWritesEveryFieldFromThePage) {
+    page.cboTreeViewStyle.userPick("2 - tvwPlusMinusText");
+    page.txtFilterCaption.userPaste("Family");
+    page.txtFilterLabel.userPaste("Size");
+    page.chkAllowBigSelection.userClick();
+    Paste(page.txtTreeViewWidth, "2000");
+    Paste(page.txtRowHeightMin, "400");
+    Paste(page.txtColWidthMin, "1200");
+    page.ApplyChanges();
+
+    gGeneralProperty_type expected = {2000, 2, kTrue, "Family", "Size", kTrue, 0, 400, 1200};
+    EXPECT_EQ(control().GeneralProperty(), expected);
+}
+
+TEST_F(GeneralPage, UncheckingVisibleWritesFilterVisibleFalse) {
+    ASSERT_TRUE(page.chkFiltervisible.checked());
+    page.chkFiltervisible.userClick();
+    page.ApplyChanges();
+    EXPECT_EQ(control().GeneralProperty().blnFilterVisible, kFalse);
+    EXPECT_FALSE(form().fraFilterView.visible());
+}
+
+TEST_F(GeneralPage, ChoosingAdvancedWritesScrollBarsOne) {
+    ASSERT_EQ(page.cboScrollBars.text(), "Default");
+    page.cboScrollBars.userPick("Advanced");
+    page.ApplyChanges();
+    EXPECT_EQ(control().GeneralProperty().intScrollBars, 1);
+    EXPECT_TRUE(form().hscGrid.visible());
+    EXPECT_TRUE(form().vscGrid.visible());
+}
+
+// The upper bound is the thread's largest width at the moment of applying, taken as
+// it is, 0 included.
+TEST_F(GeneralPage, TheUpperBoundIsReadWhenApplying) {
+    const std::int16_t laidOut = LargestTreeViewWidth();
+    Paste(page.txtTreeViewWidth, "1700");
+    for (const std::int16_t largest : {std::int16_t{1600}, std::int16_t{0}}) {
+        SCOPED_TRACE(largest);
+        ClearRecords();
+        SetLargestTreeViewWidth(largest);
+        page.ApplyChanges();
+        ExpectMessages({Plain("Tree view width cannot be greater than " + Text(largest))});
+    }
+    SetLargestTreeViewWidth(laidOut);
+}
+
+TEST_F(GeneralPage, AnyOtherFailureWhileApplyingShowsPageError3001) {
+    Paste(page.txtRowHeightMin, "9e99");  // beyond 32 bits
+    const gGeneralProperty_type before = control().GeneralProperty();
+    page.ApplyChanges();
+    ExpectMessages({Critical("Property page error - 3001")});
+    EXPECT_EQ(control().GeneralProperty(), before);
+    EXPECT_TRUE(host.events().empty());
+
+    ClearRecords();
+    ppGeneral unselected(sink);
+    Paste(unselected.txtTreeViewWidth, "2000");
+    Paste(unselected.txtRowHeightMin, "350");
+    Paste(unselected.txtColWidthMin, "1080");
+    unselected.ApplyChanges();
+    ExpectMessages({Critical("Property page error - 3001")});
+}
+
+TEST_F(GeneralPage, SelectingNoControlLeavesThePageAsItIs) {
+    ppGeneral fresh(sink);
+    fresh.SelectControls({});
+    EXPECT_EQ(fresh.cboTreeViewStyle.listIndex(), -1);
+    EXPECT_EQ(fresh.txtFilterCaption.text(), "");
+    EXPECT_EQ(fresh.txtTreeViewWidth.MaxValue(), 0);
+    EXPECT_FALSE(fresh.changed());
+}
+
+TEST_F(GeneralPage, OnlyTheFirstSelectedControlIsReadAndWritten) {
+    RecordingSink otherSink;
+    RecordingHost otherHost;
+    Generic_SP_Control other(otherSink, otherHost);
+    other.InitProperties();
+    other.Show();
+    gGeneralProperty_type otherRecord = other.GeneralProperty();
+    otherRecord.strFilterCaption = "Other";
+    other.SetGeneralProperty(otherRecord);
+    otherHost.clear();
+
+    page.SelectControls({&control(), &other});
+    EXPECT_EQ(page.txtFilterCaption.text(), "Filter");
+    page.txtFilterCaption.userPaste("Mine");
+    page.ApplyChanges();
+
+    EXPECT_EQ(control().GeneralProperty().strFilterCaption, "Mine");
+    EXPECT_EQ(other.GeneralProperty().strFilterCaption, "Other");
+    EXPECT_TRUE(otherHost.events().empty());
+}
+
+}  // namespace
+}  // namespace tabulon
