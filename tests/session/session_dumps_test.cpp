@@ -1,0 +1,157 @@
+// The dumps of `tabulon session`: every dump's fields and how values are written.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "session/tool_runner.h"
+
+namespace tabulon::testing {
+namespace {
+
+struct DumpFields {
+    const char* what;
+    std::vector<std::string> keys;
+};
+
+TEST(SessionDumps, EveryDumpHasItsFieldsInOrder) {
+    const std::vector<DumpFields> dumps = {
+        {"grid",
+         {"dump", "rows", "cols", "fixedRows", "fixedCols", "row", "col", "rowSel", "colSel",
+          "topRow", "leftCol", "enabled", "width", "height", "colWidths", "rowHeights", "cells"}},
+        {"tree", {"dump", "nodes", "style", "imagesBound", "images"}},
+        {"editors",
+         {"dump", "txtTextBoxControl", "cboComboBoxControl", "unitNumControl", "unitDropControl"}},
+        {"filter",
+         {"dump", "frameVisible", "frameCaption", "labelCaption", "comboEnabled", "text", "items"}},
+        {"scrollbars", {"dump", "hscGrid", "vscGrid"}},
+        {"state",
+         {"dump", "blnGridLoaded", "blnEditorActive", "blnScrollCommit", "strCurrentHeaderKey",
+          "strCurrentValueKey", "strMeasurementUnit", "strXMLPath", "intColWidthMin",
+          "blnDefaultPos"}},
+        {"conversion", {"dump", "present", "entries"}},
+        {"custom-units", {"dump", "units"}},
+    };
+    std::string script = "load samples/metric.xml\n";
+    for (const DumpFields& dump : dumps)
+        script += std::string("dump ") + dump.what + "\n";
+    const SessionRun run = RunSession(script);
+    ASSERT_EQ(run.lines.size(), dumps.size() + 1);
+    for (std::size_t i = 0; i < dumps.size(); ++i) {
+        EXPECT_EQ(run.lines[i + 1].keys(), dumps[i].keys) << dumps[i].what;
+        EXPECT_EQ(run.lines[i + 1]["dump"].text, dumps[i].what);
+    }
+}
+
+TEST(SessionDumps, EditorAndBarEntriesCarryGeometryStateAndContent) {
+    const SessionRun run = RunSession("dump editors\ndump scrollbars\n");
+    ASSERT_EQ(run.lines.size(), 2u);
+    const std::vector<std::string> geometry = {"visible", "enabled", "left",
+                                               "top",     "width",   "height"};
+    const auto startsWith = [&](const JsonValue& entry, std::vector<std::string> rest) {
+        std::vector<std::string> keys = geometry;
+        keys.insert(keys.end(), rest.begin(), rest.end());
+        EXPECT_EQ(entry.keys(), keys);
+    };
+    const JsonValue& editors = run.lines[0];
+    startsWith(editors["txtTextBoxControl"],
+               {"text", "maxLength", "selStart", "selLength", "focus"});
+    startsWith(editors["cboComboBoxControl"], {"text", "items", "listIndex", "focus"});
+    startsWith(editors["unitNumControl"],
+               {"text", "unit", "unitCode", "limits", "format", "focus"});
+    startsWith(editors["unitDropControl"],
+               {"text", "unit", "items", "limits", "formats", "numberWidth", "unitWidth", "focus"});
+    EXPECT_EQ(run.lines[1]["hscGrid"].keys(),
+              (std::vector<std::string>{"visible", "enabled", "min", "max", "value", "busy",
+                                        "leftMargin", "rightMargin"}));
+    EXPECT_EQ(run.lines[1]["vscGrid"].keys(),
+              (std::vector<std::string>{"visible", "enabled", "min", "max", "value", "busy",
+                                        "topMargin", "bottomMargin"}));
+}
+
+TEST(SessionDumps, LayoutListsTheControlAndEveryChild) {
+    const SessionRun run = RunSession("dump layout\n");
+    ASSERT_EQ(run.lines.size(), 1u);
+    const std::vector<std::string> expected = {"dump",
+                                               "focus",
+                                               "UserControl",
+                                               "treTreeView",
+                                               "imgSplitter",
+                                               "fraFilterView",
+                                               "lblFilter",
+                                               "cboFilter",
+                                               "msgGridView",
+                                               "vscGrid",
+                                               "hscGrid",
+                                               "cmdPrint",
+                                               "cmdOK",
+                                               "cmdCancel",
+                                               "cmdHelp",
+                                               "txtTextBoxControl",
+                                               "cboComboBoxControl",
+                                               "unitNumControl",
+                                               "unitDropControl",
+                                               "unitNumForCnv",
+                                               "unitDropForCnv"};
+    EXPECT_EQ(run.lines[0].keys(), expected);
+    EXPECT_EQ(run.lines[0]["cmdHelp"]["left"].number, 6935);
+}
+
+// Colours are "#rrggbb" in lower case, alignments the grid's codes.
+TEST(SessionDumps, GridCellsCarryTextColoursAndAlignment) {
+    const SessionRun run = RunSession("load samples/english.xml\ndump grid\n");
+    ASSERT_EQ(run.lines.size(), 2u);
+    const JsonValue& cells = run.lines[1]["cells"];
+    ASSERT_EQ(cells.items.size(), 6u);
+    EXPECT_EQ(cells[0][1]["text"].text, "North Wing");
+    EXPECT_EQ(cells[0][1]["back"].text, "#f0f0f0");
+    EXPECT_EQ(cells[1][1]["text"].text, "Medical office");
+    EXPECT_EQ(cells[1][1]["fore"].text, "#000000");
+    EXPECT_EQ(cells[1][1]["back"].text, "#ffffff");
+    EXPECT_EQ(cells[1][1]["align"].number, 0);
+    EXPECT_EQ(cells[2][1]["text"].text, "84500");
+    EXPECT_EQ(cells[2][1]["align"].number, 6);
+    EXPECT_EQ(cells[4][3]["fore"].text, "#808080");
+    EXPECT_EQ(run.lines[1]["colWidths"].items.size(), 4u);
+    EXPECT_EQ(run.lines[1]["rowHeights"][5].number, 400);
+}
+
+TEST(SessionDumps, TreeListsNodesInTreeOrderWithParentKeysAndPictures) {
+    const SessionRun run = RunSession("load samples/english.xml\ndump tree\n");
+    ASSERT_EQ(run.lines.size(), 2u);
+    const JsonValue& nodes = run.lines[1]["nodes"];
+    std::vector<std::string> order, parents;
+    for (const JsonValue& node : nodes.items) {
+        order.push_back(node["key"].text);
+        parents.push_back(node["parent"].text);
+    }
+    EXPECT_EQ(order, (std::vector<std::string>{"PROJECT", "AHU", "AHU_FANS", "CHILLERS", "PUMPS",
+                                               "DESIGN"}));
+    EXPECT_EQ(parents, (std::vector<std::string>{"", "PROJECT", "AHU", "PROJECT", "PROJECT", ""}));
+    EXPECT_EQ(nodes[0]["index"].number, 1);
+    EXPECT_TRUE(nodes[0]["selected"].boolean);
+    EXPECT_EQ(nodes[2]["image"].number, nodes[1]["image"].number);
+    EXPECT_EQ(run.lines[1]["images"].items.size(), 5u);
+}
+
+TEST(SessionDumps, ConversionAndCustomUnitsShowTheDocumentsUnits) {
+    const SessionRun run =
+        RunSession("load samples/metric.xml\ndump conversion\ndump custom-units\n");
+    ASSERT_EQ(run.lines.size(), 3u);
+    const JsonValue& entries = run.lines[1]["entries"];
+    EXPECT_TRUE(run.lines[1]["present"].boolean);
+    EXPECT_EQ(entries.members.size(), 64u + 3u);
+    EXPECT_EQ(entries[""].number, 0);
+    EXPECT_EQ(entries["SQFT_TO_SQM"].number, 1);
+    EXPECT_EQ(entries["HPTON_TO_KWKW"].number, 63);
+    EXPECT_EQ(entries["gr/lb"].number, 64);
+    EXPECT_EQ(entries["USD/sq ft"].number, 66);
+    const JsonValue& units = run.lines[2]["units"];
+    ASSERT_EQ(units.items.size(), 3u);
+    EXPECT_EQ(units[1]["EUnit"].text, "therm");
+    EXPECT_EQ(units[1]["MUnit"].text, "MJ");
+    EXPECT_EQ(units[1]["EToMFactor"].text, "105.505585");
+}
+
+}  // namespace
+}  // namespace tabulon::testing

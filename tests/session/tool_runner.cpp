@@ -1,0 +1,94 @@
+#include "session/tool_runner.h"
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+
+namespace tabulon::testing {
+
+namespace {
+
+std::string ReadFile(const std::filesystem::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+// Tests of one executable may run in parallel processes: names carry the process id.
+std::filesystem::path TempPath(const std::string& name) {
+    return std::filesystem::path(::testing::TempDir()) / (std::to_string(::getpid()) + "_" + name);
+}
+
+}  // namespace
+
+std::string WriteTempFile(const std::string& name, const std::string& text) {
+    const auto path = TempPath(name);
+    std::ofstream(path, std::ios::binary) << text;
+    return path.string();
+}
+
+ToolRun RunTool(const std::string& args, const std::string& input) {
+    const std::string in = WriteTempFile("tabulon_session_in.txt", input);
+    const auto out = TempPath("tabulon_session_out.txt");
+    const auto err = TempPath("tabulon_session_err.txt");
+    const std::string command = std::string("cd '") + TABULON_SOURCE_DIR + "' && '" +
+                                TABULON_BINARY_DIR + "/apps/tabulon/tabulon' " + args + " <'" + in +
+                                "' >'" + out.string() + "' 2>'" + err.string() + "'";
+    const int raw = std::system(command.c_str());
+    ToolRun run;
+    run.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
+    run.out = ReadFile(out);
+    run.err = ReadFile(err);
+    return run;
+}
+
+SessionRun RunSession(const std::string& script) {
+    const ToolRun tool = RunTool("session", script);
+    SessionRun run{tool.status, ParseJsonLines(tool.out), tool.err};
+    return run;
+}
+
+std::string SmallDocument() {
+    return R"(<xml MeasurementUnit="ENGLISH">
+  <TreeStructure>
+    <Pnode Name="Node" KeyValue="N" GridHeaderKey="H" GridValueKey="V" Filter="0"/>
+  </TreeStructure>
+  <GridStructure>
+    <GridHeaders>
+      <GridHeader Key="H">
+        <ColumnHeaders>
+          <ColumnHeader HName="Item"/>
+          <ColumnHeader HName="A"/>
+          <ColumnHeader HName="B"/>
+        </ColumnHeaders>
+        <RowHeaders>
+          <RowHeader HName="x" ControlType="TextBox"/>
+          <RowHeader HName="y" ControlType="UnitNum" Format="0.00"/>
+        </RowHeaders>
+      </GridHeader>
+    </GridHeaders>
+    <GridValues>
+      <GridValue>
+        <CellValues GridValueKey="V">
+          <CellValue Enabled="1" Valid="1" ApplicationValidation="0">1</CellValue>
+          <CellValue Enabled="1" Valid="1" ApplicationValidation="0">3</CellValue>
+        </CellValues>
+      </GridValue>
+      <GridValue>
+        <CellValues GridValueKey="V">
+          <CellValue Enabled="1" Valid="1" ApplicationValidation="0">2</CellValue>
+          <CellValue Enabled="1" Valid="1" ApplicationValidation="0">4</CellValue>
+        </CellValues>
+      </GridValue>
+    </GridValues>
+  </GridStructure>
+</xml>
+)";
+}
+
+}  // namespace tabulon::testing

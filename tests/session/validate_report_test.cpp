@@ -1,0 +1,128 @@
+// `tabulon validate` and `tabulon report`: exit codes, the summary line, messages on
+// stderr and the report bytes.
+#include <gtest/gtest.h>
+
+#include <ostream>
+#include <string>
+
+#include "session/tool_runner.h"
+
+namespace tabulon::testing {
+namespace {
+
+struct SampleCase {
+    const char* path;
+    const char* summary;
+};
+
+void PrintTo(const SampleCase& c, std::ostream* os) {
+    *os << c.path;
+}
+
+class ValidateSample : public ::testing::TestWithParam<SampleCase> {};
+
+TEST_P(ValidateSample, LoadsWithoutAnyMessageFromFileAndFromText) {
+    for (const std::string option : {"", " --text"}) {
+        const ToolRun run = RunTool(std::string("validate ") + GetParam().path + option);
+        EXPECT_EQ(run.status, 0) << option;
+        EXPECT_EQ(run.err, "") << option;
+        EXPECT_EQ(run.out, std::string(GetParam().summary) + "\n") << option;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Samples, ValidateSample,
+    ::testing::Values(
+        SampleCase{"samples/english.xml",
+                   "tree 6 nodes; grid 6 rows x 4 cols for node \"PROJECT\""},
+        SampleCase{"samples/metric.xml", "tree 4 nodes; grid 8 rows x 3 cols for node \"SUITE\""},
+        SampleCase{"samples/filtered.xml", "tree 2 nodes; grid 7 rows x 9 cols for node \"CHW\""}));
+
+TEST(Validate, AMalformedDocumentFailsWithItsMessageOnStderr) {
+    const std::string broken = WriteTempFile("broken.xml", "<xml MeasurementUnit=\"ENGLISH\">\n");
+    const ToolRun run = RunTool("validate '" + broken + "'");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.err.rfind("critical: ", 0), 0u) << run.err;
+    EXPECT_EQ(run.out, "tree 0 nodes; no grid shown\n");
+}
+
+TEST(Validate, AMissingFileFailsWithTheLoadMessage) {
+    const ToolRun run = RunTool("validate /nonexistent/doc.xml");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.err, "critical: XML file not found\n");
+}
+
+// A valid document whose first node names a layout that is not there loads, but no
+// grid is shown.
+TEST(Validate, AValidDocumentWhoseGridCannotBeShownFails) {
+    std::string text = SmallDocument();
+    text.replace(text.find("GridHeaderKey=\"H\""), 17, "GridHeaderKey=\"Z\"");
+    const std::string path = WriteTempFile("no_header.xml", text);
+    const ToolRun run = RunTool("validate '" + path + "'");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.err, "information: Grid header key 'Z' not found in XML.\n");
+}
+
+TEST(Validate, BadArgumentsAreUsageErrors) {
+    EXPECT_EQ(RunTool("validate").status, 2);
+    EXPECT_EQ(RunTool("validate a.xml b.xml").status, 2);
+    EXPECT_EQ(RunTool("validate a.xml --html").status, 2);
+    EXPECT_EQ(RunTool("validate /nonexistent/doc.xml --text").status, 2);
+}
+
+TEST(Report, WritesThePrintClickTextByteForByte) {
+    const std::string path = WriteTempFile("report.xml", SmallDocument());
+    const ToolRun run = RunTool("report '" + path + "'");
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(run.out,
+              "<Column_Header>\r\n"
+              "<ColumnCaption>A</ColumnCaption>\r\n"
+              "<ColumnCaption>B</ColumnCaption>\r\n"
+              "</Column_Header>\r\n"
+              "<Row_Header>\r\n"
+              "<RowCaption>Item</RowCaption>\r\n"
+              "<RowCaption>x</RowCaption>\r\n"
+              "<RowCaption>y</RowCaption>\r\n"
+              "</Row_Header>\r\n"
+              "<Grid_Data>\r\n"
+              "<Column_Value>\r\n"
+              "<CellValue>1</CellValue>\r\n"
+              "<CellValue>3.00</CellValue>\r\n"
+              "</Column_Value>\r\n"
+              "<Column_Value>\r\n"
+              "<CellValue>2</CellValue>\r\n"
+              "<CellValue>4.00</CellValue>\r\n"
+              "</Column_Value>\r\n"
+              "</Grid_Data>\r\n");
+}
+
+TEST(Report, SelectsTheNodeAndAppliesTheFilter) {
+    const ToolRun run = RunTool("report samples/filtered.xml --node HW --filter 'Split case'");
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_NE(run.out.find("<Column_Header>\r\n<ColumnCaption>SC-150</ColumnCaption>\r\n"
+                           "<ColumnCaption>SC-200</ColumnCaption>\r\n</Column_Header>\r\n"),
+              std::string::npos)
+        << run.out;
+    EXPECT_NE(run.out.find("<CellValue>900</CellValue>"), std::string::npos);
+}
+
+TEST(Report, FailsWhenNoPrintClickIsRaised) {
+    std::string text = SmallDocument();
+    text.replace(text.find("Valid=\"1\""), 9, "Valid=\"0\"");
+    const std::string invalid = WriteTempFile("invalid.xml", text);
+    const ToolRun blocked = RunTool("report '" + invalid + "'");
+    EXPECT_EQ(blocked.status, 1);
+    EXPECT_EQ(blocked.out, "");
+    EXPECT_EQ(blocked.err,
+              "critical: Validation Error(s). You must correct all data highlighted in red before "
+              "saving.\n");
+
+    EXPECT_EQ(RunTool("report samples/english.xml --node NOWHERE").status, 1);
+    EXPECT_EQ(RunTool("report samples/filtered.xml --filter Nothing").status, 1);
+    EXPECT_EQ(RunTool("report /nonexistent/doc.xml").status, 1);
+    EXPECT_EQ(RunTool("report samples/english.xml --node").status, 2);
+}
+
+}  // namespace
+}  // namespace tabulon::testing
