@@ -1,0 +1,23 @@
+#include "qt/bindings/grid_binding.h"
+
+namespace tabulon {
+
+GridBinding::GridBinding(BindingHost& bindingHost, FlexGrid& grid, QWidget* parent)
+    : ComponentBinding(bindingHost, grid, new GridView(bindingHost, grid, parent)),
+      view_(static_cast<GridView*>(widget())) {}
+
+void GridBinding::applyGeometry() {
+    ComponentBinding::applyGeometry();
+    view_->update();
+}
+
+void GridBinding::applyState(const ChangeInfo& change) {
+    if (change.kind == Change::Cell) {
+        const QRect rect = view_->cellRect(change.row, change.col);
+        if (!rect.isEmpty()) view_->update(rect);
+        return;
+    }
+    view_->update();
+}
+
+}  // namespace tabulon

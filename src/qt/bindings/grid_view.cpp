@@ -1,0 +1,240 @@
+#include "qt/bindings/grid_view.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QWheelEvent>
+#include <algorithm>
+
+#include "qt/key_translation.h"
+#include "qt/qt_text.h"
+#include "support/numeric.h"
+#include "support/text.h"
+
+namespace tabulon {
+
+namespace {
+
+constexpr int kWheelNotch = 120;
+
+QColor ToColor(Rgb rgb) {
+    return QColor::fromRgb(static_cast<QRgb>(rgb));
+}
+
+// The platform's mouse button bits: 1 left, 2 right, 4 middle.
+int ButtonBits(Qt::MouseButtons buttons) {
+    int bits = 0;
+    if (buttons.testFlag(Qt::LeftButton)) bits |= 1;
+    if (buttons.testFlag(Qt::RightButton)) bits |= 2;
+    if (buttons.testFlag(Qt::MiddleButton)) bits |= 4;
+    return bits;
+}
+
+int ShiftBits(Qt::KeyboardModifiers modifiers) {
+    int bits = 0;
+    if (modifiers.testFlag(Qt::ShiftModifier)) bits |= kShiftBit;
+    if (modifiers.testFlag(Qt::ControlModifier)) bits |= kCtrlBit;
+    if (modifiers.testFlag(Qt::AltModifier)) bits |= kAltBit;
+    return bits;
+}
+
+bool WhollyNumeric(const std::string& text) {
+    const std::string trimmed = Trim(text);
+    return !trimmed.empty() && NumericPrefixLength(trimmed) == trimmed.size();
+}
+
+}  // namespace
+
+GridView::GridView(BindingHost& host, FlexGrid& grid, QWidget* parent)
+    : QWidget(parent), host_(host), grid_(grid) {
+    setMouseTracking(true);
+    setFocusPolicy(Qt::ClickFocus);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+Qt::Alignment GridView::TextAlignment(CellAlignment alignment, const std::string& text) {
+    switch (alignment) {
+        case CellAlignment::LeftTop:
+            return Qt::AlignLeft | Qt::AlignTop;
+        case CellAlignment::LeftCenter:
+            return Qt::AlignLeft | Qt::AlignVCenter;
+        case CellAlignment::LeftBottom:
+            return Qt::AlignLeft | Qt::AlignBottom;
+        case CellAlignment::CenterTop:
+            return Qt::AlignHCenter | Qt::AlignTop;
+        case CellAlignment::CenterCenter:
+            return Qt::AlignHCenter | Qt::AlignVCenter;
+        case CellAlignment::CenterBottom:
+            return Qt::AlignHCenter | Qt::AlignBottom;
+        case CellAlignment::RightTop:
+            return Qt::AlignRight | Qt::AlignTop;
+        case CellAlignment::RightCenter:
+            return Qt::AlignRight | Qt::AlignVCenter;
+        case CellAlignment::RightBottom:
+            return Qt::AlignRight | Qt::AlignBottom;
+        case CellAlignment::General:
+            break;
+    }
+    return (WhollyNumeric(text) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+}
+
+bool GridView::rowInView(int row) const {
+    if (row < 0 || row >= grid_.rows()) return false;
+    if (row >= grid_.fixedRows() && row < grid_.topRow()) return false;
+    const std::int32_t top = grid_.rowPos(row);
+    return grid_.rowHeight(row) > 0 && top < grid_.height() && top + grid_.rowHeight(row) > 0;
+}
+
+bool GridView::colInView(int col) const {
+    if (col < 0 || col >= grid_.cols()) return false;
+    if (col >= grid_.fixedCols() && col < grid_.leftCol()) return false;
+    const std::int32_t left = grid_.colPos(col);
+    return grid_.colWidth(col) > 0 && left < grid_.width() && left + grid_.colWidth(col) > 0;
+}
+
+std::vector<int> GridView::rowsInView() const {
+    std::vector<int> rows;
+    for (int r = 0; r < grid_.fixedRows(); ++r) {
+        if (rowInView(r)) rows.push_back(r);
+    }
+    for (int r = std::max(grid_.topRow(), grid_.fixedRows());
+         r < grid_.rows() && grid_.rowPos(r) < grid_.height(); ++r) {
+        if (rowInView(r)) rows.push_back(r);
+    }
+    return rows;
+}
+
+std::vector<int> GridView::colsInView() const {
+    std::vector<int> cols;
+    for (int c = 0; c < grid_.fixedCols(); ++c) {
+        if (colInView(c)) cols.push_back(c);
+    }
+    for (int c = std::max(grid_.leftCol(), grid_.fixedCols());
+         c < grid_.cols() && grid_.colPos(c) < grid_.width(); ++c) {
+        if (colInView(c)) cols.push_back(c);
+    }
+    return cols;
+}
+
+QRect GridView::unclippedCellRect(int row, int col) const {
+    return host_.scale().toPixels(grid_.colPos(col), grid_.rowPos(row), grid_.colWidth(col),
+                                  grid_.rowHeight(row));
+}
+
+QRect GridView::cellRect(int row, int col) const {
+    if (!rowInView(row) || !colInView(col)) return {};
+    return unclippedCellRect(row, col);
+}
+
+int GridView::rowAt(int y) const {
+    for (const int row : rowsInView()) {
+        const QRect rect = unclippedCellRect(row, 0);
+        if (y >= rect.top() && y <= rect.bottom()) return row;
+    }
+    return -1;
+}
+
+int GridView::colAt(int x) const {
+    for (const int col : colsInView()) {
+        const QRect rect = unclippedCellRect(0, col);
+        if (x >= rect.left() && x <= rect.right()) return col;
+    }
+    return -1;
+}
+
+bool GridView::selected(int row, int col) const {
+    const int top = std::min(grid_.row(), grid_.rowSel());
+    const int bottom = std::max(grid_.row(), grid_.rowSel());
+    const int left = std::min(grid_.col(), grid_.colSel());
+    const int right = std::max(grid_.col(), grid_.colSel());
+    if (row == grid_.row() && col == grid_.col()) return false;
+    return row >= top && row <= bottom && col >= left && col <= right;
+}
+
+void GridView::paintCell(QPainter& painter, int row, int col, const QRect& rect) const {
+    const bool fixed = row < grid_.fixedRows() || col < grid_.fixedCols();
+    const GridCell& cell = grid_.cell(row, col);
+    QColor back = ToColor(grid_.cellBackColor(row, col));
+    QColor fore = ToColor(cell.foreColor);
+    if (!fixed && selected(row, col)) {
+        back = palette().color(QPalette::Highlight);
+        fore = palette().color(QPalette::HighlightedText);
+    }
+    if (!isEnabled()) fore = palette().color(QPalette::Disabled, QPalette::Text);
+    painter.fillRect(rect, back);
+
+    const QColor line = ToColor(fixed ? kFixedGridLineColor : kGridLineColor);
+    painter.fillRect(QRect(rect.right(), rect.top(), 1, rect.height()), line);
+    painter.fillRect(QRect(rect.left(), rect.bottom(), rect.width(), 1), line);
+
+    if (cell.text.empty()) return;
+    const QRect textRect = rect.adjusted(kTextPadding, 0, -kTextPadding - 1, -1);
+    painter.setPen(fore);
+    painter.drawText(
+        textRect, static_cast<int>(TextAlignment(cell.alignment, cell.text)) | Qt::TextSingleLine,
+        ToQString(cell.text));
+}
+
+void GridView::paintFocusRect(QPainter& painter) const {
+    if (grid_.row() < grid_.fixedRows() || grid_.col() < grid_.fixedCols()) return;
+    const QRect rect = cellRect(grid_.row(), grid_.col());
+    if (rect.width() < 4 || rect.height() < 4) return;
+    QPen pen(palette().color(QPalette::WindowText));
+    pen.setStyle(Qt::DotLine);
+    painter.setPen(pen);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(rect.adjusted(1, 1, -3, -3));
+}
+
+void GridView::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    painter.fillRect(event->rect(), ToColor(kBackgroundColor));
+    if (grid_.rows() == 0 || grid_.cols() == 0) return;
+    const std::vector<int> cols = colsInView();
+    for (const int row : rowsInView()) {
+        for (const int col : cols) {
+            const QRect rect = unclippedCellRect(row, col);
+            if (rect.intersects(event->rect())) paintCell(painter, row, col, rect);
+        }
+    }
+    paintFocusRect(painter);
+}
+
+void GridView::pointerAt(const QPoint& position, Qt::MouseButtons buttons,
+                         Qt::KeyboardModifiers modifiers, bool click) {
+    const int row = rowAt(position.y());
+    const int col = colAt(position.x());
+    const int button = ButtonBits(buttons);
+    const int shift = ShiftBits(modifiers);
+    host_.runGesture([this, row, col, button, shift, click] {
+        grid_.userMouseMove(row, col, button, shift);
+        if (click && row >= 0 && col >= 0) grid_.userClick(row, col);
+    });
+}
+
+void GridView::mousePressEvent(QMouseEvent* event) {
+    const bool click = event->button() == Qt::LeftButton;
+    pointerAt(event->position().toPoint(), event->buttons(), event->modifiers(), click);
+    event->accept();
+}
+
+void GridView::mouseMoveEvent(QMouseEvent* event) {
+    pointerAt(event->position().toPoint(), event->buttons(), event->modifiers(), false);
+    event->accept();
+}
+
+void GridView::wheelEvent(QWheelEvent* event) {
+    wheelRemainder_ += event->angleDelta();
+    const int rowNotches = wheelRemainder_.y() / kWheelNotch;
+    const int colNotches = wheelRemainder_.x() / kWheelNotch;
+    wheelRemainder_ -= QPoint(colNotches * kWheelNotch, rowNotches * kWheelNotch);
+    const int rows = -rowNotches * QApplication::wheelScrollLines();
+    const int cols = -colNotches;
+    if (rows != 0 || cols != 0) {
+        host_.runGesture([this, rows, cols] { grid_.userScroll(rows, cols); });
+    }
+    event->accept();
+}
+
+}  // namespace tabulon

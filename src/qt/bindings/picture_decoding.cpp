@@ -1,0 +1,32 @@
+#include "qt/bindings/picture_decoding.h"
+
+#include <QImage>
+#include <QPixmap>
+
+#include "support/failure.h"
+
+namespace tabulon {
+
+namespace {
+
+QImage Decode(const Picture& picture) {
+    QImage image;
+    image.loadFromData(picture.bytes.data(), static_cast<int>(picture.bytes.size()));
+    return image;
+}
+
+}  // namespace
+
+Picture LoadDecodedPicture(const std::string& path) {
+    Picture picture = LoadPictureFile(path);
+    if (Decode(picture).isNull()) throw RuntimeFailure("Invalid picture: " + path);
+    return picture;
+}
+
+QIcon IconFromPicture(const Picture& picture) {
+    const QImage image = Decode(picture);
+    if (image.isNull()) return {};
+    return QIcon(QPixmap::fromImage(image));
+}
+
+}  // namespace tabulon

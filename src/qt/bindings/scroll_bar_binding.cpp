@@ -1,0 +1,72 @@
+#include "qt/bindings/scroll_bar_binding.h"
+
+#include <algorithm>
+
+namespace tabulon {
+
+ScrollBarBinding::ScrollBarBinding(BindingHost& bindingHost, Component& owner, ScrollBar& bar,
+                                   Qt::Orientation orientation, QWidget* parent)
+    : ComponentBinding(bindingHost, owner, new QWidget(parent)),
+      bar_(bar),
+      scrollBar_(new QScrollBar(orientation, widget())) {
+    widget()->setFocusPolicy(Qt::NoFocus);
+    scrollBar_->setFocusPolicy(Qt::ClickFocus);
+    scrollBar_->setSingleStep(1);
+    scrollBar_->setPageStep(1);
+    scrollBar_->setContextMenuPolicy(Qt::NoContextMenu);
+    observe(bar_);
+    adopt(scrollBar_);
+    connect(scrollBar_, &QAbstractSlider::actionTriggered, this, [this](int action) {
+        if (!mirroring()) userAction(action);
+    });
+}
+
+void ScrollBarBinding::applyGeometry() {
+    ComponentBinding::applyGeometry();
+    const Mirroring mirroring(*this);
+    scrollBar_->setGeometry(
+        host().scale().toPixels(bar_.left(), bar_.top(), bar_.width(), bar_.height()));
+    scrollBar_->setVisible(bar_.visible());
+    scrollBar_->setEnabled(bar_.enabled());
+}
+
+void ScrollBarBinding::applyState(const ChangeInfo& change) {
+    (void)change;
+    mirrorValue();
+}
+
+void ScrollBarBinding::mirrorValue() {
+    const Mirroring mirroring(*this);
+    scrollBar_->setRange(std::min(bar_.min(), bar_.max()), std::max(bar_.min(), bar_.max()));
+    scrollBar_->setInvertedAppearance(bar_.min() > bar_.max());
+    scrollBar_->setValue(bar_.value());
+}
+
+void ScrollBarBinding::userAction(int action) {
+    const int proposed = scrollBar_->sliderPosition();
+    host().runGesture([this, action, proposed] {
+        switch (action) {
+            case QAbstractSlider::SliderSingleStepAdd:
+                bar_.userStep(1);
+                break;
+            case QAbstractSlider::SliderSingleStepSub:
+                bar_.userStep(-1);
+                break;
+            case QAbstractSlider::SliderPageStepAdd:
+            case QAbstractSlider::SliderPageStepSub:
+            case QAbstractSlider::SliderToMinimum:
+            case QAbstractSlider::SliderToMaximum:
+                bar_.userSetValue(proposed);
+                break;
+            case QAbstractSlider::SliderMove:
+                bar_.userDrag(proposed);
+                break;
+            default:
+                break;
+        }
+    });
+    // Qt applies its slider position once this returns: make it the model's value.
+    mirrorValue();
+}
+
+}  // namespace tabulon

@@ -1,0 +1,215 @@
+#include "qt/bindings/tree_binding.h"
+
+#include <QHeaderView>
+#include <QMouseEvent>
+
+#include "qt/bindings/picture_decoding.h"
+#include "qt/qt_text.h"
+
+namespace tabulon {
+
+namespace {
+
+constexpr int kIndexRole = Qt::UserRole;
+
+bool ShowsPictures(std::int32_t style) {
+    return style % 2 == 1;
+}
+
+bool ShowsRootIndicators(std::int32_t style) {
+    return (style & 2) != 0;
+}
+
+// Keys Qt's tree handles itself after the control has seen them.
+bool TreeKey(int key) {
+    switch (key) {
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+        case Qt::Key_Left:
+        case Qt::Key_Right:
+        case Qt::Key_Home:
+        case Qt::Key_End:
+        case Qt::Key_PageUp:
+        case Qt::Key_PageDown:
+        case Qt::Key_Plus:
+        case Qt::Key_Minus:
+        case Qt::Key_Asterisk:
+            return true;
+        default:
+            return false;
+    }
+}
+
+}  // namespace
+
+TreeBinding::TreeBinding(BindingHost& bindingHost, TreeView& tree, ImageList& images,
+                         QWidget* parent)
+    : ComponentBinding(bindingHost, tree, new QTreeWidget(parent)),
+      tree_(tree),
+      images_(images),
+      treeWidget_(static_cast<QTreeWidget*>(widget())) {
+    treeWidget_->setColumnCount(1);
+    treeWidget_->setHeaderHidden(true);
+    treeWidget_->setSelectionMode(QAbstractItemView::SingleSelection);
+    treeWidget_->setExpandsOnDoubleClick(false);
+    treeWidget_->setUniformRowHeights(true);
+    treeWidget_->setIconSize(QSize(kIconPixels, kIconPixels));
+    treeWidget_->setFocusPolicy(Qt::ClickFocus);
+    treeWidget_->setContextMenuPolicy(Qt::NoContextMenu);
+    treeWidget_->viewport()->installEventFilter(this);
+
+    observe(images_, [this](const ChangeInfo&) {
+        reloadIcons();
+        rebuild();
+    });
+
+    connect(treeWidget_, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* current) {
+        if (!mirroring() && current != nullptr) {
+            forward(IndexOf(current), Gesture::Click);
+        }
+    });
+    connect(treeWidget_, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem* item) {
+        if (!mirroring()) forward(IndexOf(item), Gesture::Expand);
+    });
+    connect(treeWidget_, &QTreeWidget::itemCollapsed, this, [this](QTreeWidgetItem* item) {
+        if (!mirroring()) forward(IndexOf(item), Gesture::Collapse);
+    });
+}
+
+QTreeWidgetItem* TreeBinding::itemFor(int index) const {
+    if (index < 1 || index > static_cast<int>(items_.size())) return nullptr;
+    return items_[static_cast<std::size_t>(index - 1)];
+}
+
+int TreeBinding::IndexOf(const QTreeWidgetItem* item) {
+    return item == nullptr ? 0 : item->data(0, kIndexRole).toInt();
+}
+
+void TreeBinding::reloadIcons() {
+    icons_.clear();
+    for (int i = 1; i <= images_.count(); ++i)
+        icons_.push_back(IconFromPicture(images_.picture(i)));
+}
+
+QIcon TreeBinding::iconFor(const TreeNode& node) const {
+    if (!ShowsPictures(tree_.style()) || tree_.imageList() == nullptr) return {};
+    if (node.image < 1 || node.image > static_cast<int>(icons_.size())) return {};
+    return icons_[static_cast<std::size_t>(node.image - 1)];
+}
+
+void TreeBinding::appendNode(int index) {
+    const Mirroring mirroring(*this);
+    const TreeNode& node = tree_.node(index);
+    QTreeWidgetItem* parent =
+        node.parent == 0 ? treeWidget_->invisibleRootItem() : itemFor(node.parent);
+    auto* item = new QTreeWidgetItem(parent);
+    item->setText(0, ToQString(node.text));
+    item->setIcon(0, iconFor(node));
+    item->setData(0, kIndexRole, index);
+    items_.push_back(item);
+    // A parent's expansion only holds once it has a child.
+    if (node.parent != 0) mirrorNode(node.parent);
+}
+
+void TreeBinding::mirrorNode(int index) {
+    QTreeWidgetItem* item = itemFor(index);
+    if (item == nullptr) return;
+    const Mirroring mirroring(*this);
+    const TreeNode& node = tree_.node(index);
+    item->setText(0, ToQString(node.text));
+    item->setIcon(0, iconFor(node));
+    item->setExpanded(node.expanded);
+}
+
+void TreeBinding::mirrorSelection() {
+    const Mirroring mirroring(*this);
+    QTreeWidgetItem* item = itemFor(tree_.selectedIndex());
+    treeWidget_->setCurrentItem(item);
+    if (item == nullptr) treeWidget_->clearSelection();
+}
+
+void TreeBinding::rebuild() {
+    {
+        const Mirroring mirroring(*this);
+        treeWidget_->clear();
+        items_.clear();
+        treeWidget_->setRootIsDecorated(ShowsRootIndicators(tree_.style()));
+    }
+    for (int i = 1; i <= tree_.count(); ++i)
+        appendNode(i);
+    for (int i = 1; i <= tree_.count(); ++i)
+        mirrorNode(i);
+    mirrorSelection();
+}
+
+void TreeBinding::applyState(const ChangeInfo& change) {
+    const int count = tree_.count();
+    const int shown = static_cast<int>(items_.size());
+    if (change.kind == Change::Current) {
+        mirrorSelection();
+    } else if (change.kind == Change::Content && change.row == count && shown == count - 1) {
+        appendNode(change.row);
+    } else if (change.kind == Change::Content && change.row >= 1 && shown == count) {
+        mirrorNode(change.row);
+    } else {
+        if (change.kind == Change::Everything) reloadIcons();
+        rebuild();
+    }
+}
+
+void TreeBinding::forward(int index, Gesture gesture) {
+    if (index < 1 || index > tree_.count()) return;
+    host().runGesture([this, index, gesture] {
+        switch (gesture) {
+            case Gesture::Click:
+                tree_.userClickNode(index);
+                break;
+            case Gesture::Expand:
+                tree_.userExpand(index);
+                break;
+            case Gesture::Collapse:
+                tree_.userCollapse(index);
+                break;
+        }
+    });
+    mirrorNode(index);
+    mirrorSelection();
+}
+
+bool TreeBinding::keyPress(QWidget* part, QKeyEvent* event) {
+    SendKeyStroke(host(), *event);
+    // Qt moves through the tree itself when the tree still has the focus.
+    return !(TreeKey(event->key()) && part == treeWidget_ && tree_.hasFocus());
+}
+
+bool TreeBinding::viewportPress(QMouseEvent* event, bool doubleClick) {
+    if (event->button() != Qt::LeftButton) return false;
+    const QPoint position = event->position().toPoint();
+    QTreeWidgetItem* item = treeWidget_->itemAt(position);
+    if (item == nullptr) return false;
+    // Left of the item's own rectangle lies its expand indicator, which Qt handles.
+    if (position.x() < treeWidget_->visualItemRect(item).left()) return false;
+    const int index = IndexOf(item);
+    if (doubleClick) {
+        forward(index, tree_.node(index).expanded ? Gesture::Collapse : Gesture::Expand);
+    } else {
+        forward(index, Gesture::Click);
+    }
+    return true;
+}
+
+bool TreeBinding::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == treeWidget_->viewport()) {
+        switch (event->type()) {
+            case QEvent::MouseButtonPress:
+                return viewportPress(static_cast<QMouseEvent*>(event), false);
+            case QEvent::MouseButtonDblClick:
+                return viewportPress(static_cast<QMouseEvent*>(event), true);
+            default:
+                return false;
+        }
+    }
+    return ComponentBinding::eventFilter(watched, event);
+}
+
+}  // namespace tabulon

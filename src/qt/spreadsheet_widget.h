@@ -1,0 +1,145 @@
+// SpreadsheetWidget: the embeddable spreadsheet control for Qt hosts. A host places it
+// on a form, hands it a document (Load, LoadXML) and listens to its signals; every
+// behaviour is the headless control's (Generic_SP_Control), which the widget owns.
+//
+// What the widget adds:
+// - One Qt widget bound to each model of the control's form (tree, splitter, filter
+//   frame with label and combo, grid, the two scroll bars, four buttons, four cell
+//   editors), placed from the model's twips with the screen's logical DPI. The two
+//   hidden conversion helpers (unitNumForCnv, unitDropForCnv) are never shown and
+//   get no widget.
+// - Message boxes as QMessageBoxes (QtMessageSink), or to a handler installed with
+//   setMessageHandler.
+// - The control's events as Qt signals, emitted synchronously: connect directly (the
+//   default between objects of the GUI thread). AppGridEventHandler's element may be
+//   changed by the slot; it is valid only while the signal runs. The wait cursor is
+//   the application's override cursor while the host validates a column.
+// - The host's size in pixels is the control's size in twips (pixels * 1440 / DPI);
+//   every resize runs the control's resize handling, and the first showing runs the
+//   control's first showing (Show) before it.
+// - Keyboard focus kept with the model's: the focused component's widget has Qt's
+//   focus; when no component has it, the widget itself may take it, and keys then
+//   belong to the host (Tab leaves the control as usual).
+//
+// Failures: members the control lets fail (the moves, DisplayColWidth ...) throw
+// their RuntimeFailure to the caller, as the control reaches its host. A failure
+// during a user's gesture is shown as a critical message with its description.
+#pragma once
+
+#include <QString>
+#include <QWidget>
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+#include "control/generic_sp_control.h"
+#include "platform/property_bag.h"
+#include "platform/xml/xml_document.h"
+#include "qt/bindings/binding_host.h"
+#include "qt/qt_message_sink.h"
+#include "qt/settings_metatypes.h"
+#include "qt/twips_scale.h"
+
+namespace tabulon {
+
+class ComponentBinding;
+class WidgetHostEvents;
+
+class SpreadsheetWidget : public QWidget, private BindingHost {
+    Q_OBJECT
+    // Writing XML, FilterValue or DisplayColWidth is accepted and discarded.
+    Q_PROPERTY(QString XML READ XML WRITE setXML)
+    Q_PROPERTY(QString FilterValue READ FilterValue WRITE setFilterValue)
+    Q_PROPERTY(QString DisplayColWidth READ DisplayColWidth WRITE setDisplayColWidth)
+    Q_PROPERTY(tabulon::gGeneralProperty_type GeneralProperty READ GeneralProperty WRITE
+                   setGeneralProperty)
+    Q_PROPERTY(
+        tabulon::gButtonProperty_type ButtonProperty READ ButtonProperty WRITE setButtonProperty)
+
+public:
+    using MessageHandler = QtMessageSink::Handler;
+
+    // A new control. With savedSettings the control is restored from that bag (read
+    // once, here); without, it gets its first-time initialisation. messages, when
+    // given, is installed before anything runs (see setMessageHandler), so it also
+    // gets what restoring the settings shows.
+    explicit SpreadsheetWidget(QWidget* parent = nullptr, PropertyBag* savedSettings = nullptr,
+                               MessageHandler messages = {});
+    ~SpreadsheetWidget() override;
+
+    // Message boxes go to handler instead of a modal QMessageBox (empty: boxes again).
+    void setMessageHandler(MessageHandler handler);
+    // Saves the control's settings into bag (WriteProperties).
+    void saveSettings(PropertyBag& bag);
+
+    // --- properties
+    QString XML() const;
+    void setXML(const QString& value);
+    QString FilterValue() const;
+    void setFilterValue(const QString& value);
+    QString DisplayColWidth() const;
+    void setDisplayColWidth(const QString& value);
+    gGeneralProperty_type GeneralProperty() const;
+    void setGeneralProperty(const gGeneralProperty_type& value);
+    gButtonProperty_type ButtonProperty() const;
+    void setButtonProperty(const gButtonProperty_type& value);
+
+    // --- for advanced hosts and tests
+    Generic_SP_Control& control() override { return *control_; }
+    const Generic_SP_Control& control() const { return *control_; }
+    const TwipsScale& scale() const override { return scale_; }
+    // The binding of a model of the control's form; null for a model without one.
+    ComponentBinding* bindingFor(const Component& model) const;
+    // The Qt widget shown for a model; null for a model without one.
+    QWidget* widgetFor(const Component& model) const;
+
+    QSize sizeHint() const override;
+
+public Q_SLOTS:
+    bool Load(const QString& XMLSource);
+    bool LoadXML(const QString& bstrXML);
+    void Reposition_Button();
+    void RefreshAdvanceScrollbars();
+    void MoveNextCell(qint16 KeyAscii);
+    void MovePreviousCell(qint16 KeyAscii);
+    void MoveNextColumn();
+    void MovePreviousColumn();
+
+Q_SIGNALS:
+    void OKClick();
+    void HelpClick();
+    void PrintClick(const QString& strXML);
+    void CancelClick();
+    void AppGridEventHandler(tabulon::xml::Node* ValidationXML);
+    // The named settings record ("GeneralProperty", "ButtonProperty") changed.
+    void PropertyChanged(const QString& name);
+
+protected:
+    bool event(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+
+private:
+    void syncFocusToModel() override;
+    void runGesture(const std::function<void()>& gesture) override;
+
+    void buildBindings();
+    template <class B, class... Args>
+    B& bind(Args&&... args);
+    // Re-reads the screen's DPI; a change places every widget again. True when it
+    // changed.
+    bool updateScale();
+    // The host's size, in twips, to the control's resize handling.
+    void applySize();
+
+    QtMessageSink sink_;
+    std::unique_ptr<WidgetHostEvents> hostEvents_;
+    std::unique_ptr<Generic_SP_Control> control_;
+    TwipsScale scale_;
+    std::vector<std::unique_ptr<ComponentBinding>> bindings_;
+    std::unordered_map<const Component*, ComponentBinding*> byModel_;
+    int focusToken_ = 0;
+};
+
+}  // namespace tabulon

@@ -1,0 +1,49 @@
+#include "qt/widget_host_events.h"
+
+#include <QGuiApplication>
+
+#include "qt/qt_text.h"
+#include "qt/spreadsheet_widget.h"
+
+namespace tabulon {
+
+WidgetHostEvents::~WidgetHostEvents() {
+    for (; waitCursors_ > 0; --waitCursors_)
+        QGuiApplication::restoreOverrideCursor();
+}
+
+void WidgetHostEvents::OKClick() {
+    Q_EMIT widget_.OKClick();
+}
+
+void WidgetHostEvents::HelpClick() {
+    Q_EMIT widget_.HelpClick();
+}
+
+void WidgetHostEvents::PrintClick(const std::string& strXML) {
+    Q_EMIT widget_.PrintClick(ToQString(strXML));
+}
+
+void WidgetHostEvents::CancelClick() {
+    Q_EMIT widget_.CancelClick();
+}
+
+void WidgetHostEvents::AppGridEventHandler(xml::Node& ValidationXML) {
+    Q_EMIT widget_.AppGridEventHandler(&ValidationXML);
+}
+
+void WidgetHostEvents::PropertyChanged(std::string_view name) {
+    Q_EMIT widget_.PropertyChanged(ToQString(name));
+}
+
+void WidgetHostEvents::SetWaitCursor(bool busy) {
+    if (busy) {
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        ++waitCursors_;
+    } else if (waitCursors_ > 0) {
+        QGuiApplication::restoreOverrideCursor();
+        --waitCursors_;
+    }
+}
+
+}  // namespace tabulon

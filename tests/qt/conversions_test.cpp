@@ -1,0 +1,152 @@
+// The front end's conversions: Qt keys into the control's key strokes, twips into
+// pixels, and text positions between the core and Qt.
+#include <gtest/gtest.h>
+
+#include <QMessageBox>
+
+#include "qt/bindings/text_box_binding.h"
+#include "qt/key_translation.h"
+#include "qt/qt_message_sink.h"
+#include "qt/qt_text.h"
+#include "qt/twips_scale.h"
+
+namespace tabulon {
+namespace {
+
+struct KeyCase {
+    const char* name;
+    int qtKey;
+    Qt::KeyboardModifiers modifiers;
+    const char* text;
+    KeyStroke expected;
+};
+
+// The same strokes the session tool sends for these keys.
+const KeyCase kKeyCases[] = {
+    {"Tab", Qt::Key_Tab, Qt::NoModifier, "\t", {9, 9, 0}},
+    {"ShiftTabArrivesAsBacktab", Qt::Key_Backtab, Qt::ShiftModifier, "", {9, 0, 1}},
+    {"CtrlTabHasNoCharacter", Qt::Key_Tab, Qt::ControlModifier, "", {9, 0, 2}},
+    {"Enter", Qt::Key_Return, Qt::NoModifier, "\r", {13, 13, 0}},
+    {"KeypadEnter", Qt::Key_Enter, Qt::KeypadModifier, "\r", {13, 13, 0}},
+    {"CtrlEnterIsLineFeed", Qt::Key_Return, Qt::ControlModifier, "", {13, 10, 2}},
+    {"F5HasNoCharacter", Qt::Key_F5, Qt::NoModifier, "", {116, 0, 0}},
+    {"F8WithShift", Qt::Key_F8, Qt::ShiftModifier, "", {119, 0, 1}},
+    {"LowerCaseLetter", Qt::Key_A, Qt::NoModifier, "a", {65, 97, 0}},
+    {"UpperCaseLetter", Qt::Key_A, Qt::ShiftModifier, "A", {65, 65, 1}},
+    {"CtrlLetterIsControlCharacter", Qt::Key_V, Qt::ControlModifier, "\x16", {86, 22, 2}},
+    {"AltLetterHasNoCharacter", Qt::Key_X, Qt::AltModifier, "x", {88, 0, 4}},
+    {"Digit", Qt::Key_7, Qt::NoModifier, "7", {55, 55, 0}},
+    {"ShiftedDigitIsTheDigitKey", Qt::Key_ParenLeft, Qt::ShiftModifier, "(", {57, 40, 1}},
+    {"PeriodKey", Qt::Key_Period, Qt::NoModifier, ".", {190, 46, 0}},
+    {"MinusKey", Qt::Key_Minus, Qt::NoModifier, "-", {189, 45, 0}},
+    {"ColonIsTheSemicolonKey", Qt::Key_Colon, Qt::ShiftModifier, ":", {186, 58, 1}},
+    {"Space", Qt::Key_Space, Qt::NoModifier, " ", {32, 32, 0}},
+    {"Backspace", Qt::Key_Backspace, Qt::NoModifier, "\b", {8, 8, 0}},
+    {"Escape", Qt::Key_Escape, Qt::NoModifier, "\x1b", {27, 27, 0}},
+    {"ArrowHasNoCharacter", Qt::Key_Left, Qt::NoModifier, "", {37, 0, 0}},
+    {"DeleteHasNoCharacter", Qt::Key_Delete, Qt::NoModifier, "", {46, 0, 0}},
+    {"NonAsciiCharacterHasNoKeyCode", Qt::Key_Eacute, Qt::NoModifier, "\xc3\xa9", {0, 0xE9, 0}},
+};
+
+class TranslateKeyCase : public ::testing::TestWithParam<KeyCase> {};
+
+TEST_P(TranslateKeyCase, GivesTheControlsKeyStroke) {
+    const KeyCase& c = GetParam();
+    const KeyStroke stroke = TranslateKey(c.qtKey, c.modifiers, QString::fromUtf8(c.text));
+    EXPECT_EQ(stroke.keyCode, c.expected.keyCode);
+    EXPECT_EQ(stroke.keyAscii, c.expected.keyAscii);
+    EXPECT_EQ(stroke.shift, c.expected.shift);
+}
+
+INSTANTIATE_TEST_SUITE_P(Keys, TranslateKeyCase, ::testing::ValuesIn(kKeyCases),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+TEST(TwipsScale, NinetySixDpiIsFifteenTwipsAPixel) {
+    const TwipsScale scale(96, 96);
+    EXPECT_EQ(scale.toPixelsX(1440), 96);
+    EXPECT_EQ(scale.toPixelsY(15), 1);
+    EXPECT_EQ(scale.toTwipsX(547), 8205);
+}
+
+TEST(TwipsScale, EdgesRoundSoThatTouchingPartsTouch) {
+    const TwipsScale scale(96, 96);
+    // 2775 + 45 twips: the splitter ends where the frame begins at 2840 - 20.
+    const QRect splitter = scale.toPixels(2775, 0, 45, 100);
+    const QRect next = scale.toPixels(2820, 0, 20, 100);
+    EXPECT_EQ(splitter.right() + 1, next.left());
+    // Widths vary by a pixel rather than drifting: 7 twips wide parts in a row.
+    int edge = 0;
+    for (int i = 0; i < 20; ++i) {
+        const QRect part = scale.toPixels(i * 7, 0, 7, 1);
+        EXPECT_EQ(part.left(), edge);
+        edge = part.left() + part.width();
+    }
+    EXPECT_EQ(edge, scale.toPixelsX(140));
+}
+
+TEST(TwipsScale, RoundsHalfAwayFromZeroAndFollowsTheDpi) {
+    const TwipsScale scale(144, 72);
+    EXPECT_EQ(scale.toPixelsX(5), 1);    // 0.5
+    EXPECT_EQ(scale.toPixelsX(-5), -1);  // -0.5
+    EXPECT_EQ(scale.toPixelsY(1440), 72);
+    EXPECT_EQ(scale.toTwipsY(72), 1440);
+}
+
+TEST(TwipsScale, UnusableDpiCountsAsNinetySix) {
+    EXPECT_EQ(TwipsScale(0, -3), TwipsScale());
+    EXPECT_EQ(TwipsScale().toPixelsX(1440), 96);
+}
+
+TEST(TwipsScale, NegativeSizeGivesAnEmptyRectangle) {
+    EXPECT_TRUE(TwipsScale().toPixels(150, 150, -30, -30).isEmpty());
+}
+
+TEST(TextPositions, CharactersBeyondTheBasicPlaneTakeTwoUtf16Units) {
+    const std::string text =
+        "a\xF0\x9F\x98\x80"
+        "b\xC3\xA9";  // a, U+1F600, b, e-acute
+    EXPECT_EQ(Utf16Index(text, 0), 0);
+    EXPECT_EQ(Utf16Index(text, 1), 1);
+    EXPECT_EQ(Utf16Index(text, 2), 3);
+    EXPECT_EQ(Utf16Index(text, 4), 5);
+    EXPECT_EQ(Utf16Index(text, 99), 5);
+    const QString q = ToQString(text);
+    EXPECT_EQ(CharacterIndex(q, 3), 2);
+    EXPECT_EQ(CharacterIndex(q, 2), 2);  // inside the pair counts as after it
+    EXPECT_EQ(CharacterIndex(q, 5), 4);
+    EXPECT_EQ(ToStdString(q), text);
+}
+
+TEST(TextPositions, MessageLineEndsBecomeLineFeeds) {
+    EXPECT_EQ(DisplayLines(QStringLiteral("a:\r\nb\r\n")), QStringLiteral("a:\nb\n"));
+}
+
+TEST(TextPositions, PasteKeepsTheFirstLineOnly) {
+    EXPECT_EQ(FirstLine(QStringLiteral("abc\r\ndef")), QStringLiteral("abc"));
+    EXPECT_EQ(FirstLine(QStringLiteral("abc\ndef")), QStringLiteral("abc"));
+    EXPECT_EQ(FirstLine(QStringLiteral("abc")), QStringLiteral("abc"));
+}
+
+TEST(QtMessageSink, IconsFollowTheMessageKind) {
+    EXPECT_EQ(QtMessageSink::IconFor(MessageIcon::Information), QMessageBox::Information);
+    EXPECT_EQ(QtMessageSink::IconFor(MessageIcon::Critical), QMessageBox::Critical);
+    EXPECT_EQ(QtMessageSink::IconFor(MessageIcon::Plain), QMessageBox::NoIcon);
+}
+
+TEST(QtMessageSink, HandlerGetsTheTextAsWrittenAndEmptyTextReachesNothing) {
+    QtMessageSink sink;
+    std::vector<std::pair<MessageIcon, QString>> shown;
+    sink.setHandler(
+        [&shown](MessageIcon icon, const QString& text) { shown.emplace_back(icon, text); });
+    sink.Critical("Unexpected Error - 1004");
+    sink.Information("");
+    sink.Plain("a\r\nb");
+    ASSERT_EQ(shown.size(), 2u);
+    EXPECT_EQ(shown[0].first, MessageIcon::Critical);
+    EXPECT_EQ(shown[0].second, QStringLiteral("Unexpected Error - 1004"));
+    EXPECT_EQ(shown[1].first, MessageIcon::Plain);
+    EXPECT_EQ(shown[1].second, QStringLiteral("a\r\nb"));
+}
+
+}  // namespace
+}  // namespace tabulon

@@ -1,0 +1,137 @@
+// GridView: what is painted where, and what the pointer hits.
+#include <QApplication>
+#include <QTest>
+#include <QWheelEvent>
+#include <algorithm>
+
+#include "qt/bindings/grid_view.h"
+#include "test_documents.h"
+#include "widget_fixture.h"
+
+namespace tabulon::testing {
+namespace {
+
+class GridViewTest : public WidgetFixture {
+protected:
+    GridViewTest() {
+        EXPECT_TRUE(widget().LoadXML(QString::fromStdString(GridDocument(40, 8))));
+        ProcessEvents();
+    }
+    GridView& view() { return *static_cast<GridView*>(widget().widgetFor(form().msgGridView)); }
+    FlexGrid& grid() { return form().msgGridView; }
+    // Narrows the data columns so that the grid ends before the view's right edge.
+    void NarrowColumns() {
+        for (int c = 1; c < grid().cols(); ++c)
+            grid().setColWidth(c, 300);
+        ProcessEvents();
+    }
+};
+
+TEST_F(GridViewTest, RowsInViewAreTheFixedOnesThenFromTopRowToTheEdge) {
+    grid().setTopRow(5);
+    const std::vector<int> rows = view().rowsInView();
+    ASSERT_GE(rows.size(), 3u);
+    EXPECT_EQ(rows[0], 0);
+    EXPECT_EQ(rows[1], 5);
+    EXPECT_EQ(rows[2], 6);
+    EXPECT_TRUE(view().cellRect(3, 1).isEmpty());  // scrolled out above
+    const int last = rows.back();
+    EXPECT_LT(grid().rowPos(last), grid().height());
+    EXPECT_TRUE(last + 1 == grid().rows() || grid().rowPos(last + 1) >= grid().height());
+}
+
+TEST_F(GridViewTest, HiddenColumnsAreNeitherPaintedNorHit) {
+    grid().setColWidth(2, 0);
+    const std::vector<int> cols = view().colsInView();
+    EXPECT_EQ(std::count(cols.begin(), cols.end(), 2), 0);
+    EXPECT_TRUE(view().cellRect(1, 2).isEmpty());
+    const QRect third = view().cellRect(1, 3);
+    EXPECT_EQ(view().colAt(third.left()), 3);
+}
+
+TEST_F(GridViewTest, EveryPixelOfACellHitsThatCell) {
+    for (const int row : view().rowsInView()) {
+        for (const int col : view().colsInView()) {
+            const QRect rect = view().cellRect(row, col);
+            EXPECT_EQ(view().rowAt(rect.top()), row);
+            EXPECT_EQ(view().rowAt(rect.bottom()), row);
+            EXPECT_EQ(view().colAt(rect.left()), col);
+            EXPECT_EQ(view().colAt(rect.right()), col);
+        }
+    }
+}
+
+TEST_F(GridViewTest, ClickingACellMakesItCurrentAndOpensItsEditor) {
+    ClickCell(4, 2);
+    EXPECT_EQ(grid().row(), 4);
+    EXPECT_EQ(grid().col(), 2);
+    EXPECT_TRUE(form().txtTextBoxControl.visible());
+}
+
+TEST_F(GridViewTest, ClickingPastTheLastColumnOnlyMovesThePointer) {
+    NarrowColumns();
+    ClickCell(2, 1);
+    const QRect last = view().cellRect(2, view().colsInView().back());
+    ASSERT_LT(last.right() + 5, view().width()) << "the grid has no room past its last column";
+    QTest::mouseClick(&view(), Qt::LeftButton, Qt::NoModifier,
+                      QPoint(last.right() + 5, last.center().y()));
+    ProcessEvents();
+    EXPECT_EQ(grid().row(), 2);
+    EXPECT_EQ(grid().col(), 1);
+    EXPECT_EQ(grid().mouseCol(), -1);
+}
+
+TEST_F(GridViewTest, WheelNotchScrollsTheConfiguredNumberOfRows) {
+    const QPoint centre = view().rect().center();
+    QWheelEvent wheel(centre, view().mapToGlobal(centre), QPoint(), QPoint(0, -120), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&view(), &wheel);
+    EXPECT_EQ(grid().topRow(), 1 + QApplication::wheelScrollLines());
+    // Half notches add up.
+    QWheelEvent half(centre, view().mapToGlobal(centre), QPoint(), QPoint(0, 60), Qt::NoButton,
+                     Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&view(), &half);
+    EXPECT_EQ(grid().topRow(), 1 + QApplication::wheelScrollLines());
+    QApplication::sendEvent(&view(), &half);
+    EXPECT_EQ(grid().topRow(), 1);
+}
+
+TEST_F(GridViewTest, PaintsCellColoursGridLinesAndTheAreaPastTheCells) {
+    grid().setCellBackColor(2, 2, 0xFF0000);
+    NarrowColumns();
+    const QImage image = view().grab().toImage();
+    const QRect red = view().cellRect(2, 2);
+    EXPECT_EQ(image.pixel(red.left() + 1, red.bottom() - 1), qRgb(255, 0, 0));
+    // The grid line runs along the cell's last pixel column and row.
+    EXPECT_EQ(image.pixel(red.right(), red.center().y()), qRgb(0xC0, 0xC0, 0xC0));
+    EXPECT_EQ(image.pixel(red.center().x(), red.bottom()), qRgb(0xC0, 0xC0, 0xC0));
+    const QRect header = view().cellRect(0, 1);
+    EXPECT_EQ(image.pixel(header.right(), header.center().y()), qRgb(0x80, 0x80, 0x80));
+    const QRect last = view().cellRect(1, 8);
+    EXPECT_EQ(image.pixel(last.right() + 2, last.center().y()), qRgb(0x80, 0x80, 0x80));
+}
+
+struct AlignmentCase {
+    CellAlignment alignment;
+    const char* text;
+    Qt::Alignment expected;
+};
+
+TEST(GridViewAlignment, CodesMapToQtAlignmentAndGeneralDependsOnTheText) {
+    const AlignmentCase cases[] = {
+        {CellAlignment::LeftTop, "x", Qt::AlignLeft | Qt::AlignTop},
+        {CellAlignment::CenterCenter, "x", Qt::AlignHCenter | Qt::AlignVCenter},
+        {CellAlignment::RightTop, "x", Qt::AlignRight | Qt::AlignTop},
+        {CellAlignment::RightBottom, "x", Qt::AlignRight | Qt::AlignBottom},
+        {CellAlignment::General, "12.5", Qt::AlignRight | Qt::AlignVCenter},
+        {CellAlignment::General, " -3e2 ", Qt::AlignRight | Qt::AlignVCenter},
+        {CellAlignment::General, "12(ft)", Qt::AlignLeft | Qt::AlignVCenter},
+        {CellAlignment::General, "", Qt::AlignLeft | Qt::AlignVCenter},
+    };
+    for (const AlignmentCase& c : cases) {
+        EXPECT_EQ(GridView::TextAlignment(c.alignment, c.text), c.expected) << c.text;
+    }
+}
+
+}  // namespace
+}  // namespace tabulon::testing

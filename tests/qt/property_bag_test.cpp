@@ -1,0 +1,97 @@
+// QSettingsPropertyBag: the control's settings kept in a QSettings store.
+#include <gtest/gtest.h>
+
+#include <QSettings>
+#include <QTemporaryDir>
+
+#include "qt/qsettings_property_bag.h"
+#include "qt/spreadsheet_widget.h"
+
+namespace tabulon {
+namespace {
+
+// A message box would wait for a user that a test does not have.
+void FailOnMessage(MessageIcon, const QString& text) {
+    ADD_FAILURE() << "unexpected message: " << text.toStdString();
+}
+
+class SettingsBag : public ::testing::Test {
+protected:
+    QString IniPath() const { return dir_.filePath(QStringLiteral("settings.ini")); }
+    QTemporaryDir dir_;
+};
+
+TEST_F(SettingsBag, EveryValueTypeComesBackFromTheFile) {
+    {
+        QSettings settings(IniPath(), QSettings::IniFormat);
+        QSettingsPropertyBag bag(settings);
+        bag.Write("flag", false, true);
+        bag.Write("width", std::int64_t{3000}, std::int64_t{2745});
+        bag.Write("ratio", 0.25, 0.0);
+        bag.Write("caption", std::string("Pump family"), std::string("Filter"));
+    }
+    QSettings settings(IniPath(), QSettings::IniFormat);
+    QSettingsPropertyBag bag(settings);
+    // An INI file gives text back; the control's reading rules convert it.
+    EXPECT_FALSE(bag.ReadBool("flag", true));
+    EXPECT_EQ(bag.ReadInt32("width", 0), 3000);
+    EXPECT_EQ(PropertyToString(bag.Read("ratio", 0.0)), "0.25");
+    EXPECT_EQ(bag.ReadString("caption", ""), "Pump family");
+}
+
+TEST_F(SettingsBag, AValueEqualToItsDefaultIsRemoved) {
+    QSettings settings(IniPath(), QSettings::IniFormat);
+    QSettingsPropertyBag bag(settings);
+    bag.Write("width", std::int64_t{3000}, std::int64_t{2745});
+    ASSERT_TRUE(settings.contains(QStringLiteral("width")));
+    bag.Write("width", std::int64_t{2745}, std::int64_t{2745});
+    EXPECT_FALSE(settings.contains(QStringLiteral("width")));
+    EXPECT_EQ(bag.ReadInt32("width", 2745), 2745);
+}
+
+TEST_F(SettingsBag, KeysLiveUnderTheGroupAndTheSettingsGroupStays) {
+    QSettings settings(IniPath(), QSettings::IniFormat);
+    QSettingsPropertyBag bag(settings, QStringLiteral("Spreadsheet1"));
+    bag.Write("hscGrid.LeftMargin", std::int64_t{900}, std::int64_t{1100});
+    EXPECT_TRUE(settings.contains(QStringLiteral("Spreadsheet1/hscGrid.LeftMargin")));
+    EXPECT_TRUE(settings.group().isEmpty());
+}
+
+TEST_F(SettingsBag, StoredTypesReadBackAsTheSameKind) {
+    EXPECT_EQ(QSettingsPropertyBag::FromVariant(QVariant(true)), PropertyValue(true));
+    EXPECT_EQ(QSettingsPropertyBag::FromVariant(QVariant(12)), PropertyValue(std::int64_t{12}));
+    EXPECT_EQ(QSettingsPropertyBag::FromVariant(QVariant(1.5)), PropertyValue(1.5));
+    EXPECT_EQ(QSettingsPropertyBag::FromVariant(QVariant(QStringLiteral("-1"))),
+              PropertyValue(std::string("-1")));
+}
+
+TEST_F(SettingsBag, ControlSettingsSurviveARestartThroughQSettings) {
+    gGeneralProperty_type general;
+    gButtonProperty_type buttons;
+    {
+        SpreadsheetWidget first(nullptr, nullptr, FailOnMessage);
+        general = first.GeneralProperty();
+        general.strFilterCaption = "Family";
+        general.intScrollBars = 1;
+        general.lngColWidthMin = 1500;
+        first.setGeneralProperty(general);
+        buttons = first.ButtonProperty();
+        buttons.blnPrintVisible = kFalse;
+        buttons.blnDefaultPos = kFalse;
+        buttons.lngOKLeft = 4000;
+        first.setButtonProperty(buttons);
+        general = first.GeneralProperty();
+        buttons = first.ButtonProperty();
+        QSettings settings(IniPath(), QSettings::IniFormat);
+        QSettingsPropertyBag bag(settings);
+        first.saveSettings(bag);
+    }
+    QSettings settings(IniPath(), QSettings::IniFormat);
+    QSettingsPropertyBag bag(settings);
+    SpreadsheetWidget restored(nullptr, &bag, FailOnMessage);
+    EXPECT_EQ(restored.GeneralProperty(), general);
+    EXPECT_EQ(restored.ButtonProperty(), buttons);
+}
+
+}  // namespace
+}  // namespace tabulon

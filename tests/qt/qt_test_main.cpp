@@ -1,0 +1,13 @@
+// The Qt tests need a QApplication. They run without a display: the offscreen
+// platform unless the environment names another (ctest sets offscreen too; test
+// discovery at build time does not).
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}

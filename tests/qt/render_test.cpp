@@ -1,0 +1,115 @@
+// The widget rendered for each sample: the pictures are kept under the build folder
+// (qt_renders/) for people to look at; the tests check that the grid and the tree
+// really show something.
+#include <QDir>
+#include <QImage>
+#include <QSet>
+#include <QTreeWidget>
+
+#include "qt/bindings/grid_view.h"
+#include "qt/bindings/unit_drop_binding.h"
+#include "qt/bindings/unit_num_binding.h"
+#include "widget_fixture.h"
+
+namespace tabulon::testing {
+namespace {
+
+QString RenderPath(const std::string& name) {
+    const QString dir = QString::fromUtf8(TABULON_BINARY_DIR) + QStringLiteral("/qt_renders");
+    QDir().mkpath(dir);
+    return dir + QLatin1Char('/') + QString::fromStdString(name) + QStringLiteral(".png");
+}
+
+int DistinctColours(const QImage& image) {
+    QSet<QRgb> colours;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            colours.insert(image.pixel(x, y));
+    }
+    return static_cast<int>(colours.size());
+}
+
+// Pixels of a rectangle that differ from its background colour.
+int InkPixels(const QImage& image, const QRect& rect, QRgb background) {
+    int ink = 0;
+    for (int y = rect.top(); y <= rect.bottom(); ++y) {
+        for (int x = rect.left(); x <= rect.right(); ++x) {
+            if (image.pixel(x, y) != background) ++ink;
+        }
+    }
+    return ink;
+}
+
+class RenderSample : public WidgetFixture, public ::testing::WithParamInterface<std::string> {};
+
+TEST_P(RenderSample, GridAndTreeShowTheDocument) {
+    ASSERT_TRUE(Load("samples/" + GetParam() + ".xml"));
+    ProcessEvents();
+    const QImage image = widget().grab().toImage();
+    ASSERT_TRUE(image.save(RenderPath(GetParam())));
+
+    auto* view = static_cast<GridView*>(widget().widgetFor(form().msgGridView));
+    const QImage grid = view->grab().toImage();
+    // Back colours, grid lines, text and the dark area past the last row at least.
+    EXPECT_GT(DistinctColours(grid), 8);
+    // A data cell holds text: ink on its white background.
+    const QRect cell = view->cellRect(1, 1);
+    EXPECT_GT(InkPixels(grid, cell.adjusted(0, 0, -1, -1), qRgb(255, 255, 255)), 10);
+
+    auto* tree = static_cast<QTreeWidget*>(widget().widgetFor(form().treTreeView));
+    EXPECT_EQ(tree->topLevelItemCount() > 0, true);
+    const QImage treeImage = tree->grab().toImage();
+    EXPECT_GT(DistinctColours(treeImage), 8);
+}
+
+INSTANTIATE_TEST_SUITE_P(Samples, RenderSample, ::testing::Values("english", "metric", "filtered"));
+
+class Rendering : public WidgetFixture {};
+
+TEST_F(Rendering, AnOpenEditorLiesExactlyOverItsCell) {
+    ASSERT_TRUE(Load("samples/english.xml"));
+    ClickNode("PUMPS");
+    ClickCell(1, 2);
+    ASSERT_TRUE(form().txtTextBoxControl.visible());
+    const QImage image = widget().grab().toImage();
+    ASSERT_TRUE(image.save(RenderPath("english_editing")));
+    QWidget* editor = widget().widgetFor(form().txtTextBoxControl);
+    const QPoint gridOrigin = widget().widgetFor(form().msgGridView)->pos();
+    auto* view = static_cast<GridView*>(widget().widgetFor(form().msgGridView));
+    EXPECT_EQ(editor->geometry(), view->cellRect(1, 2).translated(gridOrigin));
+}
+
+TEST_F(Rendering, UnitDropEditorShowsBothPartsBesideTheScrollBars) {
+    gGeneralProperty_type general = widget().GeneralProperty();
+    general.intScrollBars = 1;
+    widget().setGeneralProperty(general);
+    ASSERT_TRUE(Load("samples/filtered.xml"));
+    ClickCell(4, 2);
+    ASSERT_TRUE(form().unitDropControl.visible());
+    const QImage image = widget().grab().toImage();
+    ASSERT_TRUE(image.save(RenderPath("filtered_unit_editor")));
+    auto* binding = dynamic_cast<UnitDropBinding*>(widget().bindingFor(form().unitDropControl));
+    ASSERT_NE(binding, nullptr);
+    const TwipsScale& scale = widget().scale();
+    EXPECT_EQ(binding->numberEdit()->width(),
+              scale.toPixelsX(form().unitDropControl.NumberWidth()));
+    EXPECT_GT(binding->unitCombo()->width(), 0);
+    EXPECT_EQ(binding->unitCombo()->currentText(), QStringLiteral("hp"));
+    EXPECT_EQ(binding->numberEdit()->text(), QStringLiteral("7.5"));
+}
+
+TEST_F(Rendering, UnitNumberEditorShowsTheUnitLabel) {
+    ASSERT_TRUE(Load("samples/metric.xml"));
+    ClickCell(1, 1);
+    ASSERT_TRUE(form().unitNumControl.visible());
+    const QImage image = widget().grab().toImage();
+    ASSERT_TRUE(image.save(RenderPath("metric_unit_editor")));
+    auto* binding = dynamic_cast<UnitNumBinding*>(widget().bindingFor(form().unitNumControl));
+    ASSERT_NE(binding, nullptr);
+    EXPECT_EQ(binding->unitLabel()->text().toStdString(), form().unitNumControl.UnitLabel());
+    EXPECT_FALSE(binding->unitLabel()->text().isEmpty());
+    EXPECT_EQ(binding->numberEdit()->text().toStdString(), form().unitNumControl.NumberText());
+}
+
+}  // namespace
+}  // namespace tabulon::testing

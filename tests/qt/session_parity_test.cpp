@@ -1,0 +1,348 @@
+// The same steps through real Qt input events and through the session tool give the
+// same control: current cell, cell texts and colours, the document, events and
+// message boxes.
+#include <QComboBox>
+#include <QScrollBar>
+#include <QTest>
+#include <QTreeWidget>
+#include <sstream>
+
+#include "qt/bindings/scroll_bar_binding.h"
+#include "qt/bindings/unit_drop_binding.h"
+#include "widget_fixture.h"
+
+namespace tabulon::testing {
+namespace {
+
+std::string Hex(Rgb rgb) {
+    char text[8];
+    std::snprintf(text, sizeof text, "#%06x", static_cast<unsigned>(rgb));
+    return text;
+}
+
+int Int(const JsonValue& value) {
+    return static_cast<int>(value.number);
+}
+
+// The grid model against the session's "dump grid".
+void ExpectGridMatches(const FlexGrid& grid, const JsonValue& dump) {
+    ASSERT_TRUE(dump.has("cells")) << "no grid dump";
+    EXPECT_EQ(grid.rows(), Int(dump["rows"]));
+    EXPECT_EQ(grid.cols(), Int(dump["cols"]));
+    EXPECT_EQ(grid.row(), Int(dump["row"]));
+    EXPECT_EQ(grid.col(), Int(dump["col"]));
+    EXPECT_EQ(grid.rowSel(), Int(dump["rowSel"]));
+    EXPECT_EQ(grid.colSel(), Int(dump["colSel"]));
+    EXPECT_EQ(grid.topRow(), Int(dump["topRow"]));
+    EXPECT_EQ(grid.leftCol(), Int(dump["leftCol"]));
+    for (int c = 0; c < grid.cols(); ++c) {
+        EXPECT_EQ(grid.colWidth(c), Int(dump["colWidths"][static_cast<std::size_t>(c)]))
+            << "column " << c;
+    }
+    for (int r = 0; r < grid.rows(); ++r) {
+        for (int c = 0; c < grid.cols(); ++c) {
+            const JsonValue& cell =
+                dump["cells"][static_cast<std::size_t>(r)][static_cast<std::size_t>(c)];
+            EXPECT_EQ(grid.textMatrix(r, c), cell["text"].text) << "cell " << r << ", " << c;
+            EXPECT_EQ(Hex(grid.cellBackColor(r, c)), cell["back"].text)
+                << "cell " << r << ", " << c;
+        }
+    }
+}
+
+// Two documents are the same text; a difference is reported by its first line only.
+void ExpectSameDocument(const std::string& actual, const std::string& expected) {
+    if (actual == expected) return;
+    std::istringstream a(actual), e(expected);
+    std::string lineA, lineE;
+    int number = 1;
+    while (std::getline(a, lineA) && std::getline(e, lineE) && lineA == lineE)
+        ++number;
+    ADD_FAILURE() << "documents differ at line " << number << ":\n  widget:  " << lineA
+                  << "\n  session: " << lineE;
+}
+
+// The last "xml" result of a session run.
+std::string SessionXml(const SessionRun& run) {
+    const std::vector<JsonValue> results = Results(run);
+    return results.empty() ? std::string("<no result>") : results.back().text;
+}
+
+// A path as a session script word.
+std::string Quoted(const std::string& text) {
+    return "\"" + text + "\"";
+}
+
+class SessionParity : public WidgetFixture {
+protected:
+    void ExpectSameOutcome(const SessionRun& run) {
+        ASSERT_EQ(run.status, 0) << run.err;
+        ExpectGridMatches(form().msgGridView, LastDump(run, "grid"));
+        ExpectSameDocument(widget().XML().toStdString(), SessionXml(run));
+        EXPECT_EQ(events, SessionEvents(run));
+        EXPECT_EQ(messages, SessionMessages(run));
+    }
+};
+
+TEST_F(SessionParity, LayoutOfEveryChildMatchesTheSessionAtTheSameSize) {
+    const SessionRun run = RunSteps("dump layout\n");
+    const JsonValue layout = LastDump(run, "layout");
+    ASSERT_TRUE(layout.has("treTreeView"));
+    for (Component* child : form().children()) {
+        const JsonValue& expected = layout[child->name()];
+        if (!expected.has("left")) continue;
+        EXPECT_EQ(child->left(), Int(expected["left"])) << child->name();
+        EXPECT_EQ(child->top(), Int(expected["top"])) << child->name();
+        EXPECT_EQ(child->width(), Int(expected["width"])) << child->name();
+        EXPECT_EQ(child->height(), Int(expected["height"])) << child->name();
+        EXPECT_EQ(child->visible(), expected["visible"].boolean) << child->name();
+    }
+}
+
+TEST_F(SessionParity, TypingIntoAValidatedCellThenTabRaisesTheSameAppGridEvent) {
+    const std::string path = SampleCopy("english.xml");
+    ASSERT_TRUE(Load(path));
+    ClickNode("PUMPS");
+    ClickCell(1, 1);
+    TypeText(QStringLiteral("P9"));
+    KeyClick(Qt::Key_Tab);
+
+    const SessionRun run = RunSteps("load " + Quoted(path) +
+                                    "\nnode PUMPS\nclick 1 1\ntype \"P9\"\nkey Tab\n"
+                                    "dump grid\nxml\n");
+    ExpectSameOutcome(run);
+    EXPECT_EQ(form().msgGridView.textMatrix(1, 1), "P9");
+    ASSERT_EQ(events.size(), 1u);
+    EXPECT_EQ(events[0].rfind("AppGridEventHandler ", 0), 0u);
+}
+
+TEST_F(SessionParity, ChoosingFromThePickListAndEnterCommitsLikeTheSession) {
+    const std::string path = SampleCopy("english.xml");
+    ASSERT_TRUE(Load(path));
+    ClickCell(1, 1);
+    auto* combo = qobject_cast<QComboBox*>(widget().widgetFor(form().cboComboBoxControl));
+    ASSERT_TRUE(combo->isVisible());
+    PickFromPopup(combo, QStringLiteral("Laboratory"));
+    EXPECT_EQ(form().cboComboBoxControl.text(), "Laboratory");
+    KeyClick(Qt::Key_Return);
+
+    const SessionRun run = RunSteps("load " + Quoted(path) +
+                                    "\nclick 1 1\npick \"Laboratory\"\nkey Enter\n"
+                                    "dump grid\nxml\n");
+    ExpectSameOutcome(run);
+    EXPECT_EQ(form().msgGridView.textMatrix(1, 1), "Laboratory");
+}
+
+TEST_F(SessionParity, OutOfRangeNumberTurnsTheCellRedLikeTheSession) {
+    const std::string path = SampleCopy("english.xml");
+    ASSERT_TRUE(Load(path));
+    ClickCell(2, 1);
+    for (int i = 0; i < 6; ++i)
+        KeyClick(Qt::Key_Backspace);
+    TypeText(QStringLiteral("600000"));
+    KeyClick(Qt::Key_Tab);
+
+    const SessionRun run = RunSteps("load " + Quoted(path) +
+                                    "\nclick 2 1\nkey Backspace\nkey Backspace\nkey Backspace\n"
+                                    "key Backspace\nkey Backspace\nkey Backspace\n"
+                                    "type \"600000\"\nkey Tab\ndump grid\nxml\n");
+    ExpectSameOutcome(run);
+    EXPECT_NE(form().msgGridView.cellBackColor(2, 1), FlexGrid::kBackColor);
+}
+
+TEST_F(SessionParity, ChoosingAUnitInTheUnitDropDownMatchesTheSession) {
+    const std::string path = SampleCopy("filtered.xml");
+    ASSERT_TRUE(Load(path));
+    ClickCell(4, 1);
+    auto* binding = dynamic_cast<UnitDropBinding*>(widget().bindingFor(form().unitDropControl));
+    ASSERT_NE(binding, nullptr);
+    ASSERT_TRUE(binding->unitCombo()->isVisible());
+    PickFromPopup(binding->unitCombo(), QStringLiteral("bhp"));
+    EXPECT_EQ(form().unitDropControl.SelectedUnitText(), "bhp");
+    KeyClick(Qt::Key_Tab);
+
+    const SessionRun run = RunSteps("load " + Quoted(path) +
+                                    "\nclick 4 1\npick-unit \"bhp\"\nkey Tab\ndump grid\nxml\n");
+    ExpectSameOutcome(run);
+}
+
+TEST_F(SessionParity, TabEnterAndTheirReverseMoveLikeTheSession) {
+    ASSERT_TRUE(Load("samples/english.xml"));
+    ClickCell(1, 1);
+    KeyClick(Qt::Key_Tab);
+    KeyClick(Qt::Key_Tab);
+    KeyClick(Qt::Key_Tab);  // last column: no wrap
+    KeyClick(Qt::Key_Return);
+    KeyClick(Qt::Key_Tab, Qt::ControlModifier);
+    KeyClick(Qt::Key_Backtab, Qt::ShiftModifier);  // swallowed, does nothing
+    KeyClick(Qt::Key_F8);
+    KeyClick(Qt::Key_F5);
+
+    const SessionRun run = RunSteps(
+        "load samples/english.xml\nclick 1 1\nkey Tab\nkey Tab\nkey Tab\nkey Enter\n"
+        "key Tab ctrl\nkey Tab shift\nkey F8\nkey F5\ndump grid\nxml\n");
+    ExpectSameOutcome(run);
+    EXPECT_EQ(form().msgGridView.row(), 3);
+    EXPECT_EQ(form().msgGridView.col(), 1);
+}
+
+TEST_F(SessionParity, FilterChoiceShowsTheSameColumns) {
+    ASSERT_TRUE(Load("samples/filtered.xml"));
+    auto* combo = qobject_cast<QComboBox*>(widget().widgetFor(form().cboFilter));
+    ASSERT_TRUE(combo->isVisible());
+    PickFromPopup(combo, QStringLiteral("End suction"));
+
+    const SessionRun run =
+        RunSteps("load samples/filtered.xml\nfilter \"End suction\"\ndump grid\nxml\n");
+    ExpectSameOutcome(run);
+    EXPECT_EQ(widget().FilterValue(), QStringLiteral("End suction"));
+}
+
+TEST_F(SessionParity, ButtonsRaiseTheSameEventsAndSpaceClicksOnce) {
+    const std::string path = SampleCopy("english.xml");
+    ASSERT_TRUE(Load(path));
+    ClickButton(form().cmdPrint);
+    ClickButton(form().cmdCancel);
+    KeyClick(Qt::Key_Space);  // the Cancel button has the focus now
+    ClickButton(form().cmdHelp);
+    ClickButton(form().cmdOK);
+
+    const SessionRun run = RunSteps("load " + Quoted(path) +
+                                    "\nbutton Print\nbutton Cancel\nbutton-key Cancel Space\n"
+                                    "button Help\nbutton OK\ndump grid\nxml\n");
+    ExpectSameOutcome(run);
+    ASSERT_EQ(events.size(), 5u);
+    EXPECT_EQ(events[1], "CancelClick");
+    EXPECT_EQ(events[2], "CancelClick");
+}
+
+TEST_F(SessionParity, ScrollBarClicksCommitTheEditorAndMoveTheGridLikeTheSession) {
+    gGeneralProperty_type general = widget().GeneralProperty();
+    general.intScrollBars = 1;
+    widget().setGeneralProperty(general);
+    ASSERT_TRUE(Load("samples/filtered.xml"));
+    ClickCell(1, 1);
+    KeyClick(Qt::Key_Backspace);
+    TypeText(QStringLiteral("9"));
+    auto* binding = dynamic_cast<ScrollBarBinding*>(widget().bindingFor(form().hscGrid));
+    QScrollBar* bar = binding->scrollBar();
+    ASSERT_TRUE(bar->isVisible());
+    ASSERT_TRUE(bar->isEnabled());
+    // The right arrow, then the track right of the thumb.
+    QTest::mouseClick(bar, Qt::LeftButton, Qt::NoModifier,
+                      QPoint(bar->width() - 3, bar->height() / 2));
+    ProcessEvents();
+    const int afterArrow = form().msgGridView.leftCol();
+    QTest::mouseClick(bar, Qt::LeftButton, Qt::NoModifier,
+                      QPoint(bar->width() - bar->height() - 4, bar->height() / 2));
+    ProcessEvents();
+
+    const SessionRun run = RunSteps(
+        "set-general intScrollBars=1\nload samples/filtered.xml\nclick 1 1\nkey Backspace\n"
+        "type \"9\"\nhscroll +1\nhscroll =" +
+        std::to_string(form().hscGrid.bar().value()) + "\ndump grid\nxml\ndump scrollbars\n");
+    ExpectSameOutcome(run);
+    EXPECT_EQ(afterArrow, 2);
+    // The bar took the focus before it moved: the open editor was committed.
+    EXPECT_EQ(form().msgGridView.textMatrix(1, 1), "189");
+    EXPECT_FALSE(form().anyEditorVisible());
+    const JsonValue bars = LastDump(run, "scrollbars");
+    EXPECT_EQ(form().hscGrid.bar().value(), Int(bars["hscGrid"]["value"]));
+    EXPECT_EQ(form().hscGrid.bar().max(), Int(bars["hscGrid"]["max"]));
+    EXPECT_EQ(bar->value(), form().hscGrid.bar().value());
+}
+
+TEST_F(SessionParity, SplitterDragWidensTheTreeLikeTheSession) {
+    ASSERT_TRUE(Load("samples/english.xml"));
+    QWidget* splitter = widget().widgetFor(form().imgSplitter);
+    const QPoint start = splitter->mapToGlobal(QPoint(splitter->width() / 2, 100));
+    // The splitter moves under the pointer: every position is taken from the screen.
+    const auto at = [splitter, start](int dx) {
+        return splitter->mapFromGlobal(start + QPoint(dx, 0));
+    };
+    QTest::mousePress(splitter, Qt::LeftButton, Qt::NoModifier, at(0));
+    QTest::mouseMove(splitter, at(20));
+    QTest::mouseMove(splitter, at(30));
+    QTest::mouseRelease(splitter, Qt::LeftButton, Qt::NoModifier, at(30));
+    ProcessEvents();
+    const std::int32_t dx = widget().scale().toTwipsX(30);
+
+    const SessionRun run = RunSteps("load samples/english.xml\ndrag-splitter " +
+                                    std::to_string(dx) + "\ndump layout\ndump grid\nxml\n");
+    ExpectSameOutcome(run);
+    const JsonValue layout = LastDump(run, "layout");
+    EXPECT_EQ(form().treTreeView.width(), Int(layout["treTreeView"]["width"]));
+    EXPECT_EQ(form().msgGridView.left(), Int(layout["msgGridView"]["left"]));
+    EXPECT_GT(form().treTreeView.width(), 2745);
+}
+
+TEST_F(SessionParity, CollapsingAParentByItsIndicatorMovesTheSelectionLikeTheSession) {
+    ASSERT_TRUE(Load("samples/english.xml"));
+    ClickNode("CHILLERS");
+    auto* tree = qobject_cast<QTreeWidget*>(widget().widgetFor(form().treTreeView));
+    QTreeWidgetItem* project = tree->topLevelItem(0);
+    const QRect row = tree->visualItemRect(project);
+    // The indicator lies left of the item's own rectangle.
+    QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      QPoint(row.left() - tree->indentation() / 2, row.center().y()));
+    ProcessEvents();
+    EXPECT_FALSE(project->isExpanded());
+
+    const SessionRun run = RunSteps(
+        "load samples/english.xml\nnode CHILLERS\ncollapse PROJECT\ndump tree\ndump grid\nxml\n");
+    ExpectSameOutcome(run);
+    const JsonValue dump = LastDump(run, "tree");
+    for (int i = 1; i <= form().treTreeView.count(); ++i) {
+        const JsonValue& node = dump["nodes"][static_cast<std::size_t>(i - 1)];
+        EXPECT_EQ(form().treTreeView.node(i).expanded, node["expanded"].boolean) << i;
+        EXPECT_EQ(form().treTreeView.selectedIndex() == i, node["selected"].boolean) << i;
+    }
+}
+
+TEST_F(SessionParity, EnterOnAButtonMovesTheGridInsteadOfClickingIt) {
+    ASSERT_TRUE(Load("samples/english.xml"));
+    ClickButton(form().cmdHelp);
+    KeyClick(Qt::Key_Return);
+
+    const SessionRun run =
+        RunSteps("load samples/english.xml\nbutton Help\nbutton-key Help Enter\ndump grid\nxml\n");
+    ExpectSameOutcome(run);
+    EXPECT_EQ(events, std::vector<std::string>{"HelpClick"});
+    EXPECT_EQ(form().msgGridView.row(), 2);
+}
+
+TEST_F(SessionParity, ArrowKeyInTheTreeSelectsTheNextNodeLikeClickingIt) {
+    ASSERT_TRUE(Load("samples/english.xml"));
+    ClickNode("PROJECT");
+    KeyClick(Qt::Key_Down);
+    EXPECT_EQ(form().treTreeView.selectedIndex(), form().treTreeView.indexOf("AHU"));
+
+    const SessionRun run =
+        RunSteps("load samples/english.xml\nnode PROJECT\nnode AHU\ndump grid\nxml\n");
+    ExpectSameOutcome(run);
+}
+
+TEST_F(SessionParity, EditingAMetricNumberStoresItLikeTheSession) {
+    const std::string path = SampleCopy("metric.xml");
+    ASSERT_TRUE(Load(path));
+    ClickCell(1, 1);
+    KeyClick(Qt::Key_Backspace);
+    TypeText(QStringLiteral("5"));
+    KeyClick(Qt::Key_Enter);
+
+    const SessionRun run =
+        RunSteps("load " + Quoted(path) +
+                 "\nclick 1 1\nkey Backspace\ntype \"5\"\nkey Enter\ndump grid\nxml\n");
+    ExpectSameOutcome(run);
+    EXPECT_EQ(form().msgGridView.row(), 2);
+}
+
+TEST_F(SessionParity, ABrokenDocumentShowsTheSameMessages) {
+    EXPECT_FALSE(widget().LoadXML(QStringLiteral("<xml><bad")));
+    const SessionRun run = RunSteps("loadxml-text \"<xml><bad\"\n");
+    EXPECT_EQ(messages, SessionMessages(run));
+    EXPECT_FALSE(messages.empty());
+}
+
+}  // namespace
+}  // namespace tabulon::testing

@@ -1,0 +1,204 @@
+#include "widget_fixture.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QDir>
+#include <QTest>
+#include <QTreeWidget>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "qt/bindings/grid_view.h"
+#include "qt/qt_text.h"
+
+namespace tabulon::testing {
+
+namespace {
+
+std::string ReadAll(const std::filesystem::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::ostringstream text;
+    text << in.rdbuf();
+    return text.str();
+}
+
+}  // namespace
+
+WidgetFixture::WidgetFixture() {
+    // The samples name their pictures relative to the repository root.
+    QDir::setCurrent(QString::fromUtf8(TABULON_SOURCE_DIR));
+    widget_ = std::make_unique<SpreadsheetWidget>(
+        nullptr, nullptr, [this](MessageIcon icon, const QString& text) {
+            messages.push_back(std::string(MessageIconName(icon)) + ": " + ToStdString(text));
+        });
+    SpreadsheetWidget* w = widget_.get();
+    QObject::connect(w, &SpreadsheetWidget::OKClick, [this] { events.emplace_back("OKClick"); });
+    QObject::connect(w, &SpreadsheetWidget::CancelClick,
+                     [this] { events.emplace_back("CancelClick"); });
+    QObject::connect(w, &SpreadsheetWidget::HelpClick,
+                     [this] { events.emplace_back("HelpClick"); });
+    QObject::connect(w, &SpreadsheetWidget::PrintClick, [this](const QString& strXML) {
+        events.push_back("PrintClick " + ToStdString(strXML));
+    });
+    QObject::connect(w, &SpreadsheetWidget::AppGridEventHandler, [this](xml::Node* element) {
+        events.push_back("AppGridEventHandler " + element->serialize());
+    });
+    QObject::connect(w, &SpreadsheetWidget::PropertyChanged, [this](const QString& name) {
+        events.push_back("changed " + ToStdString(name));
+    });
+    widget_->resize(kWidthPixels, kHeightPixels);
+    widget_->show();
+    widget_->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(widget_.get()));
+    ProcessEvents();
+}
+
+WidgetFixture::~WidgetFixture() {
+    widget_.reset();
+    if (!tempDir_.empty()) {
+        std::error_code ignored;
+        std::filesystem::remove_all(tempDir_, ignored);
+    }
+}
+
+std::string WidgetFixture::SampleCopy(const std::string& name) {
+    if (tempDir_.empty()) {
+        const ::testing::TestInfo* info = ::testing::UnitTest::GetInstance()->current_test_info();
+        tempDir_ = (std::filesystem::temp_directory_path() /
+                    ("tabulon_qt_" + std::string(info->name()) + "_" +
+                     std::to_string(QCoreApplication::applicationPid())))
+                       .string();
+        std::filesystem::create_directories(tempDir_);
+    }
+    const std::filesystem::path target = std::filesystem::path(tempDir_) / name;
+    std::ofstream(target, std::ios::binary)
+        << ReadAll(std::filesystem::path(TABULON_SOURCE_DIR) / "samples" / name);
+    return target.string();
+}
+
+bool WidgetFixture::Load(const std::string& path) {
+    return widget_->Load(QString::fromStdString(path));
+}
+
+void WidgetFixture::ProcessEvents() {
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+}
+
+QPoint WidgetFixture::CellCentre(int row, int col) {
+    auto* view = static_cast<GridView*>(widget_->widgetFor(form().msgGridView));
+    const QRect rect = view->cellRect(row, col);
+    EXPECT_FALSE(rect.isEmpty()) << "cell " << row << ", " << col << " is not in view";
+    return rect.center();
+}
+
+void WidgetFixture::ClickCell(int row, int col) {
+    QWidget* view = widget_->widgetFor(form().msgGridView);
+    QTest::mouseClick(view, Qt::LeftButton, Qt::NoModifier, CellCentre(row, col));
+    ProcessEvents();
+}
+
+void WidgetFixture::ClickNode(const std::string& key) {
+    auto* tree = static_cast<QTreeWidget*>(widget_->widgetFor(form().treTreeView));
+    QTreeWidgetItem* item = nullptr;
+    for (QTreeWidgetItemIterator it(tree); *it != nullptr; ++it) {
+        const int index = (*it)->data(0, Qt::UserRole).toInt();
+        if (form().treTreeView.node(index).key == key) item = *it;
+    }
+    ASSERT_NE(item, nullptr) << "no tree item for " << key;
+    tree->scrollToItem(item);
+    const QPoint centre = tree->visualItemRect(item).center();
+    QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier, centre);
+    ProcessEvents();
+}
+
+void WidgetFixture::TypeText(const QString& text) {
+    for (const QChar c : text) {
+        QWidget* target = QApplication::focusWidget();
+        ASSERT_NE(target, nullptr) << "no widget has the focus";
+        QTest::keyClicks(target, QString(c));
+        ProcessEvents();
+    }
+}
+
+void WidgetFixture::KeyClick(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QWidget* target = QApplication::focusWidget();
+    ASSERT_NE(target, nullptr) << "no widget has the focus";
+    QTest::keyClick(target, key, modifiers);
+    ProcessEvents();
+}
+
+void WidgetFixture::ClickButton(Button& button) {
+    QWidget* pushButton = widget_->widgetFor(button);
+    QTest::mouseClick(pushButton, Qt::LeftButton);
+    ProcessEvents();
+}
+
+void WidgetFixture::PickFromPopup(QComboBox* combo, const QString& item) {
+    const int index = combo->findText(item);
+    ASSERT_GE(index, 0) << "no item " << item.toStdString();
+    QTest::mouseClick(combo, Qt::LeftButton);
+    ProcessEvents();
+    QAbstractItemView* view = combo->view();
+    ASSERT_TRUE(view->isVisible()) << "the drop-down did not open";
+    // The pointer moves onto the item and Enter chooses it (a click right after the
+    // drop-down opened would be taken for the end of the opening press).
+    const QModelIndex target = view->model()->index(index, 0);
+    QTest::mouseMove(view->viewport(), view->visualRect(target).center());
+    ProcessEvents();
+    if (view->currentIndex() != target) view->setCurrentIndex(target);
+    QTest::keyClick(view, Qt::Key_Return);
+    ProcessEvents();
+}
+
+SessionRun WidgetFixture::RunSteps(const std::string& steps) const {
+    const Component& self = widget_->control().form().control;
+    return RunSession("new " + std::to_string(self.width()) + " " + std::to_string(self.height()) +
+                      "\nshow\n" + steps);
+}
+
+std::vector<std::string> SessionEvents(const SessionRun& run) {
+    std::vector<std::string> found;
+    for (const JsonValue& line : run.lines) {
+        if (line.has("event")) {
+            const std::string name = line["event"].text;
+            if (name == "PrintClick") {
+                found.push_back(name + " " + line["strXML"].text);
+            } else if (name == "AppGridEventHandler") {
+                found.push_back(name + " " + line["xml"].text);
+            } else {
+                found.push_back(name);
+            }
+        } else if (line.has("changed")) {
+            found.push_back("changed " + line["changed"].text);
+        }
+    }
+    return found;
+}
+
+std::vector<std::string> SessionMessages(const SessionRun& run) {
+    std::vector<std::string> found;
+    for (const JsonValue& line : run.lines) {
+        if (line.has("msg")) found.push_back(line["msg"].text + ": " + line["text"].text);
+    }
+    return found;
+}
+
+JsonValue LastDump(const SessionRun& run, const std::string& what) {
+    JsonValue last;
+    for (const JsonValue& line : run.lines) {
+        if (line.has("dump") && line["dump"].text == what) last = line;
+    }
+    return last;
+}
+
+std::vector<JsonValue> Results(const SessionRun& run) {
+    std::vector<JsonValue> found;
+    for (const JsonValue& line : run.lines) {
+        if (line.has("result")) found.push_back(line["result"]);
+    }
+    return found;
+}
+
+}  // namespace tabulon::testing

@@ -1,0 +1,76 @@
+// WidgetFixture: a SpreadsheetWidget hosted as a host program does (new instance,
+// first-time initialisation, shown and active, at a fixed size), with every message
+// box and signal recorded, helpers that drive it with real Qt input events, and the
+// session tool run for the same steps so that both can be compared.
+//
+// Records use one text form for the widget and the session tool:
+//   events:   "OKClick", "CancelClick", "HelpClick", "PrintClick <strXML>",
+//             "AppGridEventHandler <element xml>", "changed <record>"
+//   messages: "information: <text>", "critical: <text>", "plain: <text>"
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QPoint>
+#include <QString>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "qt/spreadsheet_widget.h"
+#include "session/tool_runner.h"
+
+namespace tabulon::testing {
+
+class WidgetFixture : public ::testing::Test {
+protected:
+    // The widget's size in pixels; the control's size in twips follows from the DPI.
+    static constexpr int kWidthPixels = 600;
+    static constexpr int kHeightPixels = 450;
+
+    WidgetFixture();
+    ~WidgetFixture() override;
+
+    SpreadsheetWidget& widget() { return *widget_; }
+    Form& form() { return widget_->control().form(); }
+
+    // A file of samples/ copied to this test's temporary folder (OK writes back to it).
+    std::string SampleCopy(const std::string& name);
+    // Loads a file through the widget's Load (paths relative to the repository root).
+    bool Load(const std::string& path);
+
+    // --- real input events
+    QPoint CellCentre(int row, int col);
+    void ClickCell(int row, int col);
+    void ClickNode(const std::string& key);
+    // Key clicks into the widget that has Qt's focus.
+    void TypeText(const QString& text);
+    void KeyClick(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void ClickButton(Button& button);
+    // Opens the combo's drop-down with the mouse and chooses the item in it.
+    void PickFromPopup(QComboBox* combo, const QString& item);
+    // Lets queued work (focus put right) run.
+    static void ProcessEvents();
+
+    // --- the session tool for the same steps
+    // "new W H" and "show" for the control's size, then steps.
+    SessionRun RunSteps(const std::string& steps) const;
+
+    std::vector<std::string> events;
+    std::vector<std::string> messages;
+
+private:
+    std::unique_ptr<SpreadsheetWidget> widget_;
+    std::string tempDir_;
+};
+
+// What a session run printed, in the records' text form.
+std::vector<std::string> SessionEvents(const SessionRun& run);
+std::vector<std::string> SessionMessages(const SessionRun& run);
+// The last dump of that kind; a Null value when there is none.
+JsonValue LastDump(const SessionRun& run, const std::string& what);
+// The results of host calls, in order.
+std::vector<JsonValue> Results(const SessionRun& run);
+
+}  // namespace tabulon::testing

@@ -1,0 +1,268 @@
+// SpreadsheetWidget as a host and a user meet it: placement, sizing, focus, keys,
+// editing in the line edit, signals, properties and pictures.
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QStyle>
+#include <QStyleOptionSlider>
+#include <QTest>
+#include <QTreeWidget>
+
+#include "qt/bindings/scroll_bar_binding.h"
+#include "test_documents.h"
+#include "widget_fixture.h"
+
+namespace tabulon::testing {
+namespace {
+
+class WidgetBehaviour : public WidgetFixture {
+protected:
+    QLineEdit* TextEditor() {
+        return qobject_cast<QLineEdit*>(widget().widgetFor(form().txtTextBoxControl));
+    }
+};
+
+TEST_F(WidgetBehaviour, EveryBoundWidgetSitsWhereItsModelSaysInPixels) {
+    ASSERT_TRUE(Load("samples/filtered.xml"));
+    ClickCell(2, 1);
+    const TwipsScale& scale = widget().scale();
+    int bound = 0;
+    for (Component* child : form().children()) {
+        QWidget* shown = widget().widgetFor(*child);
+        if (shown == nullptr) continue;
+        ++bound;
+        EXPECT_EQ(shown->geometry(),
+                  scale.toPixels(child->left(), child->top(), child->width(), child->height()))
+            << child->name();
+        EXPECT_EQ(shown->isHidden(), !child->visible()) << child->name();
+        EXPECT_EQ(shown->isEnabled(), child->enabled()) << child->name();
+    }
+    EXPECT_EQ(bound, 16);
+    EXPECT_EQ(widget().widgetFor(form().unitNumForCnv), nullptr);
+    EXPECT_EQ(widget().widgetFor(form().control), nullptr);
+}
+
+TEST_F(WidgetBehaviour, ResizingTheWidgetRunsTheControlsResizeHandlingInTwips) {
+    const std::int32_t oldWidth = form().control.width();
+    const std::int32_t oldHelp = form().cmdHelp.left();
+    widget().resize(kWidthPixels + 60, kHeightPixels + 30);
+    ProcessEvents();
+    const TwipsScale& scale = widget().scale();
+    EXPECT_EQ(form().control.width(), scale.toTwipsX(kWidthPixels + 60));
+    EXPECT_EQ(form().control.height(), scale.toTwipsY(kHeightPixels + 30));
+    // The buttons keep their distance from the right edge.
+    EXPECT_EQ(form().cmdHelp.left() - oldHelp, form().control.width() - oldWidth);
+    EXPECT_EQ(widget().widgetFor(form().cmdHelp)->x(), scale.toPixelsX(form().cmdHelp.left()));
+}
+
+TEST_F(WidgetBehaviour, AWidgetSmallerThanTheDesignSizeKeepsTheControlsMinimum) {
+    widget().resize(200, 100);
+    ProcessEvents();
+    EXPECT_EQ(form().control.width(), 8200);
+    EXPECT_EQ(form().control.height(), 6300);
+}
+
+TEST(SpreadsheetWidgetLifecycle, FirstShowingPlacesTheButtonsOnce) {
+    SpreadsheetWidget widget(nullptr, nullptr, [](MessageIcon, const QString& text) {
+        ADD_FAILURE() << "unexpected message: " << text.toStdString();
+    });
+    widget.resize(600, 450);
+    EXPECT_FALSE(widget.control().shown());
+    widget.show();
+    EXPECT_TRUE(widget.control().shown());
+    const Form& form = widget.control().form();
+    EXPECT_EQ(form.cmdHelp.left(), form.control.width() - 1265);
+    EXPECT_EQ(form.cmdCancel.left(), form.control.width() - 2530);
+}
+
+TEST_F(WidgetBehaviour, ClickingATextCellGivesItsEditorQtsFocusWithTheTextSelected) {
+    ASSERT_TRUE(Load("samples/english.xml"));
+    ClickNode("PUMPS");
+    ClickCell(1, 2);
+    QLineEdit* editor = TextEditor();
+    EXPECT_EQ(QApplication::focusWidget(), editor);
+    EXPECT_TRUE(form().txtTextBoxControl.hasFocus());
+    EXPECT_EQ(editor->text(), QStringLiteral("CHWP-2"));
+    EXPECT_EQ(editor->selectedText(), QStringLiteral("CHWP-2"));
+}
+
+TEST_F(WidgetBehaviour, QtsFocusFollowsTheModelsFocus) {
+    ASSERT_TRUE(Load("samples/english.xml"));
+    form().msgGridView.setFocus();
+    EXPECT_EQ(QApplication::focusWidget(), widget().widgetFor(form().msgGridView));
+    form().treTreeView.setFocus();
+    EXPECT_EQ(QApplication::focusWidget(), widget().widgetFor(form().treTreeView));
+}
+
+TEST_F(WidgetBehaviour, TabMovesTheCellAndNeverLeavesTheControl) {
+    ASSERT_TRUE(Load("samples/english.xml"));
+    ClickCell(3, 1);
+    for (int i = 0; i < 5; ++i)
+        KeyClick(Qt::Key_Tab);
+    EXPECT_EQ(form().msgGridView.col(), 3);
+    EXPECT_EQ(QApplication::focusWidget(), TextEditor());
+}
+
+TEST_F(WidgetBehaviour, CaretKeysAndDeleteEditThroughTheModel) {
+    ASSERT_TRUE(Load("samples/english.xml"));
+    ClickNode("PUMPS");
+    ClickCell(1, 2);  // "CHWP-2", all selected
+    const TextBox& box = form().txtTextBoxControl;
+    KeyClick(Qt::Key_End);
+    EXPECT_EQ(box.selStart(), 6);
+    EXPECT_EQ(box.selLength(), 0);
+    KeyClick(Qt::Key_Left, Qt::ShiftModifier);
+    KeyClick(Qt::Key_Left, Qt::ShiftModifier);
+    EXPECT_EQ(box.selStart(), 4);
+    EXPECT_EQ(box.selLength(), 2);
+    TypeText(QStringLiteral("9"));
+    EXPECT_EQ(box.text(), "CHWP9");
+    KeyClick(Qt::Key_Home);
+    KeyClick(Qt::Key_Delete);
+    EXPECT_EQ(box.text(), "HWP9");
+    EXPECT_EQ(box.selStart(), 0);
+    EXPECT_EQ(TextEditor()->text(), QStringLiteral("HWP9"));
+    EXPECT_EQ(TextEditor()->cursorPosition(), 0);
+}
+
+TEST_F(WidgetBehaviour, PasteReplacesTheSelectionWithTheClipboardsFirstLine) {
+    ASSERT_TRUE(Load("samples/english.xml"));
+    ClickNode("PUMPS");
+    ClickCell(1, 2);
+    QGuiApplication::clipboard()->setText(QStringLiteral("P-77\nsecond line"));
+    KeyClick(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(form().txtTextBoxControl.text(), "P-77");
+    EXPECT_EQ(TextEditor()->text(), QStringLiteral("P-77"));
+    KeyClick(Qt::Key_Tab);
+    EXPECT_EQ(form().msgGridView.textMatrix(1, 2), "P-77");
+}
+
+TEST_F(WidgetBehaviour, TheHostChangesTheValidatedColumnUnderAWaitCursor) {
+    ASSERT_TRUE(widget().LoadXML(QString::fromStdString(GridDocument(3, 2, true))));
+    std::vector<Qt::CursorShape> cursors;
+    QObject::connect(&widget(), &SpreadsheetWidget::AppGridEventHandler,
+                     [&cursors](xml::Node* element) {
+                         const QCursor* cursor = QGuiApplication::overrideCursor();
+                         cursors.push_back(cursor == nullptr ? Qt::ArrowCursor : cursor->shape());
+                         for (xml::Node value : element->select("CellValues/CellValue[1]")) {
+                             value.setText("checked");
+                         }
+                     });
+    ClickCell(1, 1);
+    TypeText(QStringLiteral("x"));
+    KeyClick(Qt::Key_Tab);
+    ASSERT_EQ(cursors.size(), 1u);
+    EXPECT_EQ(cursors[0], Qt::WaitCursor);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(form().msgGridView.textMatrix(1, 1), "checked");
+}
+
+TEST_F(WidgetBehaviour, PropertiesWorkThroughQtsPropertySystem) {
+    ASSERT_TRUE(Load("samples/english.xml"));
+    const QString xml = widget().XML();
+    EXPECT_FALSE(xml.isEmpty());
+    EXPECT_EQ(widget().property("XML").toString(), xml);
+    EXPECT_TRUE(widget().setProperty("XML", QStringLiteral("<discarded/>")));
+    EXPECT_EQ(widget().XML(), xml);
+    EXPECT_EQ(widget().property("DisplayColWidth").toString(),
+              QStringLiteral("1080,1080,1080,1080"));
+
+    QSignalSpy changed(&widget(), &SpreadsheetWidget::PropertyChanged);
+    auto general = widget().property("GeneralProperty").value<gGeneralProperty_type>();
+    general.intScrollBars = 5;
+    EXPECT_TRUE(widget().setProperty("GeneralProperty", QVariant::fromValue(general)));
+    ASSERT_EQ(changed.count(), 1);
+    EXPECT_EQ(changed.at(0).at(0).toString(), QStringLiteral("GeneralProperty"));
+    EXPECT_EQ(widget().GeneralProperty().intScrollBars, 1);
+    EXPECT_FALSE(widget().widgetFor(form().hscGrid)->isHidden());
+
+    auto buttons = widget().property("ButtonProperty").value<gButtonProperty_type>();
+    buttons.blnHelpVisible = kFalse;
+    widget().setProperty("ButtonProperty", QVariant::fromValue(buttons));
+    EXPECT_TRUE(widget().widgetFor(form().cmdHelp)->isHidden());
+    EXPECT_EQ(changed.count(), 2);
+}
+
+TEST_F(WidgetBehaviour, ModelChangesByCodeShowInTheirWidgets) {
+    form().cmdOK.setCaption("Apply");
+    EXPECT_EQ(qobject_cast<QPushButton*>(widget().widgetFor(form().cmdOK))->text(),
+              QStringLiteral("Apply"));
+    form().fraFilterView.setCaption("Family");
+    EXPECT_EQ(qobject_cast<QGroupBox*>(widget().widgetFor(form().fraFilterView))->title(),
+              QStringLiteral("Family"));
+    ComboBox& filter = form().cboFilter;
+    filter.addItem("All");
+    filter.addItem("Inline");
+    filter.setText("Inline");
+    auto* combo = qobject_cast<QComboBox*>(widget().widgetFor(filter));
+    EXPECT_EQ(combo->count(), 2);
+    EXPECT_EQ(combo->currentText(), QStringLiteral("Inline"));
+    filter.setText("Not listed");  // no item: shown as the placeholder
+    EXPECT_EQ(combo->currentIndex(), -1);
+    EXPECT_EQ(combo->placeholderText(), QStringLiteral("Not listed"));
+}
+
+TEST_F(WidgetBehaviour, TreeShowsEveryNodeWithItsPicture) {
+    ASSERT_TRUE(Load("samples/english.xml"));
+    auto* tree = qobject_cast<QTreeWidget*>(widget().widgetFor(form().treTreeView));
+    int items = 0;
+    for (QTreeWidgetItemIterator it(tree); *it != nullptr; ++it) {
+        const TreeNode& node = form().treTreeView.node((*it)->data(0, Qt::UserRole).toInt());
+        EXPECT_EQ((*it)->text(0).toStdString(), node.text);
+        EXPECT_EQ((*it)->icon(0).isNull(), node.image == 0) << node.key;
+        ++items;
+    }
+    EXPECT_EQ(items, form().treTreeView.count());
+    EXPECT_EQ(tree->currentItem()->text(0), QStringLiteral("Riverside MOB"));
+}
+
+TEST_F(WidgetBehaviour, DraggingTheScrollBarsThumbMovesTheGridOneColumnPerChange) {
+    gGeneralProperty_type general = widget().GeneralProperty();
+    general.intScrollBars = 1;
+    widget().setGeneralProperty(general);
+    ASSERT_TRUE(Load("samples/filtered.xml"));
+    auto* bar = qobject_cast<QScrollBar*>(
+        dynamic_cast<ScrollBarBinding*>(widget().bindingFor(form().hscGrid))->focusTarget());
+    ASSERT_TRUE(bar->isVisible());
+    QStyleOptionSlider option;
+    option.initFrom(bar);
+    option.orientation = bar->orientation();
+    option.minimum = bar->minimum();
+    option.maximum = bar->maximum();
+    option.sliderPosition = bar->sliderPosition();
+    option.sliderValue = bar->value();
+    option.pageStep = bar->pageStep();
+    option.singleStep = bar->singleStep();
+    const QRect thumb = bar->style()->subControlRect(QStyle::CC_ScrollBar, &option,
+                                                     QStyle::SC_ScrollBarSlider, bar);
+    const QPoint start = thumb.center();
+    const QPoint end = start + QPoint(thumb.width(), 0);  // about one value further
+    QTest::mousePress(bar, Qt::LeftButton, Qt::NoModifier, start);
+    QTest::mouseMove(bar, end);
+    QTest::mouseRelease(bar, Qt::LeftButton, Qt::NoModifier, end);
+    ProcessEvents();
+    EXPECT_EQ(form().msgGridView.leftCol(), 2);
+    EXPECT_EQ(bar->value(), form().hscGrid.bar().value());
+    EXPECT_TRUE(form().hscGrid.hasFocus());
+}
+
+TEST_F(WidgetBehaviour, APictureQtCannotDecodeFailsTheLoad) {
+    // A file that exists but is no picture.
+    const std::string notAPicture = "samples/english.xml";
+    EXPECT_FALSE(widget().LoadXML(QString::fromStdString(GridDocument(2, 1, false, notAPicture))));
+    ASSERT_FALSE(messages.empty());
+    EXPECT_EQ(messages[0], "critical: Unexpected Error - 1026");
+    // A real picture loads.
+    messages.clear();
+    EXPECT_TRUE(widget().LoadXML(
+        QString::fromStdString(GridDocument(2, 1, false, "samples/icons/pump.png"))));
+    EXPECT_TRUE(messages.empty());
+}
+
+}  // namespace
+}  // namespace tabulon::testing
