@@ -7,7 +7,6 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
-#include <vector>
 
 #include "support/failure.h"
 
@@ -79,40 +78,6 @@ std::string ReadRegularFile(const std::string& path, std::size_t maxBytes) {
     if (filled > maxBytes) throw RuntimeFailure(TooLarge(maxBytes));
     data.resize(filled);
     return data;
-}
-
-void ReplaceFile(const std::string& path, std::string_view data) {
-    if (path.empty()) throw RuntimeFailure("no file name");
-    mode_t mode = 0644;
-    struct stat info {};
-    if (::stat(path.c_str(), &info) == 0) {
-        if (S_ISDIR(info.st_mode)) throw RuntimeFailure("is a directory");
-        mode = info.st_mode & 07777;
-    }
-    std::string pattern = path + ".tmp.XXXXXX";
-    std::vector<char> name(pattern.begin(), pattern.end());
-    name.push_back('\0');
-    FileDescriptor file(::mkostemp(name.data(), O_CLOEXEC));
-    if (file.get() < 0) FailWith(errno);
-    const std::string temporary(name.data());
-
-    int error = 0;
-    if (::fchmod(file.get(), mode) != 0) error = errno;
-    for (std::string_view rest = data; error == 0 && !rest.empty();) {
-        const ssize_t written = ::write(file.get(), rest.data(), rest.size());
-        if (written < 0) {
-            if (errno != EINTR) error = errno;
-            continue;
-        }
-        rest.remove_prefix(static_cast<std::size_t>(written));
-    }
-    if (error == 0 && ::fsync(file.get()) != 0) error = errno;
-    if (const int closeError = file.close(); error == 0) error = closeError;
-    if (error == 0 && ::rename(temporary.c_str(), path.c_str()) != 0) error = errno;
-    if (error != 0) {
-        ::unlink(temporary.c_str());
-        FailWith(error);
-    }
 }
 
 }  // namespace tabulon

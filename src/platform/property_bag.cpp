@@ -4,6 +4,7 @@
 #include <type_traits>
 
 #include "platform/file_io.h"
+#include "support/atomic_file.h"
 #include "support/failure.h"
 #include "support/json.h"
 #include "support/numeric.h"
@@ -88,10 +89,9 @@ std::string JsonFilePropertyBag::ToJson() const {
 }
 
 void JsonFilePropertyBag::Save(const std::string& path) const {
-    try {
-        ReplaceFile(path, ToJson() + "\n");
-    } catch (const std::exception& failure) {
-        throw RuntimeFailure("Cannot save property bag '" + path + "': " + failure.what());
+    std::string reason;
+    if (!WriteFileAtomically(path, ToJson() + "\n", &reason)) {
+        throw RuntimeFailure("Cannot save property bag '" + path + "': " + reason);
     }
 }
 

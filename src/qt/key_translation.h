@@ -20,18 +20,9 @@
 #include <QKeyEvent>
 #include <QString>
 
+#include "control/key_stroke.h"
+
 namespace tabulon {
-
-inline constexpr int kShiftBit = 1;
-inline constexpr int kCtrlBit = 2;
-inline constexpr int kAltBit = 4;
-
-struct KeyStroke {
-    int keyCode = 0;
-    int keyAscii = 0;  // 0: the key has no character
-    int shift = 0;
-    bool operator==(const KeyStroke&) const = default;
-};
 
 // The stroke for a Qt key (Qt::Key), its modifiers and the text Qt reports.
 KeyStroke TranslateKey(int qtKey, Qt::KeyboardModifiers modifiers, const QString& text);

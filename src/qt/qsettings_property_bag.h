@@ -1,6 +1,6 @@
 // QSettingsPropertyBag: the control's design-time settings kept in a QSettings store,
 // for hosts that save their forms' settings the Qt way. Keys are the control's own
-// ("TreeViewWidth", "hscGrid.LeftMargin" ...), optionally under a group.
+// ("GeneralProperty.lngTreeViewWidth", "hscGrid.LeftMargin" ...), optionally under a group.
 //
 // Decisions:
 // - Booleans, integers, doubles and strings are stored as such. What comes back is

@@ -13,14 +13,13 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <filesystem>
-#include <fstream>
 #include <memory>
-#include <sstream>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "common/files.h"
 #include "control/generic_sp_control.h"
 #include "control/recording_host.h"
 #include "platform/property_bag.h"
@@ -39,30 +38,11 @@ inline RecordedMessage Plain(std::string text) {
     return {MessageIcon::Plain, std::move(text)};
 }
 
-// The content of a file, byte for byte ("" when it cannot be read).
-inline std::string ReadFileBytes(const std::filesystem::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream content;
-    content << in.rdbuf();
-    return content.str();
-}
-
-// A file under tests/data/ of the source tree.
-inline std::filesystem::path DataFile(const std::string& name) {
-    return std::filesystem::path(TABULON_SOURCE_DIR) / "tests" / "data" / name;
-}
-
 class ControlHarness : public ::testing::Test {
 protected:
     // A new instance with no saved settings, initialised and shown.
     ControlHarness() { NewControl(); }
-    ~ControlHarness() override {
-        control_.reset();
-        if (!tempDir_.empty()) {
-            std::error_code ignored;
-            std::filesystem::remove_all(tempDir_, ignored);
-        }
-    }
+    ~ControlHarness() override { control_.reset(); }
 
     Generic_SP_Control& control() { return *control_; }
     Form& form() { return control_->form(); }
@@ -93,21 +73,13 @@ protected:
 
     // A folder of this test's own, removed with the fixture.
     const std::filesystem::path& TempDir() {
-        if (tempDir_.empty()) {
-            const ::testing::TestInfo* info =
-                ::testing::UnitTest::GetInstance()->current_test_info();
-            tempDir_ = std::filesystem::temp_directory_path() /
-                       ("tabulon_" + std::string(info->test_suite_name()) + "_" + info->name() +
-                        "_" + std::to_string(reinterpret_cast<std::uintptr_t>(this)));
-            std::filesystem::create_directories(tempDir_);
-        }
-        return tempDir_;
+        if (!tempDir_) tempDir_.emplace();
+        return tempDir_->path();
     }
     // Writes text to a file in TempDir() and returns its path.
     std::filesystem::path TempFile(const std::string& name, const std::string& text) {
-        const std::filesystem::path path = TempDir() / name;
-        std::ofstream(path, std::ios::binary) << text;
-        return path;
+        TempDir();
+        return tempDir_->write(name, text);
     }
     // A copy of a file under tests/data/ in TempDir().
     std::filesystem::path TempCopy(const std::string& name) {
@@ -129,7 +101,7 @@ protected:
 
 private:
     std::unique_ptr<Generic_SP_Control> control_;
-    std::filesystem::path tempDir_;
+    std::optional<testing::TempDir> tempDir_;
 };
 
 }  // namespace tabulon::testing

@@ -16,9 +16,13 @@ using testing::ReadFileBytes;
 
 using ControlLifecycle = ControlHarness;
 
-TEST_F(ControlLifecycle, XmlIsEmptyBeforeAnyLoad) {
+TEST_F(ControlLifecycle, BeforeAnyLoadNothingIsReportedSavedOrPrinted) {
     EXPECT_EQ(control().XML(), "");
+    EXPECT_EQ(control().DisplayColWidth(), "");
+    form().cmdOK.userClick();
+    form().cmdPrint.userClick();
     ExpectMessages({});
+    EXPECT_TRUE(host.events().empty());
 }
 
 TEST_F(ControlLifecycle, XmlIsTheDocumentWithoutTheDtdAndWithEdits) {
@@ -44,10 +48,6 @@ TEST_F(ControlLifecycle, TheThreeLetsAcceptAndDiscardTheirValue) {
     EXPECT_EQ(control().FilterValue(), filter);
     EXPECT_EQ(control().DisplayColWidth(), "1500,1080,1080");
     ExpectMessages({});
-}
-
-TEST_F(ControlLifecycle, DisplayColWidthIsEmptyWithoutColumns) {
-    EXPECT_EQ(control().DisplayColWidth(), "");
 }
 
 TEST_F(ControlLifecycle, FirstTimeInitialisationChangesNothingVisible) {

@@ -1,6 +1,6 @@
-// EditingTest: a control hosted as in tests/common/control_harness.h, with builders for
-// one-layout documents (layout "H", first node "N1" showing value key "K") and the
-// user's gestures on the grid and the editors.
+// EditingTest: a control hosted as in tests/common/control_harness.h, loading the
+// one-layout documents of tests/common/documents.h, with the user's gestures on the
+// grid and the editors.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -11,62 +11,12 @@
 #include <vector>
 
 #include "common/control_harness.h"
+#include "common/documents.h"
 
 namespace tabulon::testing {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-struct CellData {
-    CellData(std::string text_, bool enabled_ = true, bool valid_ = true, bool hostChecks_ = false)
-        : text(std::move(text_)), enabled(enabled_), valid(valid_), hostChecks(hostChecks_) {}
-    std::string text;
-    bool enabled, valid, hostChecks;  // Enabled, Valid, ApplicationValidation
-};
-
-inline std::string CellValues(std::string_view key, const std::vector<CellData>& cells) {
-    const auto flag = [](bool on) { return on ? std::string("1") : std::string("0"); };
-    std::string xml = "<CellValues GridValueKey=\"" + std::string(key) + "\">";
-    for (const CellData& c : cells) {
-        xml += "<CellValue Enabled=\"" + flag(c.enabled) + "\" Valid=\"" + flag(c.valid) +
-               "\" ApplicationValidation=\"" + flag(c.hostChecks) + "\">" + c.text + "</CellValue>";
-    }
-    return xml + "</CellValues>";
-}
-
-// One value column: the cells for key "K", then any other CellValues.
-inline std::string Column(const std::vector<CellData>& cells, std::string_view more = "") {
-    return "<GridValue>" + CellValues("K", cells) + std::string(more) + "</GridValue>";
-}
-
-inline std::string Row(std::string_view controlType, std::string_view attributes = "") {
-    return "<RowHeader HName=\"R\" ControlType=\"" + std::string(controlType) + "\" " +
-           std::string(attributes) + "/>";
-}
-
-inline std::string Document(const std::vector<std::string>& rows,
-                            const std::vector<std::string>& columns,
-                            std::string_view unitSystem = "ENGLISH",
-                            std::string_view customUnits = "", std::string_view moreNodes = "") {
-    std::string xml = "<xml MeasurementUnit=\"" + std::string(unitSystem) + "\">";
-    if (!customUnits.empty()) {
-        xml += "<UnitDropCustomUnits>" + std::string(customUnits) + "</UnitDropCustomUnits>";
-    }
-    xml += R"(<TreeStructure><Pnode Name="N1" KeyValue="N1" GridHeaderKey="H" GridValueKey="K" )"
-           R"(Filter="0"/>)" +
-           std::string(moreNodes) +
-           R"(</TreeStructure><GridStructure><GridHeaders><GridHeader Key="H"><ColumnHeaders>)"
-           R"(<ColumnHeader HName="Name"/>)";
-    for (std::size_t c = 0; c < columns.size(); ++c)
-        xml += R"(<ColumnHeader HName="C"/>)";
-    xml += "</ColumnHeaders><RowHeaders>";
-    for (const std::string& row : rows)
-        xml += row;
-    xml += "</RowHeaders></GridHeader></GridHeaders><GridValues>";
-    for (const std::string& column : columns)
-        xml += column;
-    return xml + "</GridValues></GridStructure></xml>";
-}
 
 class EditingTest : public ControlHarness {
 protected:

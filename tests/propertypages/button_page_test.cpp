@@ -1,5 +1,6 @@
-// The Advanced (button) page: filling from the control, the enabling rules of the
-// position boxes, the all-hidden refusal and the one record assignment on apply.
+// The Advanced (button) page: the enabling rules of the position boxes, the record
+// written on apply and its failures. What the page shows when it opens and the
+// refusal to hide every button are checked on the dialog (tests/demo/page_dialog_test.cpp).
 #include <gtest/gtest.h>
 
 #include <array>
@@ -13,7 +14,6 @@ namespace tabulon {
 namespace {
 
 using testing::Critical;
-using testing::Information;
 using testing::Paste;
 
 using ButtonPage = testing::PageHarness<ppButtonProperty>;
@@ -23,27 +23,6 @@ std::array<bool, 4> LeftsEnabled(const ppButtonProperty& page) {
     for (std::size_t i = 0; i < 4; ++i)
         enabled[i] = page.txtLeft[i].Enabled();
     return enabled;
-}
-
-std::array<bool, 4> ButtonsVisible(Form& form) {
-    return {form.cmdPrint.visible(), form.cmdOK.visible(), form.cmdCancel.visible(),
-            form.cmdHelp.visible()};
-}
-
-// A new control keeps its buttons at default positions: the check box's click on
-// selection disables every position box. The page is left changed (kept).
-TEST_F(ButtonPage, SelectionShowsTheRecordAndLeavesThePageChanged) {
-    const gButtonProperty_type record = control().ButtonProperty();
-    const std::array<std::int32_t, 4> lefts = {record.lngPrintLeft, record.lngOKLeft,
-                                               record.lngCancelLeft, record.lngHelpLeft};
-    for (std::size_t i = 0; i < 4; ++i) {
-        SCOPED_TRACE(i);
-        EXPECT_EQ(page.cboVisible[i].text(), "True");
-        EXPECT_EQ(page.txtLeft[i].Value(), lefts[i]);
-    }
-    EXPECT_TRUE(page.chkDefault.checked());
-    EXPECT_EQ(LeftsEnabled(page), (std::array<bool, 4>{false, false, false, false}));
-    EXPECT_TRUE(page.changed());
 }
 
 // Lists set by code raise no click: with the check box already unchecked, selection
@@ -74,46 +53,6 @@ TEST_F(ButtonPage, DefaultPositionDisablesEveryLeftAndUncheckingEnablesThoseOfVi
 
     page.chkDefault.userClick();
     EXPECT_EQ(LeftsEnabled(page), (std::array<bool, 4>{false, false, false, false}));
-}
-
-TEST_F(ButtonPage, SettingAListToFalseDisablesItsLeftAtOnce) {
-    page.chkDefault.userClick();
-    ASSERT_EQ(LeftsEnabled(page), (std::array<bool, 4>{true, true, true, true}));
-    page.setChanged(false);
-
-    page.cboVisible[2].userPick("False");
-    EXPECT_EQ(LeftsEnabled(page), (std::array<bool, 4>{true, true, false, true}));
-    EXPECT_TRUE(page.changed());
-
-    page.cboVisible[2].userPick("True");
-    EXPECT_EQ(LeftsEnabled(page), (std::array<bool, 4>{true, true, true, true}));
-}
-
-TEST_F(ButtonPage, ThreeHiddenButtonsAreAccepted) {
-    for (std::size_t i = 0; i < 3; ++i)
-        page.cboVisible[i].userPick("False");
-
-    page.ApplyChanges();
-
-    ExpectMessages({});
-    EXPECT_EQ(ButtonsVisible(form()), (std::array<bool, 4>{false, false, false, true}));
-    EXPECT_EQ(host.events(),
-              (std::vector<RecordedEvent>{{HostEventKind::PropertyChanged, "ButtonProperty"}}));
-    EXPECT_FALSE(page.changed());
-}
-
-TEST_F(ButtonPage, FourHiddenButtonsAreRefused) {
-    const gButtonProperty_type before = control().ButtonProperty();
-    for (ComboBox& list : page.cboVisible)
-        list.userPick("False");
-    page.setChanged(false);
-
-    page.ApplyChanges();
-
-    ExpectMessages({Information("All buttons cannot be hide.")});
-    EXPECT_EQ(control().ButtonProperty(), before);
-    EXPECT_TRUE(host.events().empty());
-    EXPECT_TRUE(page.changed());
 }
 
 TEST_F(ButtonPage, ApplyWritesThePositionsAndTheDefaultFlag) {

@@ -1,5 +1,6 @@
-// The General page: filling from the control, change tracking, validation and the
-// one record assignment on apply.
+// The General page: change tracking, validation and the one record assignment on
+// apply. What the page shows of the control is checked on the dialog
+// (tests/demo/page_dialog_test.cpp).
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -22,26 +23,6 @@ using GeneralPage = testing::PageHarness<ppGeneral>;
 
 std::string Text(std::int32_t value) {
     return IntegerToText(value);
-}
-
-TEST_F(GeneralPage, SelectionFillsEveryFieldFromTheControlAndLeavesThePageUnchanged) {
-    control().SetGeneralProperty({2000, 3, kFalse, "Family", "Size", kTrue, 1, 400, 1200});
-    page.setChanged(true);
-
-    Reselect();
-
-    EXPECT_EQ(page.txtTreeViewWidth.Value(), 2000);
-    EXPECT_EQ(page.cboTreeViewStyle.text(), "3 - tvwPlusPictureText");
-    EXPECT_FALSE(page.chkFiltervisible.checked());
-    EXPECT_EQ(page.txtFilterCaption.text(), "Family");
-    EXPECT_EQ(page.txtFilterLabel.text(), "Size");
-    EXPECT_TRUE(page.chkAllowBigSelection.checked());
-    EXPECT_EQ(page.cboScrollBars.text(), "Advanced");
-    EXPECT_EQ(page.txtRowHeightMin.Value(), 400);
-    EXPECT_EQ(page.txtColWidthMin.Value(), 1200);
-    EXPECT_EQ(page.txtTreeViewWidth.MaxValue(), LargestTreeViewWidth());
-    EXPECT_FALSE(page.changed());
-    ExpectMessages({});
 }
 
 TEST_F(GeneralPage, EveryEditMarksThePageChanged) {
@@ -125,9 +106,10 @@ TEST_F(GeneralPage, TheBoundaryValuesAreAcceptedInOneAssignment) {
     EXPECT_FALSE(page.changed());
 }
 
-// Fields not covered by the tests below land in their own record fields.
 TEST_F(GeneralPage, ApplyWritesEveryFieldFromThePage) {
     page.cboTreeViewStyle.userPick("2 - tvwPlusMinusText");
+    page.chkFiltervisible.userClick();
+    page.cboScrollBars.userPick("Advanced");
     page.txtFilterCaption.userPaste("Family");
     page.txtFilterLabel.userPaste("Size");
     page.chkAllowBigSelection.userClick();
@@ -136,25 +118,10 @@ TEST_F(GeneralPage, ApplyWritesEveryFieldFromThePage) {
     Paste(page.txtColWidthMin, "1200");
     page.ApplyChanges();
 
-    gGeneralProperty_type expected = {2000, 2, kTrue, "Family", "Size", kTrue, 0, 400, 1200};
+    gGeneralProperty_type expected = {2000, 2, kFalse, "Family", "Size", kTrue, 1, 400, 1200};
     EXPECT_EQ(control().GeneralProperty(), expected);
-}
-
-TEST_F(GeneralPage, UncheckingVisibleWritesFilterVisibleFalse) {
-    ASSERT_TRUE(page.chkFiltervisible.checked());
-    page.chkFiltervisible.userClick();
-    page.ApplyChanges();
-    EXPECT_EQ(control().GeneralProperty().blnFilterVisible, kFalse);
     EXPECT_FALSE(form().fraFilterView.visible());
-}
-
-TEST_F(GeneralPage, ChoosingAdvancedWritesScrollBarsOne) {
-    ASSERT_EQ(page.cboScrollBars.text(), "Default");
-    page.cboScrollBars.userPick("Advanced");
-    page.ApplyChanges();
-    EXPECT_EQ(control().GeneralProperty().intScrollBars, 1);
     EXPECT_TRUE(form().hscGrid.visible());
-    EXPECT_TRUE(form().vscGrid.visible());
 }
 
 // The upper bound is the thread's largest width at the moment of applying, taken as

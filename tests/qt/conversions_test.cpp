@@ -2,10 +2,8 @@
 // pixels, and text positions between the core and Qt.
 #include <gtest/gtest.h>
 
-#include <QMessageBox>
-
-#include "qt/bindings/text_box_binding.h"
 #include "qt/key_translation.h"
+#include "qt/line_edit_mirror.h"
 #include "qt/qt_message_sink.h"
 #include "qt/qt_text.h"
 #include "qt/twips_scale.h"
@@ -61,11 +59,18 @@ TEST_P(TranslateKeyCase, GivesTheControlsKeyStroke) {
 INSTANTIATE_TEST_SUITE_P(Keys, TranslateKeyCase, ::testing::ValuesIn(kKeyCases),
                          [](const auto& test) { return std::string(test.param.name); });
 
-TEST(TwipsScale, NinetySixDpiIsFifteenTwipsAPixel) {
-    const TwipsScale scale(96, 96);
+TEST(TwipsScale, FollowsTheDpiAndRoundsHalfAwayFromZero) {
+    const TwipsScale scale(96, 96);  // fifteen twips a pixel
     EXPECT_EQ(scale.toPixelsX(1440), 96);
     EXPECT_EQ(scale.toPixelsY(15), 1);
     EXPECT_EQ(scale.toTwipsX(547), 8205);
+    const TwipsScale uneven(144, 72);
+    EXPECT_EQ(uneven.toPixelsX(5), 1);    // 0.5
+    EXPECT_EQ(uneven.toPixelsX(-5), -1);  // -0.5
+    EXPECT_EQ(uneven.toPixelsY(1440), 72);
+    EXPECT_EQ(uneven.toTwipsY(72), 1440);
+    EXPECT_EQ(TwipsScale(0, -3), TwipsScale());  // an unusable DPI counts as 96
+    EXPECT_TRUE(TwipsScale().toPixels(150, 150, -30, -30).isEmpty());
 }
 
 TEST(TwipsScale, EdgesRoundSoThatTouchingPartsTouch) {
@@ -84,23 +89,6 @@ TEST(TwipsScale, EdgesRoundSoThatTouchingPartsTouch) {
     EXPECT_EQ(edge, scale.toPixelsX(140));
 }
 
-TEST(TwipsScale, RoundsHalfAwayFromZeroAndFollowsTheDpi) {
-    const TwipsScale scale(144, 72);
-    EXPECT_EQ(scale.toPixelsX(5), 1);    // 0.5
-    EXPECT_EQ(scale.toPixelsX(-5), -1);  // -0.5
-    EXPECT_EQ(scale.toPixelsY(1440), 72);
-    EXPECT_EQ(scale.toTwipsY(72), 1440);
-}
-
-TEST(TwipsScale, UnusableDpiCountsAsNinetySix) {
-    EXPECT_EQ(TwipsScale(0, -3), TwipsScale());
-    EXPECT_EQ(TwipsScale().toPixelsX(1440), 96);
-}
-
-TEST(TwipsScale, NegativeSizeGivesAnEmptyRectangle) {
-    EXPECT_TRUE(TwipsScale().toPixels(150, 150, -30, -30).isEmpty());
-}
-
 TEST(TextPositions, CharactersBeyondTheBasicPlaneTakeTwoUtf16Units) {
     const std::string text =
         "a\xF0\x9F\x98\x80"
@@ -117,20 +105,12 @@ TEST(TextPositions, CharactersBeyondTheBasicPlaneTakeTwoUtf16Units) {
     EXPECT_EQ(ToStdString(q), text);
 }
 
-TEST(TextPositions, MessageLineEndsBecomeLineFeeds) {
+// Message boxes show CR LF as line feeds; a paste keeps the first line only.
+TEST(TextPositions, LineEnds) {
     EXPECT_EQ(DisplayLines(QStringLiteral("a:\r\nb\r\n")), QStringLiteral("a:\nb\n"));
-}
-
-TEST(TextPositions, PasteKeepsTheFirstLineOnly) {
-    EXPECT_EQ(FirstLine(QStringLiteral("abc\r\ndef")), QStringLiteral("abc"));
-    EXPECT_EQ(FirstLine(QStringLiteral("abc\ndef")), QStringLiteral("abc"));
+    for (const QString& pasted : {QStringLiteral("abc\r\ndef"), QStringLiteral("abc\ndef")})
+        EXPECT_EQ(FirstLine(pasted), QStringLiteral("abc"));
     EXPECT_EQ(FirstLine(QStringLiteral("abc")), QStringLiteral("abc"));
-}
-
-TEST(QtMessageSink, IconsFollowTheMessageKind) {
-    EXPECT_EQ(QtMessageSink::IconFor(MessageIcon::Information), QMessageBox::Information);
-    EXPECT_EQ(QtMessageSink::IconFor(MessageIcon::Critical), QMessageBox::Critical);
-    EXPECT_EQ(QtMessageSink::IconFor(MessageIcon::Plain), QMessageBox::NoIcon);
 }
 
 TEST(QtMessageSink, HandlerGetsTheTextAsWrittenAndEmptyTextReachesNothing) {

@@ -5,7 +5,6 @@
 #include <algorithm>
 
 #include "qt/bindings/grid_view.h"
-#include "test_documents.h"
 #include "widget_fixture.h"
 
 namespace tabulon::testing {
@@ -59,13 +58,6 @@ TEST_F(GridViewTest, EveryPixelOfACellHitsThatCell) {
             EXPECT_EQ(view().colAt(rect.right()), col);
         }
     }
-}
-
-TEST_F(GridViewTest, ClickingACellMakesItCurrentAndOpensItsEditor) {
-    ClickCell(4, 2);
-    EXPECT_EQ(grid().row(), 4);
-    EXPECT_EQ(grid().col(), 2);
-    EXPECT_TRUE(form().txtTextBoxControl.visible());
 }
 
 TEST_F(GridViewTest, ClickingPastTheLastColumnOnlyMovesThePointer) {

@@ -3,9 +3,9 @@
 // really show something.
 #include <QDir>
 #include <QImage>
-#include <QSet>
 #include <QTreeWidget>
 
+#include "common/qt_images.h"
 #include "qt/bindings/grid_view.h"
 #include "qt/bindings/unit_drop_binding.h"
 #include "qt/bindings/unit_num_binding.h"
@@ -18,15 +18,6 @@ QString RenderPath(const std::string& name) {
     const QString dir = QString::fromUtf8(TABULON_BINARY_DIR) + QStringLiteral("/qt_renders");
     QDir().mkpath(dir);
     return dir + QLatin1Char('/') + QString::fromStdString(name) + QStringLiteral(".png");
-}
-
-int DistinctColours(const QImage& image) {
-    QSet<QRgb> colours;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x)
-            colours.insert(image.pixel(x, y));
-    }
-    return static_cast<int>(colours.size());
 }
 
 // Pixels of a rectangle that differ from its background colour.

@@ -75,6 +75,14 @@ std::string Quoted(const std::string& text) {
 
 class SessionParity : public WidgetFixture {
 protected:
+    // Runs the session tool on document with steps, then dumps the grid and reads the
+    // document, and expects the same outcome as the widget's; returns the run.
+    SessionRun ExpectSameAs(const std::string& document, const std::string& steps) {
+        const SessionRun run =
+            RunSteps("load " + Quoted(document) + "\n" + steps + "dump grid\nxml\n");
+        ExpectSameOutcome(run);
+        return run;
+    }
     void ExpectSameOutcome(const SessionRun& run) {
         ASSERT_EQ(run.status, 0) << run.err;
         ExpectGridMatches(form().msgGridView, LastDump(run, "grid"));
@@ -107,10 +115,7 @@ TEST_F(SessionParity, TypingIntoAValidatedCellThenTabRaisesTheSameAppGridEvent) 
     TypeText(QStringLiteral("P9"));
     KeyClick(Qt::Key_Tab);
 
-    const SessionRun run = RunSteps("load " + Quoted(path) +
-                                    "\nnode PUMPS\nclick 1 1\ntype \"P9\"\nkey Tab\n"
-                                    "dump grid\nxml\n");
-    ExpectSameOutcome(run);
+    ExpectSameAs(path, "node PUMPS\nclick 1 1\ntype \"P9\"\nkey Tab\n");
     EXPECT_EQ(form().msgGridView.textMatrix(1, 1), "P9");
     ASSERT_EQ(events.size(), 1u);
     EXPECT_EQ(events[0].rfind("AppGridEventHandler ", 0), 0u);
@@ -126,10 +131,7 @@ TEST_F(SessionParity, ChoosingFromThePickListAndEnterCommitsLikeTheSession) {
     EXPECT_EQ(form().cboComboBoxControl.text(), "Laboratory");
     KeyClick(Qt::Key_Return);
 
-    const SessionRun run = RunSteps("load " + Quoted(path) +
-                                    "\nclick 1 1\npick \"Laboratory\"\nkey Enter\n"
-                                    "dump grid\nxml\n");
-    ExpectSameOutcome(run);
+    ExpectSameAs(path, "click 1 1\npick \"Laboratory\"\nkey Enter\n");
     EXPECT_EQ(form().msgGridView.textMatrix(1, 1), "Laboratory");
 }
 
@@ -142,11 +144,10 @@ TEST_F(SessionParity, OutOfRangeNumberTurnsTheCellRedLikeTheSession) {
     TypeText(QStringLiteral("600000"));
     KeyClick(Qt::Key_Tab);
 
-    const SessionRun run = RunSteps("load " + Quoted(path) +
-                                    "\nclick 2 1\nkey Backspace\nkey Backspace\nkey Backspace\n"
-                                    "key Backspace\nkey Backspace\nkey Backspace\n"
-                                    "type \"600000\"\nkey Tab\ndump grid\nxml\n");
-    ExpectSameOutcome(run);
+    std::string steps = "click 2 1\n";
+    for (int i = 0; i < 6; ++i)
+        steps += "key Backspace\n";
+    ExpectSameAs(path, steps + "type \"600000\"\nkey Tab\n");
     EXPECT_NE(form().msgGridView.cellBackColor(2, 1), FlexGrid::kBackColor);
 }
 
@@ -161,9 +162,7 @@ TEST_F(SessionParity, ChoosingAUnitInTheUnitDropDownMatchesTheSession) {
     EXPECT_EQ(form().unitDropControl.SelectedUnitText(), "bhp");
     KeyClick(Qt::Key_Tab);
 
-    const SessionRun run = RunSteps("load " + Quoted(path) +
-                                    "\nclick 4 1\npick-unit \"bhp\"\nkey Tab\ndump grid\nxml\n");
-    ExpectSameOutcome(run);
+    ExpectSameAs(path, "click 4 1\npick-unit \"bhp\"\nkey Tab\n");
 }
 
 TEST_F(SessionParity, TabEnterAndTheirReverseMoveLikeTheSession) {
@@ -178,10 +177,9 @@ TEST_F(SessionParity, TabEnterAndTheirReverseMoveLikeTheSession) {
     KeyClick(Qt::Key_F8);
     KeyClick(Qt::Key_F5);
 
-    const SessionRun run = RunSteps(
-        "load samples/english.xml\nclick 1 1\nkey Tab\nkey Tab\nkey Tab\nkey Enter\n"
-        "key Tab ctrl\nkey Tab shift\nkey F8\nkey F5\ndump grid\nxml\n");
-    ExpectSameOutcome(run);
+    ExpectSameAs("samples/english.xml",
+                 "click 1 1\nkey Tab\nkey Tab\nkey Tab\nkey Enter\nkey Tab ctrl\n"
+                 "key Tab shift\nkey F8\nkey F5\n");
     EXPECT_EQ(form().msgGridView.row(), 3);
     EXPECT_EQ(form().msgGridView.col(), 1);
 }
@@ -192,9 +190,7 @@ TEST_F(SessionParity, FilterChoiceShowsTheSameColumns) {
     ASSERT_TRUE(combo->isVisible());
     PickFromPopup(combo, QStringLiteral("End suction"));
 
-    const SessionRun run =
-        RunSteps("load samples/filtered.xml\nfilter \"End suction\"\ndump grid\nxml\n");
-    ExpectSameOutcome(run);
+    ExpectSameAs("samples/filtered.xml", "filter \"End suction\"\n");
     EXPECT_EQ(widget().FilterValue(), QStringLiteral("End suction"));
 }
 
@@ -207,10 +203,8 @@ TEST_F(SessionParity, ButtonsRaiseTheSameEventsAndSpaceClicksOnce) {
     ClickButton(form().cmdHelp);
     ClickButton(form().cmdOK);
 
-    const SessionRun run = RunSteps("load " + Quoted(path) +
-                                    "\nbutton Print\nbutton Cancel\nbutton-key Cancel Space\n"
-                                    "button Help\nbutton OK\ndump grid\nxml\n");
-    ExpectSameOutcome(run);
+    ExpectSameAs(path,
+                 "button Print\nbutton Cancel\nbutton-key Cancel Space\nbutton Help\nbutton OK\n");
     ASSERT_EQ(events.size(), 5u);
     EXPECT_EQ(events[1], "CancelClick");
     EXPECT_EQ(events[2], "CancelClick");
@@ -267,9 +261,8 @@ TEST_F(SessionParity, SplitterDragWidensTheTreeLikeTheSession) {
     ProcessEvents();
     const std::int32_t dx = widget().scale().toTwipsX(30);
 
-    const SessionRun run = RunSteps("load samples/english.xml\ndrag-splitter " +
-                                    std::to_string(dx) + "\ndump layout\ndump grid\nxml\n");
-    ExpectSameOutcome(run);
+    const SessionRun run = ExpectSameAs("samples/english.xml",
+                                        "drag-splitter " + std::to_string(dx) + "\ndump layout\n");
     const JsonValue layout = LastDump(run, "layout");
     EXPECT_EQ(form().treTreeView.width(), Int(layout["treTreeView"]["width"]));
     EXPECT_EQ(form().msgGridView.left(), Int(layout["msgGridView"]["left"]));
@@ -288,9 +281,8 @@ TEST_F(SessionParity, CollapsingAParentByItsIndicatorMovesTheSelectionLikeTheSes
     ProcessEvents();
     EXPECT_FALSE(project->isExpanded());
 
-    const SessionRun run = RunSteps(
-        "load samples/english.xml\nnode CHILLERS\ncollapse PROJECT\ndump tree\ndump grid\nxml\n");
-    ExpectSameOutcome(run);
+    const SessionRun run =
+        ExpectSameAs("samples/english.xml", "node CHILLERS\ncollapse PROJECT\ndump tree\n");
     const JsonValue dump = LastDump(run, "tree");
     for (int i = 1; i <= form().treTreeView.count(); ++i) {
         const JsonValue& node = dump["nodes"][static_cast<std::size_t>(i - 1)];
@@ -304,9 +296,7 @@ TEST_F(SessionParity, EnterOnAButtonMovesTheGridInsteadOfClickingIt) {
     ClickButton(form().cmdHelp);
     KeyClick(Qt::Key_Return);
 
-    const SessionRun run =
-        RunSteps("load samples/english.xml\nbutton Help\nbutton-key Help Enter\ndump grid\nxml\n");
-    ExpectSameOutcome(run);
+    ExpectSameAs("samples/english.xml", "button Help\nbutton-key Help Enter\n");
     EXPECT_EQ(events, std::vector<std::string>{"HelpClick"});
     EXPECT_EQ(form().msgGridView.row(), 2);
 }
@@ -317,9 +307,7 @@ TEST_F(SessionParity, ArrowKeyInTheTreeSelectsTheNextNodeLikeClickingIt) {
     KeyClick(Qt::Key_Down);
     EXPECT_EQ(form().treTreeView.selectedIndex(), form().treTreeView.indexOf("AHU"));
 
-    const SessionRun run =
-        RunSteps("load samples/english.xml\nnode PROJECT\nnode AHU\ndump grid\nxml\n");
-    ExpectSameOutcome(run);
+    ExpectSameAs("samples/english.xml", "node PROJECT\nnode AHU\n");
 }
 
 TEST_F(SessionParity, EditingAMetricNumberStoresItLikeTheSession) {
@@ -330,10 +318,7 @@ TEST_F(SessionParity, EditingAMetricNumberStoresItLikeTheSession) {
     TypeText(QStringLiteral("5"));
     KeyClick(Qt::Key_Enter);
 
-    const SessionRun run =
-        RunSteps("load " + Quoted(path) +
-                 "\nclick 1 1\nkey Backspace\ntype \"5\"\nkey Enter\ndump grid\nxml\n");
-    ExpectSameOutcome(run);
+    ExpectSameAs(path, "click 1 1\nkey Backspace\ntype \"5\"\nkey Enter\n");
     EXPECT_EQ(form().msgGridView.row(), 2);
 }
 

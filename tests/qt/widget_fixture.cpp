@@ -6,24 +6,11 @@
 #include <QTest>
 #include <QTreeWidget>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "qt/bindings/grid_view.h"
 #include "qt/qt_text.h"
 
 namespace tabulon::testing {
-
-namespace {
-
-std::string ReadAll(const std::filesystem::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
-
-}  // namespace
 
 WidgetFixture::WidgetFixture() {
     // The samples name their pictures relative to the repository root.
@@ -56,25 +43,12 @@ WidgetFixture::WidgetFixture() {
 
 WidgetFixture::~WidgetFixture() {
     widget_.reset();
-    if (!tempDir_.empty()) {
-        std::error_code ignored;
-        std::filesystem::remove_all(tempDir_, ignored);
-    }
 }
 
 std::string WidgetFixture::SampleCopy(const std::string& name) {
-    if (tempDir_.empty()) {
-        const ::testing::TestInfo* info = ::testing::UnitTest::GetInstance()->current_test_info();
-        tempDir_ = (std::filesystem::temp_directory_path() /
-                    ("tabulon_qt_" + std::string(info->name()) + "_" +
-                     std::to_string(QCoreApplication::applicationPid())))
-                       .string();
-        std::filesystem::create_directories(tempDir_);
-    }
-    const std::filesystem::path target = std::filesystem::path(tempDir_) / name;
-    std::ofstream(target, std::ios::binary)
-        << ReadAll(std::filesystem::path(TABULON_SOURCE_DIR) / "samples" / name);
-    return target.string();
+    if (!tempDir_) tempDir_.emplace();
+    return tempDir_->write(
+        name, ReadFileBytes(std::filesystem::path(TABULON_SOURCE_DIR) / "samples" / name));
 }
 
 bool WidgetFixture::Load(const std::string& path) {

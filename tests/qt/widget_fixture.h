@@ -15,13 +15,31 @@
 #include <QPoint>
 #include <QString>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "common/documents.h"
+#include "common/files.h"
 #include "qt/spreadsheet_widget.h"
 #include "session/tool_runner.h"
 
 namespace tabulon::testing {
+
+// One node over rows x cols TextBox cells; cell (r, c) holds "r.c", and the cells of
+// row 1 ask for the host's validation when validatedFirstRow is set.
+inline std::string GridDocument(int rows, int cols, bool validatedFirstRow = false) {
+    std::vector<std::string> columns;
+    for (int c = 1; c <= cols; ++c) {
+        std::vector<CellData> cells;
+        for (int r = 1; r <= rows; ++r) {
+            cells.emplace_back(std::to_string(r) + "." + std::to_string(c), true, true,
+                               validatedFirstRow && r == 1);
+        }
+        columns.push_back(Column(cells));
+    }
+    return Document(std::vector<std::string>(rows, Row("TextBox", "MaxLength=\"20\"")), columns);
+}
 
 class WidgetFixture : public ::testing::Test {
 protected:
@@ -62,7 +80,7 @@ protected:
 
 private:
     std::unique_ptr<SpreadsheetWidget> widget_;
-    std::string tempDir_;
+    std::optional<TempDir> tempDir_;
 };
 
 // What a session run printed, in the records' text form.

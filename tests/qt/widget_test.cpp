@@ -13,8 +13,8 @@
 #include <QTest>
 #include <QTreeWidget>
 
+#include "common/files.h"
 #include "qt/bindings/scroll_bar_binding.h"
-#include "test_documents.h"
 #include "widget_fixture.h"
 
 namespace tabulon::testing {
@@ -58,13 +58,6 @@ TEST_F(WidgetBehaviour, ResizingTheWidgetRunsTheControlsResizeHandlingInTwips) {
     // The buttons keep their distance from the right edge.
     EXPECT_EQ(form().cmdHelp.left() - oldHelp, form().control.width() - oldWidth);
     EXPECT_EQ(widget().widgetFor(form().cmdHelp)->x(), scale.toPixelsX(form().cmdHelp.left()));
-}
-
-TEST_F(WidgetBehaviour, AWidgetSmallerThanTheDesignSizeKeepsTheControlsMinimum) {
-    widget().resize(200, 100);
-    ProcessEvents();
-    EXPECT_EQ(form().control.width(), 8200);
-    EXPECT_EQ(form().control.height(), 6300);
 }
 
 TEST(SpreadsheetWidgetLifecycle, FirstShowingPlacesTheButtonsOnce) {
@@ -252,15 +245,16 @@ TEST_F(WidgetBehaviour, DraggingTheScrollBarsThumbMovesTheGridOneColumnPerChange
 }
 
 TEST_F(WidgetBehaviour, APictureQtCannotDecodeFailsTheLoad) {
+    const auto withPicture = [](const std::string& path) {
+        return QString::fromStdString(Replaced(GridDocument(2, 1), "KeyValue=\"N1\"",
+                                               "KeyValue=\"N1\" ImageName=\"" + path + "\""));
+    };
     // A file that exists but is no picture.
-    const std::string notAPicture = "samples/english.xml";
-    EXPECT_FALSE(widget().LoadXML(QString::fromStdString(GridDocument(2, 1, false, notAPicture))));
+    EXPECT_FALSE(widget().LoadXML(withPicture("samples/english.xml")));
     ASSERT_FALSE(messages.empty());
     EXPECT_EQ(messages[0], "critical: Unexpected Error - 1026");
-    // A real picture loads.
     messages.clear();
-    EXPECT_TRUE(widget().LoadXML(
-        QString::fromStdString(GridDocument(2, 1, false, "samples/icons/pump.png"))));
+    EXPECT_TRUE(widget().LoadXML(withPicture("samples/icons/pump.png")));
     EXPECT_TRUE(messages.empty());
 }
 

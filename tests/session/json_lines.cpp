@@ -60,41 +60,17 @@ private:
             }
             if (pos_ == text_.size()) Fail("unfinished escape");
             const char e = text_[pos_++];
-            switch (e) {
-                case '"':
-                    out.push_back('"');
-                    break;
-                case '\\':
-                    out.push_back('\\');
-                    break;
-                case '/':
-                    out.push_back('/');
-                    break;
-                case 'b':
-                    out.push_back('\b');
-                    break;
-                case 'f':
-                    out.push_back('\f');
-                    break;
-                case 'n':
-                    out.push_back('\n');
-                    break;
-                case 'r':
-                    out.push_back('\r');
-                    break;
-                case 't':
-                    out.push_back('\t');
-                    break;
-                case 'u': {
-                    if (pos_ + 4 > text_.size()) Fail("short \\u escape");
-                    const auto code = std::strtoul(text_.substr(pos_, 4).c_str(), nullptr, 16);
-                    pos_ += 4;
-                    AppendUtf8(out, static_cast<char32_t>(code));
-                    break;
-                }
-                default:
-                    Fail("unknown escape");
+            if (e == 'u') {
+                if (pos_ + 4 > text_.size()) Fail("short \\u escape");
+                const auto code = std::strtoul(text_.substr(pos_, 4).c_str(), nullptr, 16);
+                pos_ += 4;
+                AppendUtf8(out, static_cast<char32_t>(code));
+                continue;
             }
+            static const std::string kEscapes = "\"\"\\\\//b\bf\fn\nr\rt\t";
+            const std::size_t at = kEscapes.find(e);
+            if (at == std::string::npos || at % 2 != 0) Fail("unknown escape");
+            out.push_back(kEscapes[at + 1]);
         }
         Expect('"');
         return out;
@@ -177,6 +153,13 @@ std::vector<std::string> JsonValue::keys() const {
     for (const auto& member : members)
         names.push_back(member.first);
     return names;
+}
+
+std::string JsonValue::keyList() const {
+    std::string joined;
+    for (const auto& member : members)
+        joined += (joined.empty() ? "" : " ") + member.first;
+    return joined;
 }
 
 std::vector<JsonValue> ParseJsonLines(const std::string& text) {

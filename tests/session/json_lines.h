@@ -27,6 +27,8 @@ public:
     const JsonValue& operator[](const std::string& key) const;
     const JsonValue& operator[](std::size_t index) const;
     std::vector<std::string> keys() const;
+    // The member names in order, separated by blanks.
+    std::string keyList() const;
 };
 
 // Parses every non-empty line of text.

@@ -9,92 +9,52 @@
 namespace tabulon::testing {
 namespace {
 
-struct DumpFields {
-    const char* what;
-    std::vector<std::string> keys;
-};
-
 TEST(SessionDumps, EveryDumpHasItsFieldsInOrder) {
-    const std::vector<DumpFields> dumps = {
+    const std::pair<const char*, const char*> dumps[] = {
         {"grid",
-         {"dump", "rows", "cols", "fixedRows", "fixedCols", "row", "col", "rowSel", "colSel",
-          "topRow", "leftCol", "enabled", "width", "height", "colWidths", "rowHeights", "cells"}},
-        {"tree", {"dump", "nodes", "style", "imagesBound", "images"}},
-        {"editors",
-         {"dump", "txtTextBoxControl", "cboComboBoxControl", "unitNumControl", "unitDropControl"}},
-        {"filter",
-         {"dump", "frameVisible", "frameCaption", "labelCaption", "comboEnabled", "text", "items"}},
-        {"scrollbars", {"dump", "hscGrid", "vscGrid"}},
+         "dump rows cols fixedRows fixedCols row col rowSel colSel topRow leftCol enabled width "
+         "height colWidths rowHeights cells"},
+        {"tree", "dump nodes style imagesBound images"},
+        {"editors", "dump txtTextBoxControl cboComboBoxControl unitNumControl unitDropControl"},
+        {"filter", "dump frameVisible frameCaption labelCaption comboEnabled text items"},
+        {"scrollbars", "dump hscGrid vscGrid"},
         {"state",
-         {"dump", "blnGridLoaded", "blnEditorActive", "blnScrollCommit", "strCurrentHeaderKey",
-          "strCurrentValueKey", "strMeasurementUnit", "strXMLPath", "intColWidthMin",
-          "blnDefaultPos"}},
-        {"conversion", {"dump", "present", "entries"}},
-        {"custom-units", {"dump", "units"}},
+         "dump blnGridLoaded blnEditorActive blnScrollCommit strCurrentHeaderKey "
+         "strCurrentValueKey strMeasurementUnit strXMLPath intColWidthMin blnDefaultPos"},
+        {"conversion", "dump present entries"},
+        {"custom-units", "dump units"},
+        {"layout",
+         "dump focus UserControl treTreeView imgSplitter fraFilterView lblFilter cboFilter "
+         "msgGridView vscGrid hscGrid cmdPrint cmdOK cmdCancel cmdHelp txtTextBoxControl "
+         "cboComboBoxControl unitNumControl unitDropControl unitNumForCnv unitDropForCnv"},
     };
     std::string script = "load samples/metric.xml\n";
-    for (const DumpFields& dump : dumps)
-        script += std::string("dump ") + dump.what + "\n";
+    for (const auto& [what, keys] : dumps)
+        script += std::string("dump ") + what + "\n";
     const SessionRun run = RunSession(script);
-    ASSERT_EQ(run.lines.size(), dumps.size() + 1);
-    for (std::size_t i = 0; i < dumps.size(); ++i) {
-        EXPECT_EQ(run.lines[i + 1].keys(), dumps[i].keys) << dumps[i].what;
-        EXPECT_EQ(run.lines[i + 1]["dump"].text, dumps[i].what);
+    ASSERT_EQ(run.lines.size(), std::size(dumps) + 1);
+    for (std::size_t i = 0; i < std::size(dumps); ++i) {
+        EXPECT_EQ(run.lines[i + 1].keyList(), dumps[i].second);
+        EXPECT_EQ(run.lines[i + 1]["dump"].text, dumps[i].first);
     }
+    EXPECT_EQ(run.lines.back()["cmdHelp"]["left"].number, 6935);
 }
 
 TEST(SessionDumps, EditorAndBarEntriesCarryGeometryStateAndContent) {
     const SessionRun run = RunSession("dump editors\ndump scrollbars\n");
     ASSERT_EQ(run.lines.size(), 2u);
-    const std::vector<std::string> geometry = {"visible", "enabled", "left",
-                                               "top",     "width",   "height"};
-    const auto startsWith = [&](const JsonValue& entry, std::vector<std::string> rest) {
-        std::vector<std::string> keys = geometry;
-        keys.insert(keys.end(), rest.begin(), rest.end());
-        EXPECT_EQ(entry.keys(), keys);
-    };
+    const std::string geometry = "visible enabled left top width height ";
     const JsonValue& editors = run.lines[0];
-    startsWith(editors["txtTextBoxControl"],
-               {"text", "maxLength", "selStart", "selLength", "focus"});
-    startsWith(editors["cboComboBoxControl"], {"text", "items", "listIndex", "focus"});
-    startsWith(editors["unitNumControl"],
-               {"text", "unit", "unitCode", "limits", "format", "focus"});
-    startsWith(editors["unitDropControl"],
-               {"text", "unit", "items", "limits", "formats", "numberWidth", "unitWidth", "focus"});
-    EXPECT_EQ(run.lines[1]["hscGrid"].keys(),
-              (std::vector<std::string>{"visible", "enabled", "min", "max", "value", "busy",
-                                        "leftMargin", "rightMargin"}));
-    EXPECT_EQ(run.lines[1]["vscGrid"].keys(),
-              (std::vector<std::string>{"visible", "enabled", "min", "max", "value", "busy",
-                                        "topMargin", "bottomMargin"}));
-}
-
-TEST(SessionDumps, LayoutListsTheControlAndEveryChild) {
-    const SessionRun run = RunSession("dump layout\n");
-    ASSERT_EQ(run.lines.size(), 1u);
-    const std::vector<std::string> expected = {"dump",
-                                               "focus",
-                                               "UserControl",
-                                               "treTreeView",
-                                               "imgSplitter",
-                                               "fraFilterView",
-                                               "lblFilter",
-                                               "cboFilter",
-                                               "msgGridView",
-                                               "vscGrid",
-                                               "hscGrid",
-                                               "cmdPrint",
-                                               "cmdOK",
-                                               "cmdCancel",
-                                               "cmdHelp",
-                                               "txtTextBoxControl",
-                                               "cboComboBoxControl",
-                                               "unitNumControl",
-                                               "unitDropControl",
-                                               "unitNumForCnv",
-                                               "unitDropForCnv"};
-    EXPECT_EQ(run.lines[0].keys(), expected);
-    EXPECT_EQ(run.lines[0]["cmdHelp"]["left"].number, 6935);
+    EXPECT_EQ(editors["txtTextBoxControl"].keyList(),
+              geometry + "text maxLength selStart selLength focus");
+    EXPECT_EQ(editors["cboComboBoxControl"].keyList(), geometry + "text items listIndex focus");
+    EXPECT_EQ(editors["unitNumControl"].keyList(),
+              geometry + "text unit unitCode limits format focus");
+    EXPECT_EQ(editors["unitDropControl"].keyList(),
+              geometry + "text unit items limits formats numberWidth unitWidth focus");
+    const std::string bar = "visible enabled min max value busy ";
+    EXPECT_EQ(run.lines[1]["hscGrid"].keyList(), bar + "leftMargin rightMargin");
+    EXPECT_EQ(run.lines[1]["vscGrid"].keyList(), bar + "topMargin bottomMargin");
 }
 
 // Colours are "#rrggbb" in lower case, alignments the grid's codes.

@@ -28,8 +28,9 @@ TEST(SessionScript, BlankLinesAndCommentsPrintNothing) {
 }
 
 TEST(SessionScript, BackslashOutsideQuotesIsAnOrdinaryCharacter) {
-    const SessionRun run = RunSession("set-filtervalue a\\b\nset-general strFilterLabel=\"x\"\n");
-    EXPECT_EQ(run.status, 0);
+    const SessionRun run = RunSession("loadxml /nonexistent/a\\tb\n");
+    ASSERT_EQ(run.lines.size(), 1u);
+    EXPECT_EQ(run.lines[0]["error"].text, "loadxml: cannot read \"/nonexistent/a\\tb\"");
 }
 
 // Each malformed command prints one error line, changes nothing, and the session goes

@@ -7,17 +7,12 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
-#include <sstream>
+
+#include "common/files.h"
 
 namespace tabulon::testing {
 
 namespace {
-
-std::string ReadFile(const std::filesystem::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
 
 // Tests of one executable may run in parallel processes: names carry the process id.
 std::filesystem::path TempPath(const std::string& name) {
@@ -42,8 +37,8 @@ ToolRun RunTool(const std::string& args, const std::string& input) {
     const int raw = std::system(command.c_str());
     ToolRun run;
     run.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
-    run.out = ReadFile(out);
-    run.err = ReadFile(err);
+    run.out = ReadFileBytes(out);
+    run.err = ReadFileBytes(err);
     return run;
 }
 
@@ -51,44 +46,6 @@ SessionRun RunSession(const std::string& script) {
     const ToolRun tool = RunTool("session", script);
     SessionRun run{tool.status, ParseJsonLines(tool.out), tool.err};
     return run;
-}
-
-std::string SmallDocument() {
-    return R"(<xml MeasurementUnit="ENGLISH">
-  <TreeStructure>
-    <Pnode Name="Node" KeyValue="N" GridHeaderKey="H" GridValueKey="V" Filter="0"/>
-  </TreeStructure>
-  <GridStructure>
-    <GridHeaders>
-      <GridHeader Key="H">
-        <ColumnHeaders>
-          <ColumnHeader HName="Item"/>
-          <ColumnHeader HName="A"/>
-          <ColumnHeader HName="B"/>
-        </ColumnHeaders>
-        <RowHeaders>
-          <RowHeader HName="x" ControlType="TextBox"/>
-          <RowHeader HName="y" ControlType="UnitNum" Format="0.00"/>
-        </RowHeaders>
-      </GridHeader>
-    </GridHeaders>
-    <GridValues>
-      <GridValue>
-        <CellValues GridValueKey="V">
-          <CellValue Enabled="1" Valid="1" ApplicationValidation="0">1</CellValue>
-          <CellValue Enabled="1" Valid="1" ApplicationValidation="0">3</CellValue>
-        </CellValues>
-      </GridValue>
-      <GridValue>
-        <CellValues GridValueKey="V">
-          <CellValue Enabled="1" Valid="1" ApplicationValidation="0">2</CellValue>
-          <CellValue Enabled="1" Valid="1" ApplicationValidation="0">4</CellValue>
-        </CellValues>
-      </GridValue>
-    </GridValues>
-  </GridStructure>
-</xml>
-)";
 }
 
 }  // namespace tabulon::testing

@@ -30,8 +30,4 @@ SessionRun RunSession(const std::string& script);
 // Writes text to a fresh file under the test's temporary folder; returns its path.
 std::string WriteTempFile(const std::string& name, const std::string& text);
 
-// A small valid document: one node "N" with columns A and B over rows x (TextBox) and
-// y (UnitNum, format 0.00), values 1/2 and 3/4.
-std::string SmallDocument();
-
 }  // namespace tabulon::testing

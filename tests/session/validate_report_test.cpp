@@ -5,10 +5,13 @@
 #include <ostream>
 #include <string>
 
+#include "common/files.h"
 #include "session/tool_runner.h"
 
 namespace tabulon::testing {
 namespace {
+
+constexpr const char* kTwoByTwo = "shell_two_by_two.xml";
 
 struct SampleCase {
     const char* path;
@@ -55,9 +58,9 @@ TEST(Validate, AMissingFileFailsWithTheLoadMessage) {
 // A valid document whose first node names a layout that is not there loads, but no
 // grid is shown.
 TEST(Validate, AValidDocumentWhoseGridCannotBeShownFails) {
-    std::string text = SmallDocument();
-    text.replace(text.find("GridHeaderKey=\"H\""), 17, "GridHeaderKey=\"Z\"");
-    const std::string path = WriteTempFile("no_header.xml", text);
+    const std::string path = WriteTempFile(
+        "no_header.xml",
+        Replaced(ReadFileBytes(DataFile(kTwoByTwo)), "HeaderKey=\"G1\"", "HeaderKey=\"Z\""));
     const ToolRun run = RunTool("validate '" + path + "'");
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.err, "information: Grid header key 'Z' not found in XML.\n");
@@ -71,30 +74,10 @@ TEST(Validate, BadArgumentsAreUsageErrors) {
 }
 
 TEST(Report, WritesThePrintClickTextByteForByte) {
-    const std::string path = WriteTempFile("report.xml", SmallDocument());
-    const ToolRun run = RunTool("report '" + path + "'");
+    const ToolRun run = RunTool("report " + DataFile(kTwoByTwo).string());
     EXPECT_EQ(run.status, 0) << run.err;
     EXPECT_EQ(run.err, "");
-    EXPECT_EQ(run.out,
-              "<Column_Header>\r\n"
-              "<ColumnCaption>A</ColumnCaption>\r\n"
-              "<ColumnCaption>B</ColumnCaption>\r\n"
-              "</Column_Header>\r\n"
-              "<Row_Header>\r\n"
-              "<RowCaption>Item</RowCaption>\r\n"
-              "<RowCaption>x</RowCaption>\r\n"
-              "<RowCaption>y</RowCaption>\r\n"
-              "</Row_Header>\r\n"
-              "<Grid_Data>\r\n"
-              "<Column_Value>\r\n"
-              "<CellValue>1</CellValue>\r\n"
-              "<CellValue>3.00</CellValue>\r\n"
-              "</Column_Value>\r\n"
-              "<Column_Value>\r\n"
-              "<CellValue>2</CellValue>\r\n"
-              "<CellValue>4.00</CellValue>\r\n"
-              "</Column_Value>\r\n"
-              "</Grid_Data>\r\n");
+    EXPECT_EQ(run.out, ReadFileBytes(DataFile("shell_two_by_two_report.txt")));
 }
 
 TEST(Report, SelectsTheNodeAndAppliesTheFilter) {
@@ -108,9 +91,8 @@ TEST(Report, SelectsTheNodeAndAppliesTheFilter) {
 }
 
 TEST(Report, FailsWhenNoPrintClickIsRaised) {
-    std::string text = SmallDocument();
-    text.replace(text.find("Valid=\"1\""), 9, "Valid=\"0\"");
-    const std::string invalid = WriteTempFile("invalid.xml", text);
+    const std::string invalid = WriteTempFile(
+        "invalid.xml", Replaced(ReadFileBytes(DataFile(kTwoByTwo)), "Valid=\"1\"", "Valid=\"0\""));
     const ToolRun blocked = RunTool("report '" + invalid + "'");
     EXPECT_EQ(blocked.status, 1);
     EXPECT_EQ(blocked.out, "");

@@ -3,16 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <thread>
-#include <type_traits>
 
 #include "unitinput/unit_catalogue.h"
 
 namespace tabulon {
 namespace {
-
-static_assert(std::is_base_of_v<RuntimeFailure, UnknownConversionFailure>);
-static_assert(std::is_base_of_v<RuntimeFailure, DuplicateConversionFailure>);
-static_assert(std::is_base_of_v<RuntimeFailure, ConversionTableAbsentFailure>);
 
 class ConversionTableTest : public ::testing::Test {
 protected:

@@ -81,18 +81,5 @@ TEST_F(Filter, AColumnWithoutItsCellValuesFailsTheClickAfterEarlierWidths) {
     EXPECT_THAT(ColWidths(), ElementsAre(1200, 1080, 1080, 900, 1080));
 }
 
-TEST_F(Filter, GridAreaLayoutIsIdempotent) {
-    form().fraFilterView.setVisible(false);
-    LayoutGridArea(core());
-    const std::int32_t top = grid().top();
-    const std::int32_t height = grid().height();
-    const std::int32_t barHeight = form().vscGrid.height();
-    LayoutGridArea(core());
-    EXPECT_EQ(top, 0);
-    EXPECT_EQ(grid().top(), top);
-    EXPECT_EQ(grid().height(), height);
-    EXPECT_EQ(form().vscGrid.height(), barHeight);
-}
-
 }  // namespace
 }  // namespace tabulon::testing

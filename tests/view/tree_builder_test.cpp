@@ -124,11 +124,5 @@ TEST_F(TreeBuilding, OnlyATreeOfTwoOrMoreNodesHasItsFirstNodeExpanded) {
     EXPECT_FALSE(form().treTreeView.node(2).expanded);
 }
 
-TEST_F(TreeBuilding, ACommentAmongTheNodesFailsTheTree) {
-    EXPECT_FALSE(LoadText(TreeDoc(Pnode("p1") + "<!-- note -->" + Pnode("p2"))));
-    ExpectMessages({Critical("Unexpected Error - 1024")});
-    EXPECT_EQ(form().treTreeView.count(), 0);
-}
-
 }  // namespace
 }  // namespace tabulon::testing

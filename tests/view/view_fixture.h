@@ -1,5 +1,5 @@
 // ViewTest: the control as a host holds it (tests/common/control_harness.h), with
-// short ways to write documents and to read the grid.
+// short ways to read the grid.
 #pragma once
 
 #include <string>
@@ -7,29 +7,9 @@
 #include <vector>
 
 #include "common/control_harness.h"
+#include "common/documents.h"
 
 namespace tabulon::testing {
-
-// A CellValue element; disabled and invalid on request.
-inline std::string Cell(std::string_view text, bool enabled = true, bool valid = true) {
-    return std::string("<CellValue Enabled=\"") + (enabled ? "1" : "0") + "\" Valid=\"" +
-           (valid ? "1" : "0") + "\" ApplicationValidation=\"0\">" + std::string(text) +
-           "</CellValue>";
-}
-
-// A document from the content of TreeStructure, GridHeaders and GridValues.
-inline std::string Doc(std::string_view tree, std::string_view headers, std::string_view values) {
-    return "<xml MeasurementUnit=\"ENGLISH\"><TreeStructure>" + std::string(tree) +
-           "</TreeStructure><GridStructure><GridHeaders>" + std::string(headers) +
-           "</GridHeaders><GridValues>" + std::string(values) +
-           "</GridValues></GridStructure></xml>";
-}
-
-// A layout of the given key, ColumnHeader elements and RowHeader elements.
-inline std::string Header(std::string_view key, std::string_view columns, std::string_view rows) {
-    return "<GridHeader Key=\"" + std::string(key) + "\"><ColumnHeaders>" + std::string(columns) +
-           "</ColumnHeaders><RowHeaders>" + std::string(rows) + "</RowHeaders></GridHeader>";
-}
 
 class ViewTest : public ControlHarness {
 protected:

@@ -24,19 +24,10 @@
 #include <string_view>
 #include <vector>
 
+#include "control/key_stroke.h"
 #include "session/script_lexer.h"
 
 namespace tabulon::cli::session {
-
-inline constexpr int kShiftBit = 1;
-inline constexpr int kCtrlBit = 2;
-inline constexpr int kAltBit = 4;
-
-struct KeyStroke {
-    int keyCode = 0;
-    int keyAscii = 0;  // 0: the key has no character
-    int shift = 0;
-};
 
 // A named key (Tab, Enter, Space, Escape, Backspace, Left, Right, Up, Down, F1..F12,
 // any letter case) or one character, with the modifiers held; nullopt for anything

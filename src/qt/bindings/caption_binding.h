@@ -8,6 +8,7 @@
 
 #include "platform/caption_component.h"
 #include "qt/bindings/component_binding.h"
+#include "qt/caption_widget.h"
 
 namespace tabulon {
 
@@ -15,7 +16,7 @@ class CaptionBinding : public ComponentBinding {
     Q_OBJECT
 
 public:
-    enum class Kind { GroupBox, Text };
+    using Kind = CaptionKind;
 
     CaptionBinding(BindingHost& host, CaptionComponent& component, Kind kind, QWidget* parent);
 

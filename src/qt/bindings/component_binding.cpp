@@ -33,61 +33,22 @@ bool ControlWantsKey(const QKeyEvent& event) {
 }
 
 ComponentBinding::ComponentBinding(BindingHost& host, Component& model, QWidget* widget)
-    : host_(host), model_(model), widget_(widget) {
-    observe(model);
+    : ModelBinding(model, widget), host_(host) {
     adopt(widget);
-}
-
-ComponentBinding::~ComponentBinding() {
-    for (const auto& [observable, token] : subscriptions_)
-        observable->Unsubscribe(token);
-}
-
-void ComponentBinding::observe(Observable& model, Observable::Observer handler) {
-    if (!handler) handler = [this](const ChangeInfo& change) { onChange(change); };
-    const int token = model.Subscribe(std::move(handler));
-    subscriptions_.emplace_back(&model, token);
 }
 
 void ComponentBinding::adopt(QWidget* part) {
     part->installEventFilter(this);
 }
 
-void ComponentBinding::refresh() {
-    onChange(ChangeInfo{Change::Everything});
-}
-
-void ComponentBinding::onChange(const ChangeInfo& change) {
-    switch (change.kind) {
-        case Change::Everything:
-            applyGeometry();
-            applyState(change);
-            break;
-        case Change::Geometry:
-        case Change::Enabled:
-            applyGeometry();
-            break;
-        case Change::Focus:
-            break;  // the host keeps Qt's focus with the model's
-        default:
-            applyState(change);
-            break;
-    }
-}
-
 void ComponentBinding::applyGeometry() {
-    if (widget_ == nullptr) return;
+    QWidget* w = widget();
+    if (w == nullptr) return;
     const Mirroring mirroring(*this);
-    const Component& m = model_;
-    widget_->setGeometry(host_.scale().toPixels(m.left(), m.top(), m.width(), m.height()));
-    widget_->setEnabled(m.enabled());
-    const bool hadFocus = widget_->hasFocus() || widget_->isAncestorOf(QApplication::focusWidget());
-    widget_->setVisible(m.visible());
-    if (hadFocus && !m.visible()) host_.syncFocusToModel();
-}
-
-void ComponentBinding::applyState(const ChangeInfo& change) {
-    (void)change;
+    placeWidget(host_.scale(), model().enabled());
+    const bool hadFocus = w->hasFocus() || w->isAncestorOf(QApplication::focusWidget());
+    w->setVisible(model().visible());
+    if (hadFocus && !model().visible()) host_.syncFocusToModel();
 }
 
 bool ComponentBinding::keyPress(QWidget* part, QKeyEvent* event) {
@@ -98,7 +59,7 @@ bool ComponentBinding::keyPress(QWidget* part, QKeyEvent* event) {
 
 void ComponentBinding::handleFocusIn(Qt::FocusReason reason) {
     if (reason == Qt::MouseFocusReason) {
-        host_.runGesture([this] { model_.setFocus(); });
+        host_.runGesture([this] { model().setFocus(); });
     }
     // Put right once this focus change is over: moving the focus again while Qt is
     // still delivering it would leave the widget believing it has it.

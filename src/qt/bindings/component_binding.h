@@ -20,71 +20,36 @@
 //   sees them. Subclasses may let Qt handle a key locally afterwards (caret moves).
 #pragma once
 
-#include <QObject>
-#include <QPointer>
 #include <QWidget>
-#include <utility>
-#include <vector>
 
-#include "platform/component.h"
 #include "qt/bindings/binding_host.h"
+#include "qt/model_binding.h"
 
 namespace tabulon {
 
-class ComponentBinding : public QObject {
+class ComponentBinding : public ModelBinding {
     Q_OBJECT
 
 public:
     // widget: the Qt widget shown for model, owned by its Qt parent.
     ComponentBinding(BindingHost& host, Component& model, QWidget* widget);
-    ~ComponentBinding() override;
-    ComponentBinding(const ComponentBinding&) = delete;
-    ComponentBinding& operator=(const ComponentBinding&) = delete;
 
-    Component& model() const { return model_; }
-    QWidget* widget() const { return widget_; }
     // The widget that takes Qt's focus when the model gives the component the focus.
-    virtual QWidget* focusTarget() const { return widget_; }
-
-    // Mirrors the whole model again (after creation, or when the scale changed).
-    void refresh();
+    virtual QWidget* focusTarget() const { return widget(); }
 
 protected:
     BindingHost& host() const { return host_; }
 
-    // Observes another model of the same component (an inner part); its
-    // notifications reach handler, or onChange like the component's own when handler
-    // is empty.
-    void observe(Observable& model, Observable::Observer handler = {});
     // Installs the focus and key handling above on a Qt widget of this component.
     void adopt(QWidget* part);
 
-    // A notification of the component or an observed part. The default mirrors
-    // geometry, visibility and enabled state on Geometry/Enabled/Everything and calls
-    // applyState for every other kind (and for Everything).
-    virtual void onChange(const ChangeInfo& change);
-    // Places the widget, shows or hides it and enables it from the model.
-    virtual void applyGeometry();
-    // Mirrors content (text, items, values); the default does nothing.
-    virtual void applyState(const ChangeInfo& change);
+    // Places the widget, shows or hides it and enables it from the model; when it
+    // hides the widget holding Qt's focus, the host puts the focus right.
+    void applyGeometry() override;
 
     // A key press on an adopted widget; true when handled (Qt does not see it). The
     // default sends the stroke to the control and handles every key.
     virtual bool keyPress(QWidget* part, QKeyEvent* event);
-
-    // True while the binding writes into its widgets: signals raised by those writes
-    // are not gestures.
-    bool mirroring() const { return mirroring_ > 0; }
-    class Mirroring {
-    public:
-        explicit Mirroring(ComponentBinding& binding) : binding_(binding) { ++binding_.mirroring_; }
-        ~Mirroring() { --binding_.mirroring_; }
-        Mirroring(const Mirroring&) = delete;
-        Mirroring& operator=(const Mirroring&) = delete;
-
-    private:
-        ComponentBinding& binding_;
-    };
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -92,10 +57,6 @@ private:
     void handleFocusIn(Qt::FocusReason reason);
 
     BindingHost& host_;
-    Component& model_;
-    QPointer<QWidget> widget_;
-    std::vector<std::pair<Observable*, int>> subscriptions_;
-    int mirroring_ = 0;
 };
 
 // Whether a key reaches the control rather than a shortcut of the host: keys the

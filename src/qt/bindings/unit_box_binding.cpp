@@ -4,7 +4,7 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 
-#include "qt/bindings/text_box_binding.h"
+#include "qt/line_edit_mirror.h"
 #include "qt/qt_text.h"
 
 namespace tabulon {

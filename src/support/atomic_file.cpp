@@ -1,4 +1,4 @@
-#include "platform/xml/atomic_file.h"
+#include "support/atomic_file.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -12,7 +12,7 @@
 #include <string_view>
 #include <utility>
 
-namespace tabulon::xml {
+namespace tabulon {
 
 namespace {
 
@@ -136,4 +136,4 @@ bool WriteFileAtomically(const std::string& path, std::string_view data, std::st
     return true;
 }
 
-}  // namespace tabulon::xml
+}  // namespace tabulon

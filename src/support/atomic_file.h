@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace tabulon::xml {
+namespace tabulon {
 
 // Writes data to a temporary file beside path (".<name>.XXXXXX", created with
 // mkstemp), flushes it to disk, gives it the permissions of the existing target (or
@@ -22,4 +22,4 @@ namespace tabulon::xml {
 // fault-injection point for crash-safety tests.
 bool WriteFileAtomically(const std::string& path, std::string_view data, std::string* reason);
 
-}  // namespace tabulon::xml
+}  // namespace tabulon
