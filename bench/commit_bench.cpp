@@ -1,7 +1,7 @@
 // Committing a UnitDrop cell in a Metric document costs the same however many cells
-// the document holds: a generated document of 100,000 CellValue elements (5,000
-// value groups x 4 columns x 5 rows), the editor open on a UnitDrop cell. The goal is
-// well under 1 ms per commit.
+// the document holds: a generated Metric document of 100,000 CellValue elements
+// (3,125 keys x 4 columns x 8 rows, with custom units), the editor open on the first
+// enabled UnitDrop cell of the first grid. The goal is under 1 ms per commit.
 //
 // BM_UnitDropCommitMetric times the commit alone (opening the editor again between
 // commits is left out); BM_UnitDropEditCycleMetric times opening, typing a value and
@@ -16,23 +16,24 @@
 #include "view/cell_editors.h"
 #include "view/commit.h"
 
-namespace tabulon {
+namespace tabulon::bench {
 namespace {
 
-constexpr int kUnitDropRow = 3;  // generated rows cycle ComboBox, UnitNum, UnitDrop, ...
+constexpr int kCellValues = 100000;
 
 GeneratedDocumentShape Shape() {
     GeneratedDocumentShape shape;
-    shape.treeNodes = 50000;
-    shape.nodesPerGroup = 10;
-    shape.gridHeaders = 2;
+    shape.keys = 3125;
     shape.valueColumns = 4;
-    shape.rows = 5;
+    shape.rows = 8;
+    shape.gridHeaders = 2;
     shape.metric = true;
+    shape.customUnits = 4;
+    shape.depth = 4;
     return shape;
 }
 
-// One control with the generated document loaded and the UnitDrop cell current.
+// One control with the generated document loaded and an enabled UnitDrop cell current.
 struct MetricControl {
     RecordingSink sink;
     HostEvents host;
@@ -43,8 +44,15 @@ struct MetricControl {
         control.InitProperties();
         control.Show();
         if (!control.LoadXML(GenerateDocument(Shape()))) return;
-        control.form().msgGridView.userClick(kUnitDropRow, 1);
-        ready = control.form().unitDropControl.visible() && sink.messages().empty();
+        const DocumentModel& doc = control.core().doc;
+        for (int row = 1; row < static_cast<int>(doc.arrRowInfo.size()) && !ready; ++row) {
+            if (doc.arrRowInfo[static_cast<std::size_t>(row)].ControlType != "UnitDrop") continue;
+            for (int col = 1; col <= doc.arrCellNodes.upperBound2() && !ready; ++col) {
+                if (doc.arrCellNodes.at(row, col).attribute("Enabled").value() != "1") continue;
+                control.form().msgGridView.userClick(row, col);
+                ready = control.form().unitDropControl.visible() && sink.messages().empty();
+            }
+        }
     }
 };
 
@@ -55,7 +63,7 @@ MetricControl& Loaded() {
     return *loaded;
 }
 
-// Alternating values, so that every commit really changes the cell.
+// Alternating values within every unit's range, so that every commit changes the cell.
 const char* ValueFor(std::int64_t iteration) {
     return iteration % 2 == 0 ? "12.5" : "7.25";
 }
@@ -64,12 +72,14 @@ bool Healthy(const MetricControl& m) {
     return m.sink.messages().empty() && m.control.core().doc.blnGridLoaded;
 }
 
+bool ReadyOrSkip(const MetricControl& m, benchmark::State& state) {
+    if (!m.ready) state.SkipWithError("the generated document did not load cleanly");
+    return m.ready;
+}
+
 void BM_UnitDropCommitMetric(benchmark::State& state) {
     MetricControl& m = Loaded();
-    if (!m.ready) {
-        state.SkipWithError("the generated document did not load cleanly");
-        return;
-    }
+    if (!ReadyOrSkip(m, state)) return;
     ControlCore& core = m.control.core();
     std::int64_t iteration = 0;
     for (auto _ : state) {
@@ -80,15 +90,12 @@ void BM_UnitDropCommitMetric(benchmark::State& state) {
         CommitCellEdit(core);
     }
     if (!Healthy(m)) state.SkipWithError("a commit reported a failure");
-    state.counters["cell_values"] = 100000;
+    state.SetLabel("100000 CellValue elements");
 }
 
 void BM_UnitDropEditCycleMetric(benchmark::State& state) {
     MetricControl& m = Loaded();
-    if (!m.ready) {
-        state.SkipWithError("the generated document did not load cleanly");
-        return;
-    }
+    if (!ReadyOrSkip(m, state)) return;
     ControlCore& core = m.control.core();
     std::int64_t iteration = 0;
     for (auto _ : state) {
@@ -97,11 +104,11 @@ void BM_UnitDropEditCycleMetric(benchmark::State& state) {
         CommitCellEdit(core);
     }
     if (!Healthy(m)) state.SkipWithError("a cycle reported a failure");
-    state.counters["cell_values"] = 100000;
+    state.SetLabel("100000 CellValue elements");
 }
 
 BENCHMARK(BM_UnitDropCommitMetric)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_UnitDropEditCycleMetric)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
-}  // namespace tabulon
+}  // namespace tabulon::bench

@@ -18,6 +18,10 @@ constexpr std::array kCommands = {
             "convert a value with a built-in conversion (English to Metric unless --to-english)",
             RunConvert},
     Command{"dtd", "", "print the built-in document type definition", RunDtd},
+    Command{"generate",
+            "--keys K --cols C --rows R [--grids G] [--metric] [--custom-units N] [--depth D] "
+            "[--seed S] [--invalid I] [-o FILE]",
+            "write a generated, valid document of that shape (deterministic)", RunGenerate},
     Command{"report", "FILE [--node KEY] [--filter ENTRY]",
             "print the View/Print report of a node's grid (CR LF lines)", RunReport},
     Command{"session", "[SCRIPT]",

@@ -7,6 +7,7 @@
 
 #include "document/document_reading.h"
 #include "document/validate_document_text.h"
+#include "document/validation_scan.h"
 #include "platform/image_list.h"
 #include "support/failure.h"
 #include "view/node_selection.h"
@@ -40,6 +41,7 @@ xml::Document& NewDocument(DocumentModel& doc) {
     doc.arrCellNodes.clear();
     doc.cellValuesIndex.clear();
     doc.cellValuesIndexStale = true;
+    doc.validityIndex = ValidityIndex{};
     doc.objXMLDoc = std::make_unique<xml::Document>();
     return *doc.objXMLDoc;
 }
@@ -74,7 +76,7 @@ bool LoadDocumentFile(ControlCore& core, const std::string& XMLSource) {
         core.sink.Critical(error.reason);
         return false;
     }
-    if (!ValidateDocumentText(document.Serialize(), core.sink)) return false;
+    if (!ValidateParsedDocument(document, core.sink)) return false;
     if (ProcessDocument(core)) {
         EnableView(core);
         core.doc.strXMLPath = XMLSource;
@@ -91,7 +93,7 @@ bool LoadDocumentText(ControlCore& core, const std::string& bstrXML) {
         core.sink.Critical("Invalid XML");
         return false;
     }
-    if (!ValidateDocumentText(document.Serialize(), core.sink)) return false;
+    if (!ValidateParsedDocument(document, core.sink)) return false;
     if (ProcessDocument(core)) {
         EnableView(core);
         core.doc.strXMLPath.clear();
@@ -129,6 +131,7 @@ bool ProcessDocument(ControlCore& core) {
         if (!BuildTree(core, doc.objTreeStructure)) return false;
         if (!IndexGridStructure(doc, doc.objGridStructure)) return false;
         RebuildCellValuesIndex(doc);
+        GatherValidityIndex(doc);
 
         if (core.form.treTreeView.count() >= 1) {
             core.form.treTreeView.setSelectedIndex(1);

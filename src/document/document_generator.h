@@ -1,41 +1,70 @@
-// Generated documents: valid, deterministic grid documents of any size, for
-// benchmarks, load tests and tools. The same shape always gives the same text.
+// Generated documents: valid, deterministic grid documents of any size that look like
+// files an engineer writes by hand, for benchmarks, load tests and `tabulon generate`.
+// The same shape always gives the same text, byte for byte, on every machine.
 //
-// Layout of a generated document:
-// - The tree is made of groups. Each group is one Pnode followed by Cnode children
-//   (nodesPerGroup nodes in all; the last group may be smaller). Every group has its
-//   own GridValueKey "V<g>"; its Cnodes leave GridValueKey out and inherit the
-//   Pnode's. Groups use the layouts "H0", "H1", ... in turn. Pnodes show the filter
-//   area (Filter="1", FilterCaption="Type"); Cnodes hide it.
-// - Every layout has the same size: a caption column (Width 1500) and valueColumns
-//   value columns, and rows RowHeaders cycling through TextBox, ComboBox, UnitNum
-//   (FT_TO_M, format 0.00) and UnitDrop (CFM_TO_LPS;GPM_TO_LPS).
-// - GridValues holds valueColumns GridValue elements, each with one CellValues per
-//   group, in group order, tagged FilterValue "Type A" or "Type B" by column parity.
-//   Some cells are disabled or invalid, in a fixed pattern.
+// What a generated document holds:
+// - `keys` value keys. Each key is introduced by one tree node carrying it as its
+//   GridValueKey (the node's KeyValue is a dotted path such as "B2.F1.Z3"). Tree nodes
+//   come in groups: a Pnode (Filter="1", FilterCaption and FilterProperty "Service")
+//   followed by its Cnodes, nested up to `depth` levels (1: Pnodes only); the first
+//   branch of every group goes down to the full depth when the group is large enough.
+//   After about one Cnode in six an extra "Overview" Cnode follows without a
+//   GridValueKey, so that it shows the values of the node before it (inherited key);
+//   so the tree has more nodes than keys (GeneratedTreeNodeCount).
+// - `gridHeaders` layouts; key k and every node showing it use layout k % gridHeaders.
+//   Every layout has a caption column and `valueColumns` value columns (in every second
+//   layout the value columns carry a Width, so they start hidden until the filter shows
+//   them) and `rows` rows. Rows mix the four control types (the first four rows of a
+//   layout are one of each, in a rotating order; fewer rows hold fewer types), with
+//   built-in units, ranges, formats, pick lists and MaxLength; some rows set a Height.
+// - `customUnits` custom units (realistic names first, then numbered variants). Every
+//   second UnitDrop row offers two custom units, used in turn, so every custom unit
+//   appears in some row when the layouts have enough UnitDrop rows.
+// - GridValues: `valueColumns` GridValue elements, each opened by a comment and holding
+//   one CellValues per key, in key order, tagged FilterProperty "Service" and a
+//   FilterValue that depends on the column only. Values fit their row and lie in its
+//   range, in English units ("12.5(ft)" for UnitDrop rows); about one cell in 23 is
+//   disabled; `invalidEvery` N > 0 marks about one cell in N invalid (Valid="0").
+//   ApplicationValidation is always "0".
+// - Two-space indentation, long start tags wrapped with their attributes aligned, a
+//   comment at the top of GridStructure and one per GridValue, nothing under the root
+//   but the three element children (so custom units are read).
+// Loading any generated document shows no message, and neither does selecting any of
+// its tree nodes.
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 namespace tabulon {
 
+inline constexpr int kMaxGeneratedDepth = 200;  // the validating parser stops at 256 levels
+
 struct GeneratedDocumentShape {
-    int treeNodes = 100;     // Pnodes and Cnodes in all; at least 1
-    int nodesPerGroup = 10;  // a Pnode and its Cnodes; at least 1
-    int gridHeaders = 2;     // layouts, all of the same size; at least 1
-    int valueColumns = 4;    // value columns of every layout; at least 1
-    int rows = 5;            // rows of every layout; at least 1
+    int keys = 10;           // distinct GridValueKeys; at least 1
+    int valueColumns = 4;    // GridValue elements and value columns of every layout; at least 1
+    int rows = 8;            // rows of every layout; at least 1
+    int gridHeaders = 2;     // layouts; at least 1
     bool metric = false;     // MeasurementUnit METRIC instead of ENGLISH
+    int customUnits = 0;     // at least 0
+    int depth = 3;           // tree levels, 1 (Pnodes only) to kMaxGeneratedDepth
+    std::uint64_t seed = 1;  // any value; different seeds give different texts
+    int invalidEvery = 0;    // 0: every cell valid; N: about one cell in N invalid
 };
 
-// The document text (no XML declaration, no DOCTYPE: ready for LoadXML). Counts below
-// their minimum are raised to it.
-std::string GenerateDocument(GeneratedDocumentShape shape);
+// The shape with every count raised to its minimum and the depth limited to
+// kMaxGeneratedDepth; every function below normalises its shape this way first.
+GeneratedDocumentShape NormalisedShape(GeneratedDocumentShape shape);
 
-// Number of groups (distinct GridValueKeys) of a shape, after the same raising.
-int GeneratedGroupCount(GeneratedDocumentShape shape);
+// The document text: no XML declaration and no DOCTYPE, ready for LoadXML.
+std::string GenerateDocument(const GeneratedDocumentShape& shape);
 
-// The 1-based tree index of the Pnode of group g (0-based) once the document is loaded.
-int GeneratedGroupNodeIndex(GeneratedDocumentShape shape, int group);
+// Tree nodes (Pnodes and Cnodes) of the document; at least keys.
+int GeneratedTreeNodeCount(const GeneratedDocumentShape& shape);
+
+// For each key in order, the 1-based tree index of the node that introduces it (the
+// node selected to show that key's values).
+std::vector<int> GeneratedKeyNodeIndices(const GeneratedDocumentShape& shape);
 
 }  // namespace tabulon

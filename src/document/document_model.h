@@ -64,6 +64,29 @@ private:
 // document order. Lets a node selection touch only the columns it shows.
 using CellValuesIndex = std::unordered_map<std::string, std::vector<xml::Node>>;
 
+// The Valid flag of every row of every value column, in the saving gate's order,
+// gathered by its scan (validation_scan.h) and used again for as long as the document
+// keeps its shape (xml::StructureVersion) and the value columns are the same. Flags
+// are read live through the attribute handles, so edits of values need no rebuild.
+struct ValidityIndex {
+    struct Column {
+        std::size_t gridValue = 0;  // index into arrGridValueNodes
+        xml::Node element;          // the CellValues element
+        std::size_t firstRow = 0;   // into rows
+        std::size_t rowCount = 0;
+    };
+    struct Row {
+        xml::Attribute valid;  // empty when the child has no Valid attribute
+        bool element = false;  // whether the child is an element
+    };
+
+    bool built = false;
+    std::uint64_t structure = 0;        // xml::StructureVersion() when built
+    std::vector<xml::Node> gridValues;  // the arrGridValueNodes it was built from
+    std::vector<Column> columns;
+    std::vector<Row> rows;
+};
+
 struct DocumentModel {
     std::unique_ptr<xml::Document> objXMLDoc;
     xml::Node objXMLRoot;
@@ -96,6 +119,9 @@ struct DocumentModel {
     // have changed the document).
     std::vector<CellValuesIndex> cellValuesIndex;
     bool cellValuesIndexStale = true;
+
+    // Kept by the saving gate's scan; rebuilt by it when out of date.
+    ValidityIndex validityIndex;
 
     // Real tree records (without the spare one).
     int treeRecordCount() const {

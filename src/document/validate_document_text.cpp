@@ -3,8 +3,10 @@
 #include <string>
 
 #include "document/dtd.h"
+#include "document/dtd_fast_check.h"
 #include "platform/xml/xml_validator.h"
 #include "support/text.h"
+#include "support/utf8.h"
 
 namespace tabulon {
 
@@ -13,6 +15,23 @@ namespace {
 std::string_view FromFirstTag(std::string_view line) {
     const std::size_t at = line.find('<');
     return at == std::string_view::npos ? line : line.substr(at);
+}
+
+// The source line as a message can show it: at most kMaxSourceCharacters characters,
+// then "..." when cut, every invalid UTF-8 sequence as U+FFFD.
+std::string ShowableSource(std::string_view line) {
+    std::string shown;
+    std::size_t characters = 0;
+    for (std::size_t pos = 0; pos < line.size(); ++characters) {
+        if (characters == kMaxSourceCharacters) return shown + "...";
+        const std::size_t start = pos;
+        if (DecodeUtf8(line, pos) == kInvalidUtf8) {
+            AppendUtf8(shown, 0xFFFD);
+        } else {
+            shown.append(line.substr(start, pos - start));
+        }
+    }
+    return shown;
 }
 
 }  // namespace
@@ -26,9 +45,14 @@ bool ValidateDocumentText(std::string_view text, MessageSink& sink) {
     if (result.ok) return true;
     std::string message = Trim(result.reason);
     message += "\r\n";
-    message += FromFirstTag(result.sourceText);
+    message += ShowableSource(FromFirstTag(result.sourceText));
     sink.Critical(message);
     return false;
+}
+
+bool ValidateParsedDocument(const xml::Document& document, MessageSink& sink) {
+    if (CertainlyValid(document)) return true;
+    return ValidateDocumentText(document.Serialize(), sink);
 }
 
 }  // namespace tabulon

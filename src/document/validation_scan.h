@@ -17,7 +17,16 @@ struct InvalidCell {
 
 // Scans the whole document; nullopt when every value is valid. Only element children
 // of a GridValue are columns; every child of a column is a row, and one that is not an
-// element (a comment) throws RuntimeFailure. Allocates nothing per cell.
-std::optional<InvalidCell> FindFirstInvalidCell(const DocumentModel& doc);
+// element (a comment) throws RuntimeFailure. Decision: the rows are not looked up in
+// the document on every scan but kept in doc.validityIndex, whose flags are read live;
+// when the index is out of date (the document changed shape, see
+// xml::StructureVersion, or the value columns are others) the scan gathers it anew
+// first. Allocates nothing per cell otherwise.
+std::optional<InvalidCell> FindFirstInvalidCell(DocumentModel& doc);
+
+// Gathers doc.validityIndex from arrGridValueNodes, whatever the rows hold (the scan
+// judges them). Loading does it, so that the first scan after a load is as quick as
+// the others. Failures other than running out of memory cannot occur.
+void GatherValidityIndex(DocumentModel& doc);
 
 }  // namespace tabulon

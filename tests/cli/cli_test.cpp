@@ -1,68 +1,27 @@
 // Runs the built `tabulon` executable and checks what it prints and how it exits.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <string>
-
-#include <unistd.h>
-#include <fstream>
-#include <iterator>
+#include <algorithm>
 #include <sstream>
 #include <string>
 
-#include "document/dtd.h"
+#include "common/files.h"
+#include "session/tool_runner.h"
 
-namespace tabulon {
+namespace tabulon::testing {
 namespace {
 
-struct RunResult {
-    int status = -1;
-    std::string out;
-    std::string err;
-};
-
-std::string ReadFile(const std::filesystem::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
-// args is appended to the command line as it is (the tests quote where needed).
-RunResult RunTabulon(const std::string& args) {
-    const auto dir = std::filesystem::path(::testing::TempDir());
-    // CTest runs the cases of this file in parallel processes: name the files per process.
-    const std::string stem = "tabulon_cli_" + std::to_string(::getpid());
-    const auto out = dir / (stem + "_out.txt");
-    const auto err = dir / (stem + "_err.txt");
-    const std::string command = std::string("'") + TABULON_CLI + "' " + args + " >'" +
-                                out.string() + "' 2>'" + err.string() + "'";
-    const int raw = std::system(command.c_str());
-    RunResult result;
-    result.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
-    result.out = ReadFile(out);
-    result.err = ReadFile(err);
-    return result;
-}
-
-int CountLines(const std::string& text) {
-    int lines = 0;
-    for (const char c : text)
-        lines += c == '\n';
-    return lines;
-}
-
 TEST(TabulonCli, DtdIsTheBuiltInDefinitionByteForByte) {
-    const RunResult r = RunTabulon("dtd");
+    const ToolRun r = RunTool("dtd");
     EXPECT_EQ(r.status, 0);
-    EXPECT_EQ(r.out, BuiltInDtd());
+    EXPECT_EQ(r.out, ReadFileBytes(DataFile("dtd/builtin.dtd")));
     EXPECT_EQ(r.err, "");
 }
 
 TEST(TabulonCli, UnitsTsvHasAHeaderAndOneLinePerConversion) {
-    const RunResult r = RunTabulon("units --tsv");
+    const ToolRun r = RunTool("units --tsv");
     EXPECT_EQ(r.status, 0);
-    EXPECT_EQ(CountLines(r.out), 64);
+    EXPECT_EQ(std::count(r.out.begin(), r.out.end(), '\n'), 64);
     std::istringstream lines(r.out);
     std::string line;
     std::getline(lines, line);
@@ -84,7 +43,7 @@ TEST(TabulonCli, ConvertPrintsTheValueAndTheTargetLabel) {
         {"convert 7 ''", "7\n"},
     };
     for (const Case& c : cases) {
-        const RunResult r = RunTabulon(c.args);
+        const ToolRun r = RunTool(c.args);
         EXPECT_EQ(r.status, 0) << c.args << ": " << r.err;
         EXPECT_EQ(r.out, c.out) << c.args;
     }
@@ -104,7 +63,7 @@ TEST(TabulonCli, UsageErrorsExitWithTwoAndAUsageLine) {
         "convert 1e999 FT_TO_M",
     };
     for (const char* args : bad) {
-        const RunResult r = RunTabulon(args);
+        const ToolRun r = RunTool(args);
         EXPECT_EQ(r.status, 2) << args;
         EXPECT_NE(r.err.find("usage: tabulon"), std::string::npos) << args;
         EXPECT_EQ(r.out, "") << args;
@@ -112,7 +71,7 @@ TEST(TabulonCli, UsageErrorsExitWithTwoAndAUsageLine) {
 }
 
 TEST(TabulonCli, HelpListsTheSubcommands) {
-    const RunResult r = RunTabulon("--help");
+    const ToolRun r = RunTool("--help");
     EXPECT_EQ(r.status, 0);
     for (const char* name : {"convert", "dtd", "units"}) {
         EXPECT_NE(r.out.find(std::string("  ") + name), std::string::npos) << name;
@@ -120,4 +79,4 @@ TEST(TabulonCli, HelpListsTheSubcommands) {
 }
 
 }  // namespace
-}  // namespace tabulon
+}  // namespace tabulon::testing

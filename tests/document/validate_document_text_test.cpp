@@ -3,43 +3,22 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
+#include "common/files.h"
+#include "platform/recording_sink.h"
 #include "platform/xml/xml_document.h"
 
 namespace tabulon {
 namespace {
 
-const std::string kDataFolder = TABULON_SOURCE_DIR "/tests/data/xml/";
-
-struct Message {
-    MessageIcon icon;
-    std::string text;
-    bool operator==(const Message&) const = default;
-};
-
-class RecordingSink : public MessageSink {
-public:
-    void Show(MessageIcon icon, std::string_view text) override {
-        messages.push_back({icon, std::string(text)});
-    }
-    std::vector<Message> messages;
-};
+using testing::DataFile;
+using testing::ReadFileBytes;
+using testing::Replaced;
 
 std::string ReadData(const std::string& name) {
-    std::ifstream in(kDataFolder + name, std::ios::binary);
-    EXPECT_TRUE(in) << name;
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
-
-std::string Replaced(std::string text, std::string_view from, std::string_view to) {
-    const std::size_t at = text.find(from);
-    EXPECT_NE(at, std::string::npos) << from;
-    if (at != std::string::npos) text.replace(at, from.size(), to);
-    return text;
+    return ReadFileBytes(DataFile("xml/" + name));
 }
 
 // Validates text and returns the one message shown, or "" when it was accepted.
@@ -47,18 +26,18 @@ std::string Rejection(std::string_view text) {
     RecordingSink sink;
     const bool valid = ValidateDocumentText(text, sink);
     if (valid) {
-        EXPECT_TRUE(sink.messages.empty());
+        EXPECT_TRUE(sink.messages().empty());
         return "";
     }
-    EXPECT_EQ(sink.messages.size(), 1U);
-    if (sink.messages.empty()) return "(no message)";
-    EXPECT_EQ(sink.messages[0].icon, MessageIcon::Critical);
-    return sink.messages[0].text;
+    EXPECT_EQ(sink.messages().size(), 1U);
+    if (sink.messages().empty()) return "(no message)";
+    EXPECT_EQ(sink.messages()[0].icon, MessageIcon::Critical);
+    return sink.messages()[0].text;
 }
 
 std::vector<std::string> ValidDocuments() {
     std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(kDataFolder + "valid")) {
+    for (const auto& entry : std::filesystem::directory_iterator(DataFile("xml/valid"))) {
         names.push_back("valid/" + entry.path().filename().string());
     }
     return names;
@@ -79,7 +58,8 @@ INSTANTIATE_TEST_SUITE_P(DataFiles, ValidDocument, ::testing::ValuesIn(ValidDocu
 TEST(ValidateDocumentText, EmptyTextIsInvalidXml) {
     RecordingSink sink;
     EXPECT_FALSE(ValidateDocumentText("", sink));
-    EXPECT_EQ(sink.messages, (std::vector<Message>{{MessageIcon::Critical, "Invalid XML"}}));
+    EXPECT_EQ(sink.messages(),
+              (std::vector<RecordedMessage>{{MessageIcon::Critical, "Invalid XML"}}));
 }
 
 // The message is the reason, CR LF, and the error's line from its first "<".

@@ -10,9 +10,10 @@
 #include <cstring>
 #include <utility>
 
-#include "platform/xml/atomic_file.h"
+#include "platform/xml/structure_version.h"
 #include "platform/xml/text_encoding.h"
 #include "platform/xml/text_lines.h"
+#include "support/atomic_file.h"
 
 namespace tabulon::xml {
 
@@ -66,12 +67,19 @@ struct Document::Impl {
 };
 
 Document::Document() : impl_(std::make_unique<Impl>()) {}
-Document::~Document() = default;
+Document::~Document() {
+    ChangeStructure();
+}
 Document::Document(Document&&) noexcept = default;
-Document& Document::operator=(Document&&) noexcept = default;
+Document& Document::operator=(Document&& other) noexcept {
+    ChangeStructure();
+    impl_ = std::move(other.impl_);
+    return *this;
+}
 
 bool Document::Parse(std::string_view text, ParseError* error) {
     if (!impl_) impl_ = std::make_unique<Impl>();
+    ChangeStructure();
     pugi::xml_document& document = impl_->document;
     document.reset();
     pugi::xml_parse_result result = document.load_buffer(
@@ -97,6 +105,7 @@ bool Document::Parse(std::string_view text, ParseError* error) {
 
 bool Document::LoadFile(const std::string& path, ParseError* error) {
     if (!impl_) impl_ = std::make_unique<Impl>();
+    ChangeStructure();
     impl_->document.reset();
     std::string text;
     if (const int cause = ReadWholeFile(path, text); cause != 0) {

@@ -18,6 +18,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -44,6 +45,9 @@ public:
     explicit operator bool() const { return !empty(); }
     std::string_view name() const;   // "" when empty
     std::string_view value() const;  // "" when empty
+    // The next attribute of the same node, in document order; empty after the last
+    // one and on an empty handle.
+    Attribute next() const;
 
 private:
     friend class Node;
@@ -81,6 +85,7 @@ public:
 
     // --- attributes, in document order (elements and the declaration have them)
     std::size_t attributeCount() const;
+    Attribute firstAttribute() const;                  // empty when there is none
     Attribute attribute(std::size_t index) const;      // empty when out of range
     Attribute attribute(std::string_view name) const;  // first with exactly that name
     // Sets the first attribute of that name, or adds one at the end. Names are not
@@ -113,6 +118,14 @@ private:
     explicit Node(void* handle) : handle_(handle) {}
     void* handle_ = nullptr;
 };
+
+// A number that changes whenever any document anywhere gains or loses a node or an
+// attribute, and whenever a document is parsed, loaded, assigned or destroyed. Setting
+// the value of an existing attribute, the content of a text, comment or processing
+// instruction, or a non-empty text on an element whose only child is a text leaves it
+// as it is. So while it stays the same, every handle taken from a document stays valid
+// and the document keeps its shape; only texts and attribute values may differ.
+std::uint64_t StructureVersion();
 
 struct ParseError {
     std::string reason;      // e.g. "Start-end tags mismatch at line 3, column 7"

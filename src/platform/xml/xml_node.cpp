@@ -1,9 +1,11 @@
 #include <pugixml.hpp>
 
+#include <atomic>
 #include <memory>
 #include <stdexcept>
 #include <string>
 
+#include "platform/xml/structure_version.h"
 #include "platform/xml/xml_document.h"
 
 namespace tabulon::xml {
@@ -27,7 +29,24 @@ std::string_view DoctypeName(std::string_view value) {
     return value.substr(0, value.find_first_of(" \t\r\n["));
 }
 
+// Whether setting text on the element keeps its shape: its only child is a text and
+// stays one.
+bool OnlyTextStaysText(pugi::xml_node element, std::string_view text) {
+    const pugi::xml_node only = element.first_child();
+    return !text.empty() && only && !only.next_sibling() && IsTextLike(only);
+}
+
+std::atomic<std::uint64_t> gStructureVersion{0};
+
 }  // namespace
+
+std::uint64_t StructureVersion() {
+    return gStructureVersion.load(std::memory_order_acquire);
+}
+
+void ChangeStructure() {
+    gStructureVersion.fetch_add(1, std::memory_order_acq_rel);
+}
 
 // --- Attribute
 
@@ -36,6 +55,9 @@ std::string_view Attribute::name() const {
 }
 std::string_view Attribute::value() const {
     return AsPugiAttribute(handle_).value();
+}
+Attribute Attribute::next() const {
+    return Attribute(AsPugiAttribute(handle_).next_attribute().internal_object());
 }
 
 // --- Node: identity
@@ -152,6 +174,10 @@ std::size_t Node::attributeCount() const {
     return count;
 }
 
+Attribute Node::firstAttribute() const {
+    return Attribute(AsPugi(handle_).first_attribute().internal_object());
+}
+
 Attribute Node::attribute(std::size_t index) const {
     pugi::xml_attribute attribute = AsPugi(handle_).first_attribute();
     for (; attribute && index > 0; --index) {
@@ -185,7 +211,10 @@ void Node::setAttribute(std::string_view name, std::string_view value) {
     if (name.empty()) return;
     pugi::xml_node node = AsPugi(handle_);
     pugi::xml_attribute attribute = AsPugiAttribute(this->attribute(name).handle_);
-    if (!attribute) attribute = node.append_attribute(std::string(name).c_str());
+    if (!attribute) {
+        attribute = node.append_attribute(std::string(name).c_str());
+        if (attribute) ChangeStructure();
+    }
     if (attribute) attribute.set_value(value.data(), value.size());
 }
 
@@ -215,6 +244,7 @@ void Node::setText(std::string_view text) {
     pugi::xml_node node = AsPugi(handle_);
     switch (node.type()) {
         case pugi::node_element:
+            if (!OnlyTextStaysText(node, text)) ChangeStructure();
             node.remove_children();
             if (!text.empty()) {
                 node.append_child(pugi::node_pcdata).set_value(text.data(), text.size());

@@ -171,9 +171,49 @@ void GridView::paintCell(QPainter& painter, int row, int col, const QRect& rect)
     if (cell.text.empty()) return;
     const QRect textRect = rect.adjusted(kTextPadding, 0, -kTextPadding - 1, -1);
     painter.setPen(fore);
-    painter.drawText(
-        textRect, static_cast<int>(TextAlignment(cell.alignment, cell.text)) | Qt::TextSingleLine,
-        ToQString(cell.text));
+    paintText(painter, textRect, TextAlignment(cell.alignment, cell.text), cell.text);
+}
+
+// Laying a text out is most of the cost of a frame, so plain ASCII texts are laid out
+// once and kept; they are put exactly where drawText puts them (aligned by their laid-out
+// size, clipped to the rectangle only when they do not fit). Anything else, where
+// direction, tabs or line breaks could matter, goes through drawText itself.
+void GridView::paintText(QPainter& painter, const QRect& rect, Qt::Alignment alignment,
+                         const std::string& text) const {
+    const bool plain =
+        std::all_of(text.begin(), text.end(), [](char c) { return c >= 0x20 && c < 0x7F; });
+    if (!plain) {
+        painter.drawText(rect, static_cast<int>(alignment) | Qt::TextSingleLine, ToQString(text));
+        return;
+    }
+    const QString key = QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+    auto laidOut = textCache_.find(key);
+    if (laidOut == textCache_.end()) {
+        if (textCache_.size() >= kTextCacheSize) textCache_.clear();
+        QStaticText staticText(key);
+        staticText.setTextFormat(Qt::PlainText);
+        laidOut = textCache_.insert(key, staticText);
+    }
+    const QSizeF size = laidOut->size();
+    qreal x = 0;
+    qreal y = 0;
+    if (alignment & Qt::AlignRight) {
+        x = rect.width() - size.width();
+    } else if (alignment & Qt::AlignHCenter) {
+        x = (rect.width() - size.width()) / 2;
+    }
+    if (alignment & Qt::AlignBottom) {
+        y = rect.height() - size.height();
+    } else if (alignment & Qt::AlignVCenter) {
+        y = (rect.height() - size.height()) / 2;
+    }
+    const bool clip = size.width() > rect.width() || size.height() > rect.height();
+    if (clip) {
+        painter.save();
+        painter.setClipRect(rect, Qt::IntersectClip);
+    }
+    painter.drawStaticText(QPointF(rect.x() + x, rect.y() + y), *laidOut);
+    if (clip) painter.restore();
 }
 
 void GridView::paintFocusRect(QPainter& painter) const {
@@ -187,12 +227,70 @@ void GridView::paintFocusRect(QPainter& painter) const {
     painter.drawRect(rect.adjusted(1, 1, -3, -3));
 }
 
+// The spans [first, last + 1) of pixels that cells cover along one axis, merged.
+std::vector<std::pair<int, int>> GridView::coveredSpans(const std::vector<int>& indices,
+                                                        bool columns) const {
+    std::vector<std::pair<int, int>> spans;
+    for (const int index : indices) {
+        const QRect rect = columns ? unclippedCellRect(0, index) : unclippedCellRect(index, 0);
+        if (columns && rect.width() > 0) spans.emplace_back(rect.left(), rect.right() + 1);
+        if (!columns && rect.height() > 0) spans.emplace_back(rect.top(), rect.bottom() + 1);
+    }
+    std::sort(spans.begin(), spans.end());
+    std::vector<std::pair<int, int>> merged;
+    for (const auto& span : spans) {
+        if (!merged.empty() && span.first <= merged.back().second) {
+            merged.back().second = std::max(merged.back().second, span.second);
+        } else {
+            merged.push_back(span);
+        }
+    }
+    return merged;
+}
+
+// Every cell paints its whole rectangle with an opaque colour, so the dark background
+// is only painted where no cell is: the strips between and past the columns and rows.
+void GridView::paintBackground(QPainter& painter, const QRect& area, const std::vector<int>& rows,
+                               const std::vector<int>& cols) const {
+    const QColor background = ToColor(kBackgroundColor);
+    if (palette().color(QPalette::Highlight).alpha() != 255) {
+        painter.fillRect(area, background);  // a see-through selection shows what is below
+        return;
+    }
+    const auto fillGaps = [&](const std::vector<std::pair<int, int>>& spans, bool columns) {
+        int from = columns ? area.left() : area.top();
+        const int end = (columns ? area.right() : area.bottom()) + 1;
+        auto fill = [&](int first, int last) {
+            if (first >= last) return;
+            painter.fillRect(columns ? QRect(first, area.top(), last - first, area.height())
+                                     : QRect(area.left(), first, area.width(), last - first),
+                             background);
+        };
+        for (const auto& [first, last] : spans) {
+            fill(from, std::min(first, end));
+            from = std::max(from, last);
+        }
+        fill(from, end);
+    };
+    fillGaps(coveredSpans(cols, true), true);
+    fillGaps(coveredSpans(rows, false), false);
+}
+
 void GridView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    painter.fillRect(event->rect(), ToColor(kBackgroundColor));
-    if (grid_.rows() == 0 || grid_.cols() == 0) return;
+    // Texts laid out in another font are of no use any more.
+    if (painter.font() != textCacheFont_) {
+        textCache_.clear();
+        textCacheFont_ = painter.font();
+    }
+    if (grid_.rows() == 0 || grid_.cols() == 0) {
+        painter.fillRect(event->rect(), ToColor(kBackgroundColor));
+        return;
+    }
+    const std::vector<int> rows = rowsInView();
     const std::vector<int> cols = colsInView();
-    for (const int row : rowsInView()) {
+    paintBackground(painter, event->rect(), rows, cols);
+    for (const int row : rows) {
         for (const int col : cols) {
             const QRect rect = unclippedCellRect(row, col);
             if (rect.intersects(event->rect())) paintCell(painter, row, col, rect);

@@ -15,7 +15,9 @@
 // notch of a horizontal wheel).
 //
 // Decisions on what the model does not say:
-// - The area past the last row and column is the classic flex grid's dark grey.
+// - The area past the last row and column is the classic flex grid's dark grey. It is
+//   painted only where no cell lies (every cell paints its whole rectangle in an opaque
+//   colour), or everywhere first when the palette's highlight is see-through.
 // - Grid lines: light grey between scrollable cells, dark grey around fixed cells,
 //   drawn along each cell's right and bottom edge inside the cell.
 // - Alignment "general" (9): text that is wholly a number goes right, other text
@@ -23,9 +25,17 @@
 // - Selected cells other than the current one use the palette's highlight colours;
 //   the current cell of the scrollable area always carries the dotted focus rectangle.
 // - Text sits 2 pixels inside the cell, on one line, cut at the cell's edge.
+// - Plain ASCII cell texts are laid out once and kept, up to kTextCacheSize of them per
+//   view (the store is emptied when full or when the font changes); they are painted
+//   pixel for pixel as QPainter::drawText paints them. Other texts are laid out on
+//   every paint.
 #pragma once
 
+#include <QFont>
+#include <QHash>
+#include <QStaticText>
 #include <QWidget>
+#include <utility>
 #include <vector>
 
 #include "platform/flex_grid.h"
@@ -41,6 +51,7 @@ public:
     static constexpr Rgb kGridLineColor = 0xC0C0C0;
     static constexpr Rgb kFixedGridLineColor = 0x808080;
     static constexpr int kTextPadding = 2;
+    static constexpr qsizetype kTextCacheSize = 4096;
 
     GridView(BindingHost& host, FlexGrid& grid, QWidget* parent);
 
@@ -68,13 +79,22 @@ private:
     bool colInView(int col) const;
     QRect unclippedCellRect(int row, int col) const;
     void paintCell(QPainter& painter, int row, int col, const QRect& rect) const;
+    void paintText(QPainter& painter, const QRect& rect, Qt::Alignment alignment,
+                   const std::string& text) const;
     void paintFocusRect(QPainter& painter) const;
+    std::vector<std::pair<int, int>> coveredSpans(const std::vector<int>& indices,
+                                                  bool columns) const;
+    void paintBackground(QPainter& painter, const QRect& area, const std::vector<int>& rows,
+                         const std::vector<int>& cols) const;
     bool selected(int row, int col) const;
     void pointerAt(const QPoint& position, Qt::MouseButtons buttons,
                    Qt::KeyboardModifiers modifiers, bool click);
 
     BindingHost& host_;
     FlexGrid& grid_;
+    // Laid-out cell texts by text, all in textCacheFont_.
+    mutable QHash<QString, QStaticText> textCache_;
+    mutable QFont textCacheFont_;
     QPoint wheelRemainder_;
 };
 

@@ -1,0 +1,196 @@
+#!/usr/bin/env bash
+# Measures Tabulon against its performance goals and writes bench/RESULTS.md.
+#
+# Run it after ./run test (which installs the packages it needs: cmake, ninja,
+# libbenchmark-dev, libxml2-utils, qt6-base-dev):
+#     bench/compare.sh
+# It builds a Release tree (build-bench, or $TABULON_BENCH_BUILD_DIR), generates the
+# documents once, runs every benchmark $REPETITIONS times (default 5) and compares
+# medians, measured in the same run:
+#   a. LoadXML and Load of a 50 MB document, until the first grid is shown, against
+#      libxml2 building a validated tree of the same DTD-prefixed text (goal <= 1.0x);
+#   b. peak memory of `tabulon validate` on the 50 MB file against
+#      `xmllint --valid --noout` on its DTD-prefixed copy (goal <= 0.5x);
+#   c. node selection at 100,000 against 100 tree nodes (goal <= 2x), a UnitDrop commit
+#      in a Metric document (goal < 1 ms), the validation gate on 1,000,000 CellValue
+#      elements (goal >= 20 million cells/s), the report of a 1,000-column grid;
+#   d. painting a full 1920x1080 viewport with the control's grid against a stock
+#      QTableWidget with the same texts and colours (goal <= 1.0x), and repainting
+#      after scrolling by one row (goal < 8 ms).
+# Every ratio is printed with its goal and PASS or FAIL; the exit status is 1 when
+# any goal is missed.
+set -euo pipefail
+
+ROOT=$(cd "$(dirname "$0")/.." && pwd)
+BUILD=${TABULON_BENCH_BUILD_DIR:-$ROOT/build-bench}
+REPETITIONS=${REPETITIONS:-5}
+RESULTS=$ROOT/bench/RESULTS.md
+
+log() { printf '== %s\n' "$*" >&2; }
+
+log "building Release in $BUILD"
+cmake -S "$ROOT" -B "$BUILD" -G Ninja -DCMAKE_BUILD_TYPE=Release -DTABULON_BUILD_TESTS=OFF \
+    >/dev/null
+targets=(tabulon tabulon_bench)
+if ninja -C "$BUILD" -t targets all 2>/dev/null | grep -q '^tabulon_paint_bench:'; then
+    targets+=(tabulon_paint_bench)
+fi
+cmake --build "$BUILD" --target "${targets[@]}" >&2
+
+WORK=$(mktemp -d "${TMPDIR:-/tmp}/tabulon-compare-XXXXXX")
+trap 'rm -rf "$WORK"' EXIT
+
+run_bench() {  # binary, csv out, extra args...
+    local binary=$1 out=$2
+    shift 2
+    "$binary" --benchmark_repetitions="$REPETITIONS" --benchmark_report_aggregates_only=true \
+        --benchmark_out="$out" --benchmark_out_format=csv "$@" >&2
+}
+
+log "core benchmarks (${REPETITIONS} repetitions)"
+run_bench "$BUILD/bench/tabulon_bench" "$WORK/core.csv" --tabulon_documents="$WORK"
+paint_ran=0
+if [ -x "$BUILD/bench/tabulon_paint_bench" ]; then
+    log "painting benchmarks"
+    QT_QPA_PLATFORM=offscreen run_bench "$BUILD/bench/tabulon_paint_bench" "$WORK/paint.csv"
+    paint_ran=1
+fi
+
+# Peak resident memory in KB of a command, the median of three runs.
+peak_kb() {
+    local runs=()
+    for _ in 1 2 3; do
+        /usr/bin/time -f '%M' -o "$WORK/time.txt" "$@" >/dev/null 2>&1
+        runs+=("$(tail -n 1 "$WORK/time.txt")")
+    done
+    printf '%s\n' "${runs[@]}" | sort -n | sed -n 2p
+}
+log "peak memory: tabulon validate and xmllint --valid on the 50 MB document"
+# Both must accept the document without a word, or the comparison means nothing.
+if ! "$BUILD/apps/tabulon/tabulon" validate "$WORK/generated_50mb.xml" >/dev/null \
+    2>"$WORK/validate.err" || [ -s "$WORK/validate.err" ]; then
+    cat "$WORK/validate.err" >&2
+    echo "tabulon validate did not accept the generated document cleanly" >&2
+    exit 1
+fi
+xmllint --valid --noout "$WORK/generated_50mb_dtd.xml"
+ours_kb=$(peak_kb "$BUILD/apps/tabulon/tabulon" validate "$WORK/generated_50mb.xml")
+xmllint_kb=$(peak_kb xmllint --valid --noout "$WORK/generated_50mb_dtd.xml")
+
+# The median of one benchmark in milliseconds, from a Google Benchmark CSV file.
+median_ms() {  # file, benchmark name (without _median)
+    awk -F, -v want="\"$2_median\"" '
+        $1 == want {
+            factor = ($5 == "ns") ? 1e-6 : ($5 == "us") ? 1e-3 : ($5 == "ms") ? 1 : 1000
+            printf "%.6f\n", $3 * factor; found = 1
+        }
+        END { if (!found) print "nan" }' "$1"
+}
+
+failed=0
+rows=()
+check() {  # label, measured, goal text, comparison (le|lt|ge), limit, unit
+    local label=$1 value=$2 goal=$3 op=$4 limit=$5 unit=$6 verdict
+    verdict=$(awk -v v="$value" -v l="$limit" -v op="$op" 'BEGIN {
+        if (v == "nan" || v == "") { print "FAIL"; exit }
+        ok = (op == "le") ? v <= l : (op == "lt") ? v < l : v >= l
+        print ok ? "PASS" : "FAIL" }')
+    [ "$verdict" = PASS ] || failed=1
+    printf '%-58s %12s %-6s goal %-12s %s\n' "$label" "$value" "$unit" "$goal" "$verdict"
+    rows+=("| $label | $value $unit | $goal | $verdict |")
+}
+ratio() { awk -v a="$1" -v b="$2" 'BEGIN { if (a == "nan" || b == "nan" || b == 0) print "nan"; else printf "%.3f\n", a / b }'; }
+
+core=$WORK/core.csv
+declare -A ms
+figures=()
+for size in 1 10 50; do
+    for name in BM_LoadXML BM_LoadFile BM_ValidatingParseFloor BM_StageParse BM_StageSerialize \
+        BM_StageStreamingValidation; do
+        ms[$name/$size]=$(median_ms "$core" "$name/$size/real_time")
+        figures+=("| $name/$size | ${ms[$name/$size]} ms |")
+    done
+done
+for name in BM_SelectTreeNode/100 BM_SelectTreeNode/10000 BM_SelectTreeNode/100000 \
+    BM_UnitDropCommitMetric BM_UnitDropEditCycleMetric BM_ValidationGate \
+    BM_ValidationGateAfterShapeChange BM_ReportText BM_PrintClick; do
+    ms[$name]=$(median_ms "$core" "$name")
+    figures+=("| $name | ${ms[$name]} ms |")
+done
+if [ "$paint_ran" = 1 ]; then
+    for name in BM_PaintGridViewport BM_PaintStockTableViewport BM_ScrollOneRowGridViewport \
+        BM_ScrollOneRowStockTable; do
+        ms[$name]=$(median_ms "$WORK/paint.csv" "$name")
+        figures+=("| $name | ${ms[$name]} ms |")
+    done
+fi
+
+echo
+echo "Ratios and goals (medians of $REPETITIONS repetitions)"
+for size in 1 10; do
+    printf '%-58s %12s x      (informative)\n' "LoadXML / validating-parse floor, $size MB" \
+        "$(ratio "${ms[BM_LoadXML/$size]}" "${ms[BM_ValidatingParseFloor/$size]}")"
+done
+check "LoadXML / validating-parse floor, 50 MB" \
+    "$(ratio "${ms[BM_LoadXML/50]}" "${ms[BM_ValidatingParseFloor/50]}")" "<= 1.0x" le 1.0 x
+check "Load (file) / validating-parse floor, 50 MB" \
+    "$(ratio "${ms[BM_LoadFile/50]}" "${ms[BM_ValidatingParseFloor/50]}")" "<= 1.0x" le 1.0 x
+check "peak memory, tabulon validate / xmllint --valid, 50 MB" \
+    "$(ratio "$ours_kb" "$xmllint_kb")" "<= 0.5x" le 0.5 x
+check "node selection, 100,000 / 100 tree nodes" \
+    "$(ratio "${ms[BM_SelectTreeNode/100000]}" "${ms[BM_SelectTreeNode/100]}")" "<= 2x" le 2 x
+check "UnitDrop commit in a Metric document" "${ms[BM_UnitDropCommitMetric]}" "< 1 ms" lt 1 ms
+check "validation gate, 1,000,000 CellValue elements" \
+    "$(awk -v t="${ms[BM_ValidationGate]}" 'BEGIN { if (t == "nan") print "nan"; else printf "%.1f\n", 1000000 / (t / 1000) / 1e6 }')" \
+    ">= 20 M/s" ge 20 "M/s"
+printf '%-58s %12s M/s    (informative)\n' \
+    "validation gate after the document changed shape" \
+    "$(awk -v t="${ms[BM_ValidationGateAfterShapeChange]}" 'BEGIN { if (t == "nan") print "nan"; else printf "%.1f\n", 1000000 / (t / 1000) / 1e6 }')"
+printf '%-58s %12s ms     (no goal)\n' "report of a 1,000-column grid" "${ms[BM_ReportText]}"
+rows+=("| report of a 1,000-column grid | ${ms[BM_ReportText]} ms | none | - |")
+if [ "$paint_ran" = 1 ]; then
+    check "painting 1920x1080, grid / stock QTableWidget" \
+        "$(ratio "${ms[BM_PaintGridViewport]}" "${ms[BM_PaintStockTableViewport]}")" "<= 1.0x" \
+        le 1.0 x
+    check "repaint after scrolling one row, grid" "${ms[BM_ScrollOneRowGridViewport]}" "< 8 ms" \
+        lt 8 ms
+else
+    echo "painting: not measured (no Qt front end in this build)"
+    failed=1
+    rows+=("| painting | not measured | <= 1.0x, < 8 ms | FAIL |")
+fi
+
+cpu=$(awk -F': ' '/model name/ { print $2; exit }' /proc/cpuinfo 2>/dev/null || true)
+{
+    echo "# Benchmark results"
+    echo
+    echo "Written by bench/compare.sh; the figures of its last run."
+    echo
+    echo "- Date: $(date -u '+%Y-%m-%d %H:%M UTC')"
+    echo "- Machine: ${cpu:-unknown CPU}, $(nproc) CPUs, $(awk '/MemTotal/ { printf "%.1f GiB", $2 / 1048576 }' /proc/meminfo) RAM, $(uname -sr)"
+    echo "- Compiler: $(c++ --version | head -n 1)"
+    echo "- libxml2: $(xmllint --version 2>&1 | head -n 1)"
+    echo "- Repetitions: $REPETITIONS (medians below)"
+    echo
+    echo "## Goals"
+    echo
+    echo "| Measure | Value | Goal | Result |"
+    echo "|---|---|---|---|"
+    printf '%s\n' "${rows[@]}"
+    echo
+    echo "## Peak memory (max RSS, median of 3 runs)"
+    echo
+    echo "| Command | KB |"
+    echo "|---|---|"
+    echo "| tabulon validate generated_50mb.xml | $ours_kb |"
+    echo "| xmllint --valid --noout generated_50mb_dtd.xml | $xmllint_kb |"
+    echo
+    echo "## Medians"
+    echo
+    echo "| Benchmark | Real time |"
+    echo "|---|---|"
+    printf '%s\n' "${figures[@]}"
+} >"$RESULTS"
+echo
+echo "wrote $RESULTS"
+exit "$failed"

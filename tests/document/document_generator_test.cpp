@@ -1,0 +1,179 @@
+// Generated documents load without a message, show a grid on every tree node, and
+// hold what their shape promises.
+#include "document/document_generator.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+#include <string>
+
+#include "control/generic_sp_control.h"
+#include "platform/recording_sink.h"
+#include "platform/xml/xml_document.h"
+
+namespace tabulon {
+namespace {
+
+GeneratedDocumentShape Shape(int keys, int cols, int rows, int grids, bool metric, int customUnits,
+                             int depth, std::uint64_t seed) {
+    GeneratedDocumentShape shape;
+    shape.keys = keys;
+    shape.valueColumns = cols;
+    shape.rows = rows;
+    shape.gridHeaders = grids;
+    shape.metric = metric;
+    shape.customUnits = customUnits;
+    shape.depth = depth;
+    shape.seed = seed;
+    return shape;
+}
+
+class GeneratedDocumentLoads : public ::testing::TestWithParam<GeneratedDocumentShape> {};
+
+TEST_P(GeneratedDocumentLoads, WithoutAnyMessageAndShowsEveryNode) {
+    const GeneratedDocumentShape shape = GetParam();
+    RecordingSink sink;
+    HostEvents host;
+    Generic_SP_Control control(sink, host);
+    control.InitProperties();
+    control.Show();
+    ASSERT_TRUE(control.LoadXML(GenerateDocument(shape)));
+    EXPECT_TRUE(sink.messages().empty());
+
+    const int nodes = control.form().treTreeView.count();
+    EXPECT_EQ(nodes, GeneratedTreeNodeCount(shape));
+    // Every node shows a full grid in the document's units, also after the filter.
+    for (int node = 1; node <= nodes; ++node) {
+        control.form().treTreeView.userClickNode(node);
+        ASSERT_TRUE(sink.messages().empty()) << "node " << node << ": " << sink.messages()[0].text;
+        ASSERT_TRUE(control.core().doc.blnGridLoaded) << "node " << node;
+        EXPECT_EQ(control.form().msgGridView.rows(), NormalisedShape(shape).rows + 1);
+        EXPECT_EQ(control.form().msgGridView.cols(), NormalisedShape(shape).valueColumns + 1);
+    }
+    const std::vector<int> keyNodes = GeneratedKeyNodeIndices(shape);
+    ASSERT_EQ(static_cast<int>(keyNodes.size()), NormalisedShape(shape).keys);
+    for (std::size_t key = 0; key < keyNodes.size(); ++key) {
+        const TreeNodeInfo& record =
+            control.core().doc.udtTreeNodes[static_cast<std::size_t>(keyNodes[key] - 1)];
+        EXPECT_EQ(record.GridValueKey, record.KeyValue);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Shapes, GeneratedDocumentLoads,
+    ::testing::Values(Shape(1, 1, 1, 1, false, 0, 1, 1), Shape(12, 3, 4, 2, false, 0, 3, 1),
+                      Shape(40, 4, 9, 3, true, 3, 5, 7), Shape(30, 2, 12, 7, true, 11, 1, 99),
+                      Shape(25, 5, 6, 1, true, 1, 30, 12345), Shape(8, 2, 3, 9, false, 2, 8, 0)));
+
+TEST(GenerateDocument, IsDeterministicAndFollowsTheSeed) {
+    const GeneratedDocumentShape shape = Shape(20, 4, 8, 2, true, 3, 4, 5);
+    EXPECT_EQ(GenerateDocument(shape), GenerateDocument(shape));
+    GeneratedDocumentShape other = shape;
+    other.seed = 6;
+    EXPECT_NE(GenerateDocument(shape), GenerateDocument(other));
+}
+
+TEST(GenerateDocument, CountsBelowTheirMinimumAreRaised) {
+    const GeneratedDocumentShape raised = NormalisedShape(Shape(0, -1, 0, 0, false, -3, 999, 1));
+    EXPECT_EQ(raised.keys, 1);
+    EXPECT_EQ(raised.valueColumns, 1);
+    EXPECT_EQ(raised.rows, 1);
+    EXPECT_EQ(raised.gridHeaders, 1);
+    EXPECT_EQ(raised.customUnits, 0);
+    EXPECT_EQ(raised.depth, kMaxGeneratedDepth);
+    EXPECT_EQ(GenerateDocument(Shape(0, -1, 0, 0, false, -3, 999, 1)), GenerateDocument(raised));
+}
+
+// What a document holds, read back through the document model.
+struct Census {
+    std::set<std::string> controlTypes;
+    std::set<std::string> customUnits;
+    std::set<std::string> dropUnits;  // every unit name offered by a UnitDrop row
+    int deepest = 0;                  // the deepest tree level (Pnodes are level 0)
+    int inheritingNodes = 0;          // Cnodes without GridValueKey
+    int cells = 0;
+    int invalidCells = 0;
+};
+
+void CountTree(const xml::Node& node, int level, Census& census) {
+    for (xml::Node child = node.firstChild(); child; child = child.nextSibling()) {
+        census.deepest = std::max(census.deepest, level);
+        if (!child.attribute("GridValueKey")) ++census.inheritingNodes;
+        CountTree(child, level + 1, census);
+    }
+}
+
+Census Count(const std::string& text) {
+    xml::Document document;
+    EXPECT_TRUE(document.Parse(text));
+    Census census;
+    const xml::Node root = document.documentElement();
+    for (const xml::Node& unit : root.select("UnitDropCustomUnits/CustomUnit")) {
+        census.customUnits.insert(std::string(unit.attribute("EUnit").value()));
+    }
+    for (const xml::Node& pnode : root.select("TreeStructure/Pnode"))
+        CountTree(pnode, 1, census);
+    for (const xml::Node& row : root.select("GridStructure/GridHeaders/GridHeader/RowHeaders/*")) {
+        const std::string type(row.attribute("ControlType").value());
+        census.controlTypes.insert(type);
+        if (type != "UnitDrop") continue;
+        std::string units(row.attribute("Unit").value());
+        for (std::size_t at = 0; at <= units.size();) {
+            const std::size_t end = std::min(units.find(';', at), units.size());
+            census.dropUnits.insert(units.substr(at, end - at));
+            at = end + 1;
+        }
+    }
+    for (const xml::Node& cell : root.select("//CellValue")) {
+        ++census.cells;
+        if (cell.attribute("Valid").value() != "1") ++census.invalidCells;
+    }
+    return census;
+}
+
+TEST(GenerateDocument, HoldsWhatTheShapeAsksFor) {
+    GeneratedDocumentShape shape = Shape(60, 3, 8, 4, true, 5, 4, 3);
+    shape.invalidEvery = 5;
+    const Census census = Count(GenerateDocument(shape));
+    EXPECT_EQ(census.controlTypes,
+              (std::set<std::string>{"ComboBox", "TextBox", "UnitDrop", "UnitNum"}));
+    EXPECT_EQ(census.customUnits.size(), 5U);
+    // Every custom unit is offered by some UnitDrop row.
+    for (const std::string& unit : census.customUnits)
+        EXPECT_TRUE(census.dropUnits.count(unit));
+    EXPECT_EQ(census.deepest, 3);
+    EXPECT_GT(census.inheritingNodes, 0);
+    EXPECT_EQ(census.cells, 60 * 3 * 8);
+    EXPECT_GT(census.invalidCells, census.cells / 10);
+    EXPECT_LT(census.invalidCells, census.cells / 3);
+}
+
+TEST(GenerateDocument, EveryCellIsValidUnlessAskedOtherwise) {
+    const Census census = Count(GenerateDocument(Shape(30, 4, 10, 2, false, 0, 3, 1)));
+    EXPECT_EQ(census.cells, 30 * 4 * 10);
+    EXPECT_EQ(census.invalidCells, 0);
+    EXPECT_TRUE(census.customUnits.empty());
+}
+
+TEST(GenerateDocument, WrapsLongStartTagsAtColumnOneHundred) {
+    const std::string text = GenerateDocument(Shape(30, 3, 12, 3, true, 4, 5, 1));
+    std::size_t wrapped = 0;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t end = text.find('\n', at);
+        const std::string_view line(text.data() + at, end - at);
+        if (!line.starts_with("          <CellValue ")) {
+            EXPECT_LE(line.size(), 100U) << line;
+        }
+        // A continuation line holds attributes only.
+        if (line.find('<') == std::string_view::npos &&
+            line.find("=\"") != std::string_view::npos) {
+            ++wrapped;
+        }
+        at = end + 1;
+    }
+    EXPECT_GT(wrapped, 0U);
+}
+
+}  // namespace
+}  // namespace tabulon

@@ -1,0 +1,231 @@
+// The saving gate's scan keeps the rows it found between scans; whatever happens to the
+// document in between, its answer must be the one a fresh walk of the document gives.
+#include "document/validation_scan.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "document/document_reading.h"
+#include "platform/xml/xml_document.h"
+#include "support/failure.h"
+
+namespace tabulon {
+namespace {
+
+constexpr const char* kDocument = R"(<xml MeasurementUnit="ENGLISH">
+<TreeStructure><Pnode Name="A" KeyValue="N1" GridHeaderKey="H" GridValueKey="A" Filter="0"/></TreeStructure>
+<GridStructure>
+<GridHeaders><GridHeader Key="H"><ColumnHeaders><ColumnHeader HName="P"/></ColumnHeaders>
+<RowHeaders><RowHeader HName="R" ControlType="TextBox"/></RowHeaders></GridHeader></GridHeaders>
+<GridValues>
+<GridValue>
+<!-- column 1 -->
+<CellValues GridValueKey="A"><CellValue Enabled="1" Valid="1" ApplicationValidation="0">a</CellValue><CellValue Enabled="1" Valid="1" ApplicationValidation="0">b</CellValue></CellValues>
+<CellValues GridValueKey="B"><CellValue Enabled="1" Valid="1" ApplicationValidation="0">c</CellValue><CellValue Enabled="1" Valid="1" ApplicationValidation="0"></CellValue></CellValues>
+</GridValue>
+<GridValue>
+<CellValues GridValueKey="A"><CellValue Enabled="1" Valid="1" ApplicationValidation="0">d</CellValue></CellValues>
+<CellValues GridValueKey="B"><CellValue Enabled="1" Valid="1" ApplicationValidation="0">e</CellValue><CellValue Enabled="1" ApplicationValidation="0">f</CellValue></CellValues>
+</GridValue>
+</GridValues>
+</GridStructure>
+</xml>)";
+
+struct Loaded {
+    DocumentModel doc;
+
+    explicit Loaded(const std::string& text = kDocument) {
+        doc.objXMLDoc = std::make_unique<xml::Document>();
+        EXPECT_TRUE(doc.objXMLDoc->Parse(text));
+        IndexGridStructure(doc,
+                           doc.objXMLDoc->documentElement().firstChildElement("GridStructure"));
+    }
+    xml::Node Column(std::size_t gridValue, std::size_t index) const {
+        std::vector<xml::Node> columns;
+        for (xml::Node c = doc.arrGridValueNodes[gridValue].firstChild(); c; c = c.nextSibling()) {
+            if (c.type() == xml::NodeType::Element) columns.push_back(c);
+        }
+        return columns.at(index);
+    }
+    xml::Node Cell(std::size_t gridValue, std::size_t column, std::size_t row) const {
+        return Column(gridValue, column).child(row);
+    }
+};
+
+// What the gate answers, written as a walk of the document as it is now.
+struct Answer {
+    bool fails = false;  // the scan throws
+    std::optional<InvalidCell> cell;
+    bool operator==(const Answer& other) const {
+        if (fails != other.fails || cell.has_value() != other.cell.has_value()) return false;
+        return !cell || (cell->gridValue == other.cell->gridValue && cell->key == other.cell->key &&
+                         cell->row == other.cell->row);
+    }
+};
+
+Answer FreshWalk(const DocumentModel& doc) {
+    for (std::size_t i = 0; i < doc.arrGridValueNodes.size(); ++i) {
+        for (xml::Node column = doc.arrGridValueNodes[i].firstChild(); column;
+             column = column.nextSibling()) {
+            if (column.type() != xml::NodeType::Element) continue;
+            int row = 0;
+            for (xml::Node cell = column.firstChild(); cell; cell = cell.nextSibling()) {
+                ++row;
+                if (cell.attribute("Valid").value() == "1") continue;
+                if (cell.type() != xml::NodeType::Element) return {true, std::nullopt};
+                return {false,
+                        InvalidCell{i, std::string(column.attribute("GridValueKey").value()), row}};
+            }
+        }
+    }
+    return {};
+}
+
+Answer Scan(DocumentModel& doc) {
+    try {
+        return {false, FindFirstInvalidCell(doc)};
+    } catch (const RuntimeFailure&) {
+        return {true, std::nullopt};
+    }
+}
+
+TEST(ValidationScan, FindsTheFirstInvalidCellInGridValueThenColumnThenRowOrder) {
+    Loaded loaded;
+    const Answer first = Scan(loaded.doc);
+    ASSERT_TRUE(first.cell.has_value());  // the cell without Valid
+    EXPECT_EQ(first.cell->gridValue, 1U);
+    EXPECT_EQ(first.cell->key, "B");
+    EXPECT_EQ(first.cell->row, 2);
+
+    loaded.Cell(1, 0, 0).setAttribute("Valid", "0");
+    EXPECT_EQ(Scan(loaded.doc), (Answer{false, InvalidCell{1, "A", 1}}));
+    loaded.Cell(0, 1, 1).setAttribute("Valid", " 1");
+    EXPECT_EQ(Scan(loaded.doc), (Answer{false, InvalidCell{0, "B", 2}}));
+}
+
+TEST(ValidationScan, EditsOfValuesAreSeenWithoutGatheringTheRowsAgain) {
+    Loaded loaded;
+    loaded.Cell(1, 1, 1).setAttribute("Valid", "1");  // adds the missing flag
+    EXPECT_FALSE(Scan(loaded.doc).cell.has_value());
+    const std::uint64_t shape = xml::StructureVersion();
+    loaded.Cell(0, 0, 1).setText("changed");
+    loaded.Cell(0, 0, 1).setAttribute("Valid", "0");
+    EXPECT_EQ(xml::StructureVersion(), shape);
+    EXPECT_EQ(Scan(loaded.doc), (Answer{false, InvalidCell{0, "A", 2}}));
+    loaded.Cell(0, 0, 1).setAttribute("Valid", "1");
+    EXPECT_FALSE(Scan(loaded.doc).cell.has_value());
+}
+
+TEST(ValidationScan, ChangesOfShapeAreSeen) {
+    Loaded loaded;
+    // The column holding the cell without Valid loses its rows: nothing is invalid.
+    loaded.Column(1, 1).setText("");
+    EXPECT_EQ(Scan(loaded.doc), Answer{});
+    // A text where the rows were is a row without a flag: the scan fails.
+    loaded.Column(1, 1).setText("text");
+    EXPECT_EQ(Scan(loaded.doc), (Answer{true, std::nullopt}));
+    // Other value columns entirely.
+    loaded.doc.arrGridValueNodes.resize(1);
+    EXPECT_EQ(Scan(loaded.doc), Answer{});
+}
+
+TEST(ValidationScan, ACommentAmongTheRowsFailsTheScan) {
+    std::string text = kDocument;
+    text.replace(text.find("<CellValue Enabled=\"1\" Valid=\"1\" ApplicationValidation=\"0\">d"), 0,
+                 "<!-- note -->");
+    Loaded loaded(text);
+    EXPECT_EQ(Scan(loaded.doc), (Answer{true, std::nullopt}));
+}
+
+// Many random edits and changes of shape, each followed by a scan compared with a fresh
+// walk of the document.
+TEST(ValidationScan, AgreesWithAFreshWalkAfterAnyChange) {
+    Loaded loaded;
+    std::uint64_t state = 12345;
+    const auto next = [&state](std::uint64_t bound) {
+        state = state * 6364136223846793005ULL + 1442695040888963407ULL;
+        return (state >> 33) % bound;
+    };
+    const char* values[] = {"1", "0", "", " 1"};
+    const char* texts[] = {"", "x", "12(ft)"};
+    for (int step = 0; step < 400; ++step) {
+        if (step % 50 == 0) loaded = Loaded();  // a document afresh, as a new load
+        std::vector<xml::Node> nodes;           // every element of GridValues, in order
+        for (const xml::Node& gridValue : loaded.doc.arrGridValueNodes) {
+            for (const xml::Node& node : gridValue.select("descendant-or-self::*")) {
+                nodes.push_back(node);
+            }
+        }
+        xml::Node target = nodes[next(nodes.size())];
+        switch (next(4)) {
+            case 0:
+                target.setAttribute("Valid", values[next(4)]);
+                break;
+            case 1:
+                target.setText(texts[next(3)]);
+                break;
+            case 2:
+                if (xml::Node child = target.firstChild()) child.setText(texts[next(3)]);
+                break;
+            default:
+                target.setAttribute("Other", "1");
+                break;
+        }
+        ASSERT_EQ(Scan(loaded.doc), FreshWalk(loaded.doc)) << "step " << step;
+    }
+}
+
+// The shape counter moves exactly for the changes that add or remove nodes or
+// attributes, and for documents parsed, replaced or destroyed.
+TEST(StructureVersion, MovesOnChangesOfShapeOnly) {
+    struct Case {
+        const char* name;
+        void (*change)(xml::Document&);
+        bool moves;
+    };
+    const Case cases[] = {
+        {"existing attribute set",
+         [](xml::Document& d) { d.documentElement().setAttribute("a", "2"); }, false},
+        {"attribute added", [](xml::Document& d) { d.documentElement().setAttribute("b", "2"); },
+         true},
+        {"only text replaced by text",
+         [](xml::Document& d) { d.documentElement().firstChildElement("t").setText("y"); }, false},
+        {"only text emptied",
+         [](xml::Document& d) { d.documentElement().firstChildElement("t").setText(""); }, true},
+        {"text into an empty element",
+         [](xml::Document& d) { d.documentElement().firstChildElement("e").setText("y"); }, true},
+        {"text over elements", [](xml::Document& d) { d.documentElement().setText("y"); }, true},
+        {"text over text and comment",
+         [](xml::Document& d) { d.documentElement().firstChildElement("m").setText("y"); }, true},
+        {"text node content",
+         [](xml::Document& d) {
+             d.documentElement().firstChildElement("t").firstChild().setText("z");
+         },
+         false},
+        {"comment content",
+         [](xml::Document& d) { d.documentElement().firstChildElement("m").child(1).setText("z"); },
+         false},
+        {"parsed again", [](xml::Document& d) { d.Parse("<r/>"); }, true},
+        {"assigned", [](xml::Document& d) { d = xml::Document(); }, true},
+    };
+    for (const Case& c : cases) {
+        xml::Document document;
+        ASSERT_TRUE(document.Parse(R"(<r a="1"><t>x</t><e/><m>x<!--c--></m></r>)"));
+        const std::uint64_t before = xml::StructureVersion();
+        c.change(document);
+        EXPECT_EQ(xml::StructureVersion() != before, c.moves) << c.name;
+    }
+    std::uint64_t before = 0;
+    {
+        xml::Document document;
+        before = xml::StructureVersion();
+    }
+    EXPECT_NE(xml::StructureVersion(), before) << "destroyed";
+}
+
+}  // namespace
+}  // namespace tabulon
