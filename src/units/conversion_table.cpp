@@ -22,7 +22,27 @@ struct ConversionTable {
     }
 };
 
-thread_local std::unique_ptr<ConversionTable> gcolConversion;
+// The thread's table. A plain pointer, which has no destructor, so that it can still be
+// read after the thread's destructors have run: a control held in a static is
+// destroyed during process exit, after them, and its termination releases the table
+// again. TableOwner frees the table when the thread ends and leaves null behind.
+thread_local ConversionTable* gcolConversion = nullptr;
+
+struct TableOwner {
+    bool armed = false;
+    ~TableOwner() {
+        delete gcolConversion;
+        gcolConversion = nullptr;
+    }
+};
+thread_local TableOwner tTableOwner;
+
+// Replaces the thread's table (null: none).
+void ReplaceTable(std::unique_ptr<ConversionTable> table) {
+    tTableOwner.armed = true;  // the first use on a thread registers its destructor
+    delete gcolConversion;
+    gcolConversion = table.release();
+}
 
 ConversionTable& RequireTable() {
     if (!gcolConversion) throw ConversionTableAbsentFailure();
@@ -46,11 +66,12 @@ void BuildConversionTable() {
     for (const UnitConversion& row : BuiltInConversions()) {
         table->Add(row.name, static_cast<std::int16_t>(row.index));
     }
-    gcolConversion = std::move(table);
+    ReplaceTable(std::move(table));
 }
 
 void ReleaseConversionTable() {
-    gcolConversion.reset();
+    delete gcolConversion;
+    gcolConversion = nullptr;
 }
 
 bool HasConversionTable() {

@@ -41,7 +41,8 @@ public:
 void BuildConversionTable();
 
 // Drops the thread's table; lookups then throw ConversionTableAbsentFailure.
-// Releasing when there is no table does nothing.
+// Releasing when there is no table does nothing, also once the thread's own clean-up
+// has freed it (a control held in a static is destroyed during process exit, later).
 void ReleaseConversionTable();
 
 // Whether the thread has a table.

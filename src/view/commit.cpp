@@ -50,12 +50,13 @@ struct CommittedCell {
     }
 };
 
-// The registrar of the open unit editor; without one, converting is a run-time failure.
-const UnitRegistrar& EditorRegistrar(const ControlCore& core) {
-    if (!core.unitRegistrar) {
-        throw RuntimeFailure("Object variable or With block variable not set");
-    }
-    return *core.unitRegistrar;
+// The registrar the open unit editor was prepared with; without one, converting is a
+// run-time failure. The control's own reference goes at the end of every commit, but
+// an editor View/Print committed and left open still takes input, and its next
+// commit must convert too, or the grid would show a value the document never gets.
+const UnitRegistrar& EditorRegistrar(const UnitBoxBase& box) {
+    if (!box.Registrar()) throw RuntimeFailure("Object variable or With block variable not set");
+    return *box.Registrar();
 }
 
 // Colour and Valid after a unit editor's range check.
@@ -86,7 +87,7 @@ void CommitUnitNum(ControlCore& core, const CommittedCell& cell, const RowInfo& 
         return;
     }
     const double english =
-        EditorRegistrar(core).Convert(ReadNumber(shown), box.UnitCode(), UnitRegistrar::kToEnglish);
+        EditorRegistrar(box).Convert(ReadNumber(shown), box.UnitCode(), UnitRegistrar::kToEnglish);
     cell.Target().setText(FormatNumber(english, kStorageFormat));
 }
 
@@ -116,7 +117,7 @@ void CommitUnitDrop(ControlCore& core, const CommittedCell& cell, const RowInfo&
     if (open == std::string::npos) return;  // nothing to convert: the document stays
     const double value = ReadNumber(shown.substr(0, open));
     const std::string unit = WithoutLastCharacter(std::string_view(shown).substr(open + 1));
-    const UnitRegistrar& registrar = EditorRegistrar(core);
+    const UnitRegistrar& registrar = EditorRegistrar(box);
     const int code = box.SelectedUnitIndex();
     const double english = registrar.Convert(value, code, UnitRegistrar::kToEnglish);
     (void)registrar.UnitName(code, UnitRegistrar::kToEnglish);

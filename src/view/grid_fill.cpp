@@ -29,6 +29,7 @@
 #include "support/number_format.h"
 #include "support/numeric.h"
 #include "view/design_geometry.h"
+#include "view/unit_codes.h"
 #include "view/unit_display.h"
 
 namespace tabulon {
@@ -65,10 +66,9 @@ std::string DisplayText(const RowInfo& row, const std::string& t) {
     if (row.ControlType == "UnitDrop") {
         const std::size_t open = t.find('(');
         if (open == std::string::npos) return t;
-        const std::string number = t.substr(0, open);
-        const std::string unit = t.substr(open + 1);
-        if (unit.empty()) throw InvalidArgumentFailure("Invalid procedure call or argument");
-        return number + "(" + unit.substr(0, unit.size() - 1) + ")";
+        // The last character, not the last byte: "12(m²" shows as "12(m)".
+        return t.substr(0, open) + "(" +
+               WithoutLastCharacter(std::string_view(t).substr(open + 1)) + ")";
     }
     if (row.ControlType == "UnitNum") return FormatNumber(ReadNumber(t), row.Format);
     return t;

@@ -7,6 +7,11 @@
 // boxes reject ends the procedure with an information message and the editor hidden.
 //
 // Decisions:
+// - A custom unit that the registrar refuses (its factor is 0, negative or not a
+//   number; a name is empty) is such a rejection, not a failed look-up: the editor
+//   could neither convert with it nor check a range in it. The number box then shows
+//   "Invalid UnitNum units defined in XML.", the drop-down "Invalid UnitDrop units
+//   defined in XML.", in either unit system, so no infinity or NaN can come of it.
 // - Each activation makes a new registrar (kept in ControlCore::unitRegistrar, in the
 //   document's unit system) and hands it to the editor, so custom-unit codes it gives
 //   out are codes the editor accepts (see view/unit_codes.h).
@@ -45,7 +50,23 @@ UnitRegistrar& FreshEditorRegistrar(ControlCore& core) {
     return *core.unitRegistrar;
 }
 
-// The number box's unit from the row's Unit name; every statement ignores its failure.
+// Registers the document's custom unit englishName; -1 when the document has none of
+// that name or the look-up failed. A unit the registrar refuses throws
+// UnitRejectedFailure; every other failure is ignored.
+int RegisterCustomUnitOrIgnore(ControlCore& core, UnitRegistrar& registrar,
+                               const std::string& englishName) {
+    int registered = -1;
+    try {
+        registered = RegisterDocumentCustomUnit(core, registrar, englishName);
+    } catch (const UnitRejectedFailure&) {
+        throw;
+    } catch (const std::exception&) {
+    }
+    return registered;
+}
+
+// The number box's unit from the row's Unit name; every statement ignores its failure
+// but the registrar's refusal of a custom unit, which throws UnitRejectedFailure.
 void SetUpUnitNumUnit(ControlCore& core, UnitRegistrar& registrar, UnitNumBox& box,
                       const std::string& unitName) {
     int code = 0;
@@ -54,10 +75,8 @@ void SetUpUnitNumUnit(ControlCore& core, UnitRegistrar& registrar, UnitNumBox& b
         IgnoringFailure([&] { box.SetUnitCode(code); });
         return;
     }
-    IgnoringFailure([&] {
-        const int registered = RegisterDocumentCustomUnit(core, registrar, unitName);
-        if (registered != -1) box.SetUnitCode(registered);
-    });
+    const int registered = RegisterCustomUnitOrIgnore(core, registrar, unitName);
+    if (registered != -1) IgnoringFailure([&] { box.SetUnitCode(registered); });
 }
 
 // Item i of items, or fallback where the list is shorter.
@@ -67,7 +86,8 @@ const std::string& ItemOr(const std::vector<std::string>& items, std::size_t i,
 }
 
 // Fills the drop-down's unit list from the row; returns the format of the last unit.
-// Every statement inside ignores its failure.
+// Every statement inside ignores its failure but the registrar's refusal of a custom
+// unit, which throws UnitRejectedFailure.
 std::string FillUnitList(ControlCore& core, UnitRegistrar& registrar, UnitDropBox& box,
                          const RowInfo& row) {
     const std::vector<std::string> names = SplitList(row.Unit);
@@ -91,10 +111,8 @@ std::string FillUnitList(ControlCore& core, UnitRegistrar& registrar, UnitDropBo
         IgnoringFailure([&] { code = ConversionIndex(key); });
         if (code >= kFirstCustomUnitCode) {
             // Registered by the name as the row lists it.
-            IgnoringFailure([&] {
-                const int registered = RegisterDocumentCustomUnit(core, registrar, name);
-                if (registered != -1) code = registered;
-            });
+            const int registered = RegisterCustomUnitOrIgnore(core, registrar, name);
+            if (registered != -1) code = registered;
         }
         if (code > 0) IgnoringFailure([&] { box.AddUnit(code, minimum, maximum, format); });
     }
@@ -118,8 +136,8 @@ void ShowUnitNumEditor(ControlCore& core) {
         UnitNumBox& box = core.form.unitNumControl;
         PlaceOverCurrentCell(core, box, {.cellHeight = true, .clipAtHorizontalBar = true});
         box.SetRegistrar(core.unitRegistrar);
-        SetUpUnitNumUnit(core, registrar, box, row.Unit);
         try {
+            SetUpUnitNumUnit(core, registrar, box, row.Unit);
             box.SetMinimum(ReadNumber(row.MinVal));
             box.SetMaximum(ReadNumber(row.MaxVal));
             box.ApplyLimits();
@@ -148,8 +166,9 @@ void ShowUnitDropEditor(ControlCore& core) {
         PlaceOverCurrentCell(core, box, {.cellHeight = false, .clipAtHorizontalBar = false});
 
         box.SetRegistrar(core.unitRegistrar);
-        const std::string lastFormat = FillUnitList(core, registrar, box, row);
+        std::string lastFormat;
         try {
+            lastFormat = FillUnitList(core, registrar, box, row);
             box.ListComplete();
         } catch (const UnitRejectedFailure&) {
             core.sink.Information(kInvalidUnitDropUnits);

@@ -1,0 +1,462 @@
+#include "reliability/grid_invariants.h"
+
+#include <cmath>
+#include <map>
+#include <optional>
+#include <thread>
+
+#include "control/recording_host.h"
+#include "document/validate_document_text.h"
+#include "platform/recording_sink.h"
+#include "support/number_format.h"
+#include "support/numeric.h"
+#include "support/text.h"
+#include "support/utf8.h"
+#include "unitinput/unit_catalogue.h"
+#include "units/conversion_table.h"
+
+namespace tabulon::reliability {
+
+namespace {
+
+constexpr Rgb kBlack = 0x000000;
+constexpr Rgb kGrey = 0x808080;
+constexpr Rgb kWhite = 0xFFFFFF;
+constexpr Rgb kRed = 0xFF0000;
+
+std::string Cell(int row, int col) {
+    return "(" + std::to_string(row) + ", " + std::to_string(col) + ")";
+}
+
+std::string Quoted(std::string_view text) {
+    return "\"" + std::string(text) + "\"";
+}
+
+std::vector<xml::Node> ElementsNamed(xml::Node parent, std::string_view name) {
+    std::vector<xml::Node> found;
+    for (xml::Node child = parent.firstChild(); child; child = child.nextSibling()) {
+        if (child.type() == xml::NodeType::Element && child.name() == name) found.push_back(child);
+    }
+    return found;
+}
+
+std::string Attr(xml::Node element, std::string_view name) {
+    return std::string(element.attribute(name).value());
+}
+
+xml::Node GridStructure(const DocumentModel& doc) {
+    if (!doc.objXMLDoc) return {};
+    return doc.objXMLDoc->documentElement().firstChildElement("GridStructure");
+}
+
+// Every child node of every CellValues of every GridValue, in document order: what the
+// grid fill puts into a column's rows, one after the other.
+template <class Visit>
+void ForEachCellValue(const DocumentModel& doc, Visit&& visit) {
+    std::size_t index = 0;
+    const std::vector<xml::Node> gridValues =
+        ElementsNamed(GridStructure(doc).firstChildElement("GridValues"), "GridValue");
+    for (std::size_t column = 0; column < gridValues.size(); ++column) {
+        for (xml::Node values = gridValues[column].firstChild(); values;
+             values = values.nextSibling()) {
+            const std::string key = Trim(Attr(values, "GridValueKey"));
+            int row = 1;
+            for (xml::Node cell = values.firstChild(); cell; cell = cell.nextSibling(), ++row) {
+                visit(static_cast<int>(column) + 1, key, row, cell, index++);
+            }
+        }
+    }
+}
+
+struct ShownCell {
+    xml::Node element;
+    std::size_t documentIndex = 0;
+};
+
+// The node's grid as the document describes it.
+struct DocumentGrid {
+    bool headerFound = false;
+    std::vector<xml::Node> columns;  // ColumnHeader elements
+    std::vector<xml::Node> rows;     // RowHeader elements, row r at r - 1
+    std::map<std::pair<int, int>, ShownCell> cells;
+};
+
+DocumentGrid ReadDocumentGrid(const DocumentModel& doc, const std::string& headerKey,
+                              const std::string& valueKey) {
+    DocumentGrid grid;
+    const xml::Node headers = GridStructure(doc).firstChildElement("GridHeaders");
+    for (const xml::Node& header : ElementsNamed(headers, "GridHeader")) {
+        if (Attr(header, "Key") != headerKey) continue;
+        grid.headerFound = true;
+        grid.columns = ElementsNamed(header.firstChildElement("ColumnHeaders"), "ColumnHeader");
+        grid.rows = ElementsNamed(header.firstChildElement("RowHeaders"), "RowHeader");
+        break;
+    }
+    const int rowCount = static_cast<int>(grid.rows.size()) + 1;
+    const int colCount = static_cast<int>(grid.columns.size());
+    // Later matching CellValues overwrite earlier ones, cell by cell, as the fill does.
+    ForEachCellValue(
+        doc, [&](int col, const std::string& key, int row, xml::Node cell, std::size_t index) {
+            if (key == valueKey && col < colCount && row < rowCount) {
+                grid.cells[{row, col}] = ShownCell{cell, index};
+            }
+        });
+    return grid;
+}
+
+std::string StoredText(xml::Node cell) {
+    return std::string(cell.firstChild().value());
+}
+
+bool IsConvertedRow(bool metric, xml::Node rowHeader) {
+    const std::string type = Attr(rowHeader, "ControlType");
+    return metric &&
+           (type == "UnitDrop" || (type == "UnitNum" && !Attr(rowHeader, "Unit").empty()));
+}
+
+// The text the grid fill writes for stored text t in a row; nullopt where the fill
+// itself fails (the value is then not judged here).
+std::optional<std::string> FilledText(xml::Node rowHeader, const std::string& t) {
+    const std::string type = Attr(rowHeader, "ControlType");
+    try {
+        if (type == "UnitNum") return FormatNumber(ReadNumber(t), Attr(rowHeader, "Format"));
+        if (type == "UnitDrop") {
+            const std::size_t open = t.find('(');
+            if (open == std::string::npos) return t;
+            const std::string_view unit = std::string_view(t).substr(open + 1);
+            if (unit.empty()) return std::nullopt;
+            const std::size_t lastCharacter = Utf8Offset(unit, CountUtf8(unit) - 1);
+            return t.substr(0, open) + "(" + std::string(unit.substr(0, lastCharacter)) + ")";
+        }
+    } catch (const RuntimeFailure&) {
+        return std::nullopt;
+    }
+    return t;
+}
+
+bool MetricDocument(const DocumentModel& doc) {
+    return doc.strMeasurementUnit == "METRIC";
+}
+
+// The keys of the node selected in the tree, as the control read them.
+const TreeNodeInfo* SelectedRecord(const Generic_SP_Control& control) {
+    const int selected = control.form().treTreeView.selectedIndex();
+    const DocumentModel& doc = control.core().doc;
+    if (selected < 1 || selected > doc.treeRecordCount()) return nullptr;
+    return &doc.udtTreeNodes[static_cast<std::size_t>(selected - 1)];
+}
+
+// --- limits of a unit cell
+
+struct Limits {
+    double minimum = 0;
+    double maximum = 0;
+    double tolerance = 0;  // how far from a limit a stored value may have been rounded
+};
+
+// Decimals a number format writes (digits after its point).
+int Decimals(std::string_view format) {
+    const std::size_t point = format.find('.');
+    if (point == std::string_view::npos) return format.empty() ? 15 : 0;
+    int decimals = 0;
+    for (std::size_t i = point + 1; i < format.size() && (format[i] == '0' || format[i] == '#');
+         ++i) {
+        ++decimals;
+    }
+    return decimals;
+}
+
+double NumberOr0(std::string_view text) {
+    try {
+        return ReadNumber(text);
+    } catch (const RuntimeFailure&) {
+        return 0;
+    }
+}
+
+// The label a unit name of a UnitDrop row shows in the document's system, and the
+// factor of its conversion; nullopt when the name is not a unit the document knows.
+std::optional<std::pair<std::string, double>> UnitLabel(const DocumentModel& doc,
+                                                        const std::string& name) {
+    const bool metric = MetricDocument(doc);
+    for (const CustomUnitRow& unit : doc.arrCustomUnits) {
+        if (unit[0] == name || (metric && unit[1] == name)) {
+            return std::pair(metric ? unit[1] : unit[0], NumberOr0(unit[2]));
+        }
+    }
+    try {
+        const UnitConversion* row = FindBuiltInConversion(ConversionIndex(name));
+        if (row == nullptr) return std::nullopt;
+        return std::pair(std::string(metric ? row->metric : row->english), row->factor);
+    } catch (const RuntimeFailure&) {
+        return std::nullopt;
+    }
+}
+
+std::optional<Limits> UnitNumLimits(xml::Node rowHeader) {
+    const double minimum = NumberOr0(Attr(rowHeader, "MinVal"));
+    const double maximum = NumberOr0(Attr(rowHeader, "MaxVal"));
+    // The range check runs on the formatted number: only the 7-decimal storage of a
+    // Metric value rounds it.
+    const double tolerance = 1e-6 * std::max({1.0, std::abs(minimum), std::abs(maximum)});
+    return Limits{minimum, maximum, tolerance};
+}
+
+std::optional<Limits> UnitDropLimits(const DocumentModel& doc, xml::Node rowHeader,
+                                     const std::string& unitText) {
+    const std::vector<std::string> names = SplitList(Attr(rowHeader, "Unit"));
+    const std::vector<std::string> minima = SplitList(Attr(rowHeader, "MinVal"));
+    const std::vector<std::string> maxima = SplitList(Attr(rowHeader, "MaxVal"));
+    const std::vector<std::string> formats = SplitList(Attr(rowHeader, "Format"));
+    std::string format;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (i < formats.size()) format = formats[i];
+        const auto label = UnitLabel(doc, names[i]);
+        if (!label || label->first != unitText || label->second <= 0) continue;
+        Limits limits;
+        limits.minimum = i < minima.size() ? NumberOr0(minima[i]) : 0;
+        limits.maximum = i < maxima.size() ? NumberOr0(maxima[i]) : 0;
+        // The check ran on the typed number; the stored one is rounded to the unit's
+        // format (in Metric units, then converted to English).
+        const double rounding = 0.5 * std::pow(10.0, -Decimals(format));
+        limits.tolerance =
+            (MetricDocument(doc) ? rounding / label->second : rounding) * 1.01 +
+            1e-6 * std::max({1.0, std::abs(limits.minimum), std::abs(limits.maximum)});
+        return limits;
+    }
+    return std::nullopt;
+}
+
+// Whether the stored value lies within limits; nullopt when too close to tell.
+std::optional<bool> WithinLimits(double value, const Limits& limits) {
+    if (limits.minimum == 0 && limits.maximum == 0) return true;
+    for (const double limit : {limits.minimum, limits.maximum}) {
+        if (std::abs(value - limit) <= limits.tolerance) return std::nullopt;
+    }
+    return value >= limits.minimum && value <= limits.maximum;
+}
+
+// Converted texts of a Metric unit row that differ only by rounding. The display pass
+// converts the text the fill wrote, and a UnitNum fill first formats the stored English
+// value with the row's format, so a refill of a committed value can move by half a
+// unit of that format times the conversion factor; UnitDrop values are converted
+// unformatted and may only differ in the last digit shown.
+bool SameConvertedValue(const DocumentModel& doc, xml::Node rowHeader, const std::string& live,
+                        const std::string& fresh) {
+    const std::size_t liveOpen = live.find('(');
+    const std::size_t freshOpen = fresh.find('(');
+    if ((liveOpen == std::string::npos) != (freshOpen == std::string::npos)) return false;
+    if (liveOpen != std::string::npos && live.substr(liveOpen) != fresh.substr(freshOpen)) {
+        return false;
+    }
+    const std::string liveNumber = live.substr(0, liveOpen);
+    const double a = NumberOr0(liveNumber);
+    const double b = NumberOr0(fresh.substr(0, freshOpen));
+    const std::size_t point = liveNumber.find('.');
+    const int decimals =
+        point == std::string::npos ? 0 : static_cast<int>(liveNumber.size() - point - 1);
+    const double step = std::pow(10.0, -decimals);
+    double tolerance = step + 1e-9 * std::abs(a);
+    if (Attr(rowHeader, "ControlType") == "UnitNum") {
+        const auto unit = UnitLabel(doc, Attr(rowHeader, "Unit"));
+        if (!unit) return false;
+        tolerance += 0.5 * step * std::abs(unit->second);
+    }
+    return std::abs(a - b) <= tolerance;
+}
+
+// --- grid snapshots for the fresh-fill comparison
+
+struct GridSnapshot {
+    int rows = 0;
+    int cols = 0;
+    std::vector<std::string> texts;
+    std::vector<Rgb> fore;
+    std::vector<Rgb> back;
+};
+
+GridSnapshot Snapshot(const FlexGrid& grid) {
+    GridSnapshot snapshot{grid.rows(), grid.cols(), {}, {}, {}};
+    for (int r = 0; r < grid.rows(); ++r) {
+        for (int c = 0; c < grid.cols(); ++c) {
+            snapshot.texts.push_back(grid.textMatrix(r, c));
+            snapshot.fore.push_back(grid.cellForeColor(r, c));
+            snapshot.back.push_back(grid.cellBackColor(r, c));
+        }
+    }
+    return snapshot;
+}
+
+}  // namespace
+
+Problems CheckGridAgainstDocument(const Generic_SP_Control& control) {
+    Problems problems;
+    const DocumentModel& doc = control.core().doc;
+    if (!doc.blnGridLoaded) return problems;
+    const TreeNodeInfo* record = SelectedRecord(control);
+    if (record == nullptr) return {"a grid is shown but no tree node is selected"};
+    if (doc.strCurrentHeaderKey != record->GridHeaderKey ||
+        doc.strCurrentValueKey != record->GridValueKey) {
+        problems.push_back("the grid shows keys " + Quoted(doc.strCurrentHeaderKey) + "/" +
+                           Quoted(doc.strCurrentValueKey) + " but node " +
+                           Quoted(record->KeyValue) + " has " + Quoted(record->GridHeaderKey) +
+                           "/" + Quoted(record->GridValueKey));
+        return problems;
+    }
+    const DocumentGrid expected =
+        ReadDocumentGrid(doc, doc.strCurrentHeaderKey, doc.strCurrentValueKey);
+    const FlexGrid& grid = control.form().msgGridView;
+    if (!expected.headerFound) return {"the grid is loaded for a missing GridHeader"};
+    if (grid.cols() != static_cast<int>(expected.columns.size()) ||
+        grid.rows() != static_cast<int>(expected.rows.size()) + 1) {
+        return {"grid is " + std::to_string(grid.rows()) + " x " + std::to_string(grid.cols()) +
+                ", its GridHeader describes " + std::to_string(expected.rows.size() + 1) + " x " +
+                std::to_string(expected.columns.size())};
+    }
+    for (int c = 0; c < grid.cols(); ++c) {
+        const std::string caption = Attr(expected.columns[static_cast<std::size_t>(c)], "HName");
+        if (grid.textMatrix(0, c) != caption) {
+            problems.push_back("caption " + Cell(0, c) + " is " + Quoted(grid.textMatrix(0, c)) +
+                               ", expected " + Quoted(caption));
+        }
+    }
+    for (int r = 1; r < grid.rows(); ++r) {
+        const std::string caption = Attr(expected.rows[static_cast<std::size_t>(r - 1)], "HName");
+        if (grid.textMatrix(r, 0) != caption) {
+            problems.push_back("caption " + Cell(r, 0) + " is " + Quoted(grid.textMatrix(r, 0)) +
+                               ", expected " + Quoted(caption));
+        }
+    }
+    const bool metric = MetricDocument(doc);
+    for (const auto& [at, cell] : expected.cells) {
+        const auto [r, c] = at;
+        const xml::Node rowHeader = expected.rows[static_cast<std::size_t>(r - 1)];
+        const std::string shown = grid.textMatrix(r, c);
+        const std::optional<std::string> filled = FilledText(rowHeader, StoredText(cell.element));
+        if (!IsConvertedRow(metric, rowHeader) && filled && shown != *filled) {
+            problems.push_back("cell " + Cell(r, c) + " shows " + Quoted(shown) + ", its value " +
+                               Quoted(StoredText(cell.element)) + " fills as " + Quoted(*filled));
+        }
+        const Rgb fore = Attr(cell.element, "Enabled") == "1" ? kBlack : kGrey;
+        const Rgb back = Attr(cell.element, "Valid") == "1" ? kWhite : kRed;
+        if (grid.cellForeColor(r, c) != fore || grid.cellBackColor(r, c) != back) {
+            problems.push_back("cell " + Cell(r, c) + " colours do not follow Enabled=" +
+                               Quoted(Attr(cell.element, "Enabled")) +
+                               " Valid=" + Quoted(Attr(cell.element, "Valid")));
+        }
+    }
+    return problems;
+}
+
+CommittedRangeCheck::CommittedRangeCheck(const Generic_SP_Control& control) {
+    ForEachCellValue(control.core().doc,
+                     [&](int, const std::string&, int, xml::Node cell, std::size_t) {
+                         loaded_.emplace_back(StoredText(cell), Attr(cell, "Valid"));
+                     });
+}
+
+Problems CommittedRangeCheck::Check(const Generic_SP_Control& control) const {
+    Problems problems;
+    changed_ = 0;
+    judged_ = 0;
+    const DocumentModel& doc = control.core().doc;
+    if (!doc.blnGridLoaded) return problems;
+    const DocumentGrid shown =
+        ReadDocumentGrid(doc, doc.strCurrentHeaderKey, doc.strCurrentValueKey);
+    for (const auto& [at, cell] : shown.cells) {
+        const xml::Node rowHeader = shown.rows[static_cast<std::size_t>(at.first - 1)];
+        const std::string type = Attr(rowHeader, "ControlType");
+        if (type != "UnitNum" && type != "UnitDrop") continue;
+        const std::string text = StoredText(cell.element);
+        const std::string valid = Attr(cell.element, "Valid");
+        if (cell.documentIndex >= loaded_.size() ||
+            loaded_[cell.documentIndex] == std::pair(text, valid)) {
+            continue;
+        }
+        ++changed_;
+        std::optional<Limits> limits;
+        double value = 0;
+        if (type == "UnitNum") {
+            limits = UnitNumLimits(rowHeader);
+            value = NumberOr0(text);
+        } else if (const std::size_t open = text.find('(');
+                   open != std::string::npos && text.back() == ')') {
+            limits = UnitDropLimits(doc, rowHeader, text.substr(open + 1, text.size() - open - 2));
+            value = NumberOr0(text.substr(0, open));
+        }
+        const std::optional<bool> within = limits ? WithinLimits(value, *limits) : std::nullopt;
+        if (!within) continue;
+        ++judged_;
+        if (valid != (*within ? "1" : "0")) {
+            problems.push_back("committed cell " + Cell(at.first, at.second) + " holds " +
+                               Quoted(text) + (*within ? " within" : " outside") +
+                               " its limits but has Valid=" + Quoted(valid));
+        }
+    }
+    return problems;
+}
+
+Problems CheckDocumentValidates(const Generic_SP_Control& control) {
+    const std::string text = control.XML();
+    if (text.empty()) return {"XML() is empty"};
+    RecordingSink sink;
+    if (ValidateDocumentText(text, sink)) return {};
+    Problems problems{"XML() does not validate"};
+    for (const RecordedMessage& message : sink.messages())
+        problems.push_back(message.text);
+    return problems;
+}
+
+Problems CheckAgainstFreshFill(const Generic_SP_Control& control) {
+    const std::string text = control.XML();
+    const int node = control.form().treTreeView.selectedIndex();
+    const GridSnapshot live = Snapshot(control.form().msgGridView);
+    GridSnapshot fresh;
+    Problems problems;
+    std::thread([&] {
+        try {
+            RecordingSink sink;
+            RecordingHost host;
+            Generic_SP_Control other(sink, host);
+            other.InitProperties();
+            other.Show();
+            if (!other.LoadXML(text)) {
+                problems.push_back("a fresh control does not load XML()");
+                return;
+            }
+            if (node > 1) other.form().treTreeView.userClickNode(node);
+            fresh = Snapshot(other.form().msgGridView);
+        } catch (...) {
+            problems.push_back("a fresh control failed: " + DescribeCurrentException());
+        }
+    }).join();
+    if (!problems.empty()) return problems;
+    if (live.rows != fresh.rows || live.cols != fresh.cols) {
+        return {"the grid is " + std::to_string(live.rows) + " x " + std::to_string(live.cols) +
+                ", a fresh fill gives " + std::to_string(fresh.rows) + " x " +
+                std::to_string(fresh.cols)};
+    }
+    const DocumentModel& doc = control.core().doc;
+    const DocumentGrid shown =
+        ReadDocumentGrid(doc, doc.strCurrentHeaderKey, doc.strCurrentValueKey);
+    const auto roundedOnly = [&](int r, std::size_t i) {
+        if (r < 1 || static_cast<std::size_t>(r) > shown.rows.size()) return false;
+        const xml::Node rowHeader = shown.rows[static_cast<std::size_t>(r - 1)];
+        return IsConvertedRow(MetricDocument(doc), rowHeader) &&
+               SameConvertedValue(doc, rowHeader, live.texts[i], fresh.texts[i]);
+    };
+    for (std::size_t i = 0; i < live.texts.size(); ++i) {
+        const int r = static_cast<int>(i) / live.cols;
+        const int c = static_cast<int>(i) % live.cols;
+        if (live.texts[i] != fresh.texts[i] && !roundedOnly(r, i)) {
+            problems.push_back("cell " + Cell(r, c) + " shows " + Quoted(live.texts[i]) +
+                               ", a fresh fill shows " + Quoted(fresh.texts[i]));
+        }
+        if (live.fore[i] != fresh.fore[i] || live.back[i] != fresh.back[i]) {
+            problems.push_back("cell " + Cell(r, c) + " colours differ from a fresh fill");
+        }
+    }
+    return problems;
+}
+
+}  // namespace tabulon::reliability

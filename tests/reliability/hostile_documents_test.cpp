@@ -1,0 +1,308 @@
+// Documents that try to make the control read local files, fetch URLs, expand entities
+// without bound, nest or grow without limit, or trip over encodings, line ends, bad
+// custom units and picture paths that are not files (tests/data/hostile/README.md).
+// Each must be refused or loaded with the control's own clear message, never read,
+// fetched or expanded, and never hang.
+#include <arpa/inet.h>
+#include <fcntl.h>
+#include <netinet/in.h>
+#include <sys/inotify.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <vector>
+
+#include "common/control_harness.h"
+#include "document/validate_document_text.h"
+#include "support/text.h"
+#include "support/utf8.h"
+
+namespace tabulon::testing {
+namespace {
+
+constexpr std::string_view kSecret = "TOP-SECRET-CONTENT-7f3a";
+
+std::string Hostile(const std::string& name) {
+    return ReadFileBytes(DataFile("hostile/" + name));
+}
+
+bool ValidUtf8(std::string_view text) {
+    for (std::size_t pos = 0; pos < text.size();) {
+        if (DecodeUtf8(text, pos) == kInvalidUtf8) return false;
+    }
+    return true;
+}
+
+// The part of a validation message after its line break: the source excerpt.
+std::string SourceExcerpt(const std::string& message) {
+    const std::size_t at = message.find("\r\n");
+    return at == std::string::npos ? std::string() : message.substr(at + 2);
+}
+
+// Closes a descriptor when the test ends.
+class Descriptor {
+public:
+    explicit Descriptor(int fd) : fd_(fd) {}
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor() {
+        if (fd_ >= 0) ::close(fd_);
+    }
+    int get() const { return fd_; }
+
+private:
+    int fd_;
+};
+
+class HostileDocument : public ControlHarness {
+protected:
+    std::vector<std::string> TreeTexts() {
+        std::vector<std::string> texts;
+        for (int i = 1; i <= form().treTreeView.count(); ++i) {
+            texts.push_back(form().treTreeView.node(i).text);
+        }
+        return texts;
+    }
+    // Every cell of the grid of every node, node by node.
+    std::vector<std::string> GridTexts() {
+        std::vector<std::string> texts;
+        for (int i = 1; i <= form().treTreeView.count(); ++i) {
+            form().treTreeView.userClickNode(i);
+            const FlexGrid& grid = form().msgGridView;
+            for (int r = 0; r < grid.rows(); ++r) {
+                for (int c = 0; c < grid.cols(); ++c)
+                    texts.push_back(grid.textMatrix(r, c));
+            }
+        }
+        return texts;
+    }
+    // What plain.xml shows: the tree and every grid.
+    std::pair<std::vector<std::string>, std::vector<std::string>> PlainView() {
+        EXPECT_TRUE(LoadText(Hostile("plain.xml")));
+        auto view = std::pair(TreeTexts(), GridTexts());
+        NewControl();
+        ClearRecords();
+        return view;
+    }
+    // One critical message and nothing else.
+    std::string OnlyCriticalMessage() {
+        EXPECT_EQ(sink.messages().size(), 1u);
+        if (sink.messages().empty()) return {};
+        EXPECT_EQ(sink.messages().front().icon, MessageIcon::Critical);
+        const std::string text = sink.messages().front().text;
+        ClearRecords();
+        return text;
+    }
+};
+
+TEST_F(HostileDocument, ExternalEntityToALocalFileIsNeverRead) {
+    const std::filesystem::path secret = TempFile("secret.txt", std::string(kSecret));
+    const Descriptor watch(inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
+    ASSERT_GE(watch.get(), 0);
+    ASSERT_GE(inotify_add_watch(watch.get(), secret.c_str(), IN_OPEN | IN_ACCESS), 0);
+    const std::string text =
+        Replaced(Hostile("external_entity_file.xml"), "@PATH@", secret.string());
+    const std::string doctype = text.substr(0, text.find('\n'));
+
+    EXPECT_FALSE(LoadText(text));
+    const std::string fromText = OnlyCriticalMessage();
+    EXPECT_FALSE(LoadPath(TempFile("entity.xml", text)));
+    const std::string fromFile = OnlyCriticalMessage();
+
+    for (const std::string& message : {fromText, fromFile}) {
+        EXPECT_EQ(SourceExcerpt(message), doctype) << message;
+        EXPECT_EQ(message.find(kSecret), std::string::npos);
+    }
+    EXPECT_EQ(control().XML().find(kSecret), std::string::npos);
+    char events[4096];
+    EXPECT_EQ(read(watch.get(), events, sizeof events), -1) << "the secret file was opened";
+    EXPECT_EQ(errno, EAGAIN);
+}
+
+TEST_F(HostileDocument, UndeclaredEntityStaysLiteralText) {
+    ASSERT_TRUE(LoadText(Hostile("undeclared_entity.xml")));
+    EXPECT_EQ(form().treTreeView.node(1).text, "Plant &secret;");
+    EXPECT_NE(control().XML().find("Name=\"Plant &amp;secret;\""), std::string::npos);
+}
+
+TEST_F(HostileDocument, ExternalEntityToAUrlIsNeverFetched) {
+    const Descriptor listener(socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
+    ASSERT_GE(listener.get(), 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t length = sizeof address;
+    auto* generic = reinterpret_cast<sockaddr*>(&address);
+    ASSERT_EQ(bind(listener.get(), generic, length), 0);
+    ASSERT_EQ(listen(listener.get(), 4), 0);
+    ASSERT_EQ(getsockname(listener.get(), generic, &length), 0);
+    const std::string port = std::to_string(ntohs(address.sin_port));
+    const std::string text = Replaced(Hostile("external_entity_url.xml"), "@PORT@", port);
+
+    EXPECT_FALSE(LoadText(text));
+    EXPECT_EQ(SourceExcerpt(OnlyCriticalMessage()), text.substr(0, text.find('\n')));
+    EXPECT_FALSE(LoadPath(TempFile("remote.xml", text)));
+    EXPECT_EQ(SourceExcerpt(OnlyCriticalMessage()), text.substr(0, text.find('\n')));
+    EXPECT_EQ(accept(listener.get(), nullptr, nullptr), -1) << "something connected";
+    EXPECT_EQ(errno, EAGAIN);
+}
+
+TEST_F(HostileDocument, BillionLaughsAreRefusedUnexpanded) {
+    const std::string text = Hostile("billion_laughs.xml");
+    EXPECT_FALSE(LoadText(text));
+    const std::string message = OnlyCriticalMessage();
+    EXPECT_TRUE(SourceExcerpt(message).starts_with("<!DOCTYPE xml [")) << message;
+    EXPECT_LT(control().XML().size(), 2 * text.size());
+}
+
+TEST_F(HostileDocument, TenThousandLevelsOfNestingAreRefusedWithAShortMessage) {
+    std::string nested;
+    for (int i = 0; i < 10000; ++i) {
+        nested += "<Cnode Name=\"n\" KeyValue=\"K" + std::to_string(i) +
+                  "\" GridHeaderKey=\"H\" Filter=\"0\">";
+    }
+    for (int i = 0; i < 10000; ++i)
+        nested += "</Cnode>";
+    const std::string plain = Hostile("plain.xml");
+    const std::size_t at = plain.find("</Pnode>");
+    const std::string text = plain.substr(0, at) + nested + plain.substr(at);
+
+    for (const bool fromFile : {false, true}) {
+        EXPECT_FALSE(fromFile ? LoadPath(TempFile("deep.xml", text)) : LoadText(text));
+        const std::string excerpt = SourceExcerpt(OnlyCriticalMessage());
+        EXPECT_TRUE(excerpt.starts_with("<Cnode Name=\"n\"")) << excerpt.substr(0, 100);
+        EXPECT_TRUE(excerpt.ends_with("..."));
+        EXPECT_EQ(CountUtf8(excerpt), kMaxSourceCharacters + 3);
+    }
+}
+
+TEST_F(HostileDocument, TenMegabyteAttributeGivesAShortMessage) {
+    const std::string huge(10u * 1024u * 1024u, 'A');
+    const std::string text = Replaced(Hostile("plain.xml"), "Plant North", huge);
+    const std::string expected =
+        "<Pnode Name=\"" + std::string(kMaxSourceCharacters - 13, 'A') + "...";
+    EXPECT_FALSE(LoadText(text));
+    EXPECT_EQ(SourceExcerpt(OnlyCriticalMessage()), expected);
+    EXPECT_FALSE(LoadPath(TempFile("huge.xml", text)));
+    EXPECT_EQ(SourceExcerpt(OnlyCriticalMessage()), expected);
+}
+
+TEST_F(HostileDocument, InvalidUtf8GivesAMessageThatCanBeShown) {
+    const std::string text = Hostile("invalid_utf8.xml");
+    EXPECT_FALSE(LoadText(text));
+    const std::string fromText = OnlyCriticalMessage();
+    EXPECT_FALSE(LoadPath(DataFile("hostile/invalid_utf8.xml")));
+    EXPECT_EQ(OnlyCriticalMessage(), fromText);
+    EXPECT_TRUE(ValidUtf8(fromText)) << fromText;
+    EXPECT_NE(SourceExcerpt(fromText).find("Plant \uFFFD"), std::string::npos) << fromText;
+}
+
+TEST_F(HostileDocument, NulByteIsRefused) {
+    const std::string text = Hostile("nul_byte.xml");
+    ASSERT_NE(text.find('\0'), std::string::npos);
+    EXPECT_FALSE(LoadText(text));
+    ExpectMessages({Critical("Invalid XML")});
+    ClearRecords();
+    EXPECT_FALSE(LoadPath(DataFile("hostile/nul_byte.xml")));
+    EXPECT_NE(OnlyCriticalMessage().find("line 4"), std::string::npos);
+}
+
+TEST_F(HostileDocument, Utf16FilesLoadLikeTheirUtf8Original) {
+    const auto plain = PlainView();
+    for (const std::string name : {"utf16le_bom.xml", "utf16be_bom.xml"}) {
+        SCOPED_TRACE(name);
+        ASSERT_TRUE(LoadPath(DataFile("hostile/" + name)));
+        ExpectMessages({});
+        EXPECT_EQ(TreeTexts(), plain.first);
+        EXPECT_EQ(GridTexts(), plain.second);
+        // LoadXML takes UTF-8 text: UTF-16 bytes are not a document.
+        EXPECT_FALSE(LoadText(Hostile(name)));
+        ExpectMessages({Critical("Invalid XML")});
+        ClearRecords();
+    }
+}
+
+TEST_F(HostileDocument, ByteOrderMarkAndCarriageReturnsLoadLikeThePlainFile) {
+    const auto plain = PlainView();
+    for (const std::string name : {"utf8_bom.xml", "cr_line_ends.xml"}) {
+        for (const bool fromFile : {false, true}) {
+            SCOPED_TRACE(name + (fromFile ? " as a file" : " as text"));
+            ASSERT_TRUE(fromFile ? LoadPath(DataFile("hostile/" + name)) : LoadText(Hostile(name)));
+            ExpectMessages({});
+            EXPECT_EQ(TreeTexts(), plain.first);
+            EXPECT_EQ(GridTexts(), plain.second);
+            EXPECT_FALSE(control().XML().starts_with("\xEF\xBB\xBF"));
+            EXPECT_EQ(control().XML().find('\r'), std::string::npos);
+        }
+    }
+}
+
+TEST_F(HostileDocument, CustomUnitWithBadFactorIsRefusedWhereItIsNeeded) {
+    const RecordedMessage unitNum = Information("Invalid UnitNum units defined in XML.");
+    const RecordedMessage unitDrop = Information("Invalid UnitDrop units defined in XML.");
+    const RecordedMessage display = Information(
+        "Metric conversion is not possible because invalid UnitDrop units defined in XML.");
+    for (const std::string system : {"METRIC", "ENGLISH"}) {
+        for (const std::string factor : {"0", "-2.5", "abc"}) {
+            SCOPED_TRACE(system + " factor " + factor);
+            NewControl();
+            ClearRecords();
+            const bool metric = system == "METRIC";
+            ASSERT_TRUE(LoadText(
+                Replaced(Replaced(Hostile("custom_unit_bad_factor.xml"), "@SYSTEM@", system),
+                         "@FACTOR@", factor)));
+            // The display pass needs the unit in the first row and stops there.
+            ExpectMessages(metric ? std::vector{unitNum} : std::vector<RecordedMessage>{});
+            form().treTreeView.userClickNode(2);
+            ExpectMessages(metric ? std::vector{unitNum, display} : std::vector<RecordedMessage>{});
+            form().treTreeView.userClickNode(1);
+            ClearRecords();
+
+            FlexGrid& grid = form().msgGridView;
+            // From cell (1, 1), where the load left the grid, to (2, 1) and back.
+            for (const auto& [row, message] : {std::pair{2, unitDrop}, std::pair{1, unitNum}}) {
+                grid.userMouseMove(row, 1);
+                grid.userClick(row, 1);
+                // Entering the cell and the click on it each try to open the editor.
+                ExpectMessages({message, message});
+                EXPECT_FALSE(form().anyEditorVisible());
+                ClearRecords();
+            }
+            std::string everything = control().XML();
+            for (int r = 0; r < grid.rows(); ++r)
+                everything += grid.textMatrix(r, 1);
+            const std::string lower = ToLowerAscii(everything);
+            EXPECT_EQ(lower.find("inf"), std::string::npos) << everything;
+            EXPECT_EQ(lower.find("nan"), std::string::npos) << everything;
+        }
+    }
+}
+
+TEST_F(HostileDocument, PicturePathThatIsAFolderOrAPipeCountsAsMissing) {
+    const std::string folder = TempDir().string();
+    const std::string pipe = (TempDir() / "picture.png").string();
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const std::string text =
+        Replaced(Replaced(Hostile("picture_paths.xml"), "@DIRECTORY@", folder), "@FIFO@", pipe);
+    // A blocking read of the pipe would never return: the load must not try one.
+    ASSERT_TRUE(LoadText(text));
+    ExpectMessages({Information("There are following images not found in defined location:\r\n" +
+                                folder + "\r\n" + pipe + "\r\n")});
+    EXPECT_EQ(form().treTreeView.node(1).image, 0);
+    EXPECT_EQ(form().treTreeView.node(2).image, 0);
+}
+
+TEST_F(HostileDocument, DocumentPathThatIsAFolderOrAPipeIsNotFound) {
+    const std::filesystem::path pipe = TempDir() / "document.xml";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    for (const std::filesystem::path& path : {TempDir(), pipe}) {
+        EXPECT_FALSE(LoadPath(path));
+        ExpectMessages({Critical("XML file not found")});
+        ClearRecords();
+    }
+}
+
+}  // namespace
+}  // namespace tabulon::testing
