@@ -14,6 +14,10 @@
 //   recomputes the bar and does not step the grid.
 // - A new instance starts with the property-bag defaults (LeftMargin 1100,
 //   RightMargin 0), as if read from an empty bag.
+// - When every column fits, the change steps end with maximum 1 and value 1 (the last
+//   column counts as hidden once and the probe cannot move the grid), not maximum 0;
+//   RefresHScrollBar's "both are 1" rule turns that into false. The steps are kept as
+//   they are rather than forcing 0, so a host reading the bar sees what they give.
 // - Sizes that would come out negative (a control narrower than its margins, or
 //   lower than 30 twips) are applied as 0 instead of failing.
 // - Sums of two 16-bit values (LeftMargin + 40, LeftMargin + 50, LeftMargin +

@@ -1,0 +1,220 @@
+#include "demo_window.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDockWidget>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMenuBar>
+#include <QSaveFile>
+#include <QStatusBar>
+#include <QTextDocument>
+
+#include "event_log.h"
+#include "qt/qt_text.h"
+#include "qt/spreadsheet_widget.h"
+#include "report_preview.h"
+#include "report_table.h"
+#include "xml_text_dialog.h"
+
+namespace tabulon::demo {
+
+namespace {
+
+QString YesNo(bool value) {
+    return value ? QStringLiteral("true") : QStringLiteral("false");
+}
+
+}  // namespace
+
+DemoWindow::DemoWindow(PropertyBag* savedSettings, QWidget* parent)
+    : QMainWindow(parent),
+      boxes_(this),
+      log_(new EventLog(this)),
+      logDock_(new QDockWidget(tr("Log"), this)),
+      spreadsheet_(new SpreadsheetWidget(
+          this, savedSettings,
+          [this](MessageIcon icon, const QString& text) { showMessage(icon, text); })) {
+    setCentralWidget(spreadsheet_);
+    logDock_->setObjectName(QStringLiteral("log"));
+    logDock_->setWidget(log_);
+    logDock_->setFeatures(QDockWidget::DockWidgetClosable | QDockWidget::DockWidgetMovable);
+    addDockWidget(Qt::BottomDockWidgetArea, logDock_);
+    resizeDocks({logDock_}, {150}, Qt::Vertical);
+    buildMenus();
+    connectSignals();
+    setDocumentTitle(QString());
+    statusBar()->showMessage(tr("No document"));
+}
+
+DemoWindow::~DemoWindow() = default;
+
+void DemoWindow::buildMenus() {
+    QMenu* file = menuBar()->addMenu(tr("&File"));
+    file->addAction(tr("&Open..."), QKeySequence::Open, this, &DemoWindow::chooseDocument);
+    file->addAction(tr("Open from &text..."), this, &DemoWindow::chooseXmlText);
+    file->addAction(tr("Save &as..."), QKeySequence::SaveAs, this, &DemoWindow::chooseSaveTarget);
+    file->addSeparator();
+    previewAction_ = file->addAction(tr("&Print preview of the last report..."), this,
+                                     &DemoWindow::showReportPreview);
+    pdfAction_ = file->addAction(tr("&Export the last report as PDF..."), this,
+                                 &DemoWindow::choosePdfTarget);
+    previewAction_->setEnabled(false);
+    pdfAction_->setEnabled(false);
+    file->addSeparator();
+    file->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
+
+    QMenu* properties = menuBar()->addMenu(tr("&Properties"));
+    properties->addAction(tr("&General..."), this,
+                          [this] { openPropertyPage(PropertyPageDialog::Kind::General); });
+    properties->addAction(tr("&Advanced (buttons)..."), this,
+                          [this] { openPropertyPage(PropertyPageDialog::Kind::Buttons); });
+
+    QMenu* view = menuBar()->addMenu(tr("&View"));
+    view->addAction(logDock_->toggleViewAction());
+}
+
+void DemoWindow::connectSignals() {
+    SpreadsheetWidget* w = spreadsheet_;
+    connect(w, &SpreadsheetWidget::OKClick, this,
+            [this] { log_->note(QStringLiteral("OKClick")); });
+    connect(w, &SpreadsheetWidget::HelpClick, this,
+            [this] { log_->note(QStringLiteral("HelpClick")); });
+    connect(w, &SpreadsheetWidget::CancelClick, this,
+            [this] { log_->note(QStringLiteral("CancelClick")); });
+    connect(w, &SpreadsheetWidget::PrintClick, this, &DemoWindow::onPrintClick);
+    connect(w, &SpreadsheetWidget::AppGridEventHandler, this, [this](xml::Node* element) {
+        log_->note(QStringLiteral("AppGridEventHandler: ") + ToQString(element->serialize()));
+    });
+    connect(w, &SpreadsheetWidget::PropertyChanged, this, [this](const QString& name) {
+        log_->note(QStringLiteral("PropertyChanged: ") + name);
+    });
+}
+
+void DemoWindow::showMessage(MessageIcon icon, const QString& text) {
+    log_->message(icon, text);
+    if (interactive_) boxes_.Show(icon, ToStdString(text));
+}
+
+void DemoWindow::setDocumentTitle(const QString& name) {
+    documentName_ = name;
+    setWindowTitle(name.isEmpty()
+                       ? QApplication::applicationDisplayName()
+                       : name + QStringLiteral(" - ") + QApplication::applicationDisplayName());
+}
+
+bool DemoWindow::openDocument(const QString& path) {
+    const bool loaded = spreadsheet_->Load(path);
+    log_->note(QStringLiteral("Load ") + path + QStringLiteral(": ") + YesNo(loaded));
+    setDocumentTitle(QFileInfo(path).fileName());
+    statusBar()->showMessage(loaded ? path : tr("%1 was not loaded").arg(path));
+    return loaded;
+}
+
+bool DemoWindow::openXmlText(const QString& text, const QString& origin) {
+    const bool loaded = spreadsheet_->LoadXML(text);
+    log_->note(QStringLiteral("LoadXML ") + origin +
+               QStringLiteral(" (%1 characters): ").arg(text.size()) + YesNo(loaded));
+    setDocumentTitle(origin);
+    statusBar()->showMessage(loaded ? origin : tr("%1 was not loaded").arg(origin));
+    return loaded;
+}
+
+bool DemoWindow::openXmlTextFile(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        log_->note(QStringLiteral("LoadXML: cannot read ") + path);
+        return false;
+    }
+    return openXmlText(QString::fromUtf8(file.readAll()), QFileInfo(path).fileName());
+}
+
+bool DemoWindow::saveXml(const QString& path) {
+    const QString xml = spreadsheet_->XML();
+    if (xml.isEmpty()) {
+        log_->note(QStringLiteral("Save as ") + path + QStringLiteral(": no document is loaded"));
+        return false;
+    }
+    QSaveFile file(path);
+    const QByteArray bytes = xml.toUtf8();
+    const bool saved =
+        file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    log_->note(
+        QStringLiteral("Save as ") + path + QStringLiteral(": ") +
+        (saved ? QStringLiteral("%1 characters written").arg(xml.size()) : file.errorString()));
+    return saved;
+}
+
+void DemoWindow::onPrintClick(const QString& report) {
+    lastReport_ = report;
+    const ReportTable table = ParseReport(report);
+    log_->note(QStringLiteral("PrintClick: %1 columns, %2 rows (%3 characters)")
+                   .arg(table.columnCount())
+                   .arg(table.rowCount())
+                   .arg(report.size()));
+    previewAction_->setEnabled(true);
+    pdfAction_->setEnabled(true);
+    // The preview is modal: it opens once the control's handler has returned.
+    if (interactive_) {
+        QMetaObject::invokeMethod(this, &DemoWindow::showReportPreview, Qt::QueuedConnection);
+    }
+}
+
+void DemoWindow::showReportPreview() {
+    if (lastReport_.isEmpty()) return;
+    ReportPreviewDialog preview(ReportDocument(ParseReport(lastReport_), documentName_), this);
+    preview.exec();
+}
+
+bool DemoWindow::exportReportPdf(const QString& path) {
+    if (lastReport_.isEmpty()) {
+        log_->note(QStringLiteral("Export PDF ") + path + QStringLiteral(": no report yet"));
+        return false;
+    }
+    const auto document = ReportDocument(ParseReport(lastReport_), documentName_);
+    const bool written = ExportPdf(*document, path);
+    log_->note(QStringLiteral("Export PDF ") + path + QStringLiteral(": ") +
+               (written ? QStringLiteral("written") : QStringLiteral("could not be written")));
+    return written;
+}
+
+PropertyPageDialog* DemoWindow::openPropertyPage(PropertyPageDialog::Kind kind) {
+    const auto messages = [this](MessageIcon icon, const QString& text) {
+        showMessage(icon, text);
+    };
+    if (interactive_) {
+        PropertyPageDialog dialog(kind, *spreadsheet_, this, messages);
+        dialog.exec();
+        return nullptr;
+    }
+    auto* dialog = new PropertyPageDialog(kind, *spreadsheet_, this, messages);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->show();
+    return dialog;
+}
+
+void DemoWindow::chooseDocument() {
+    const QString path = QFileDialog::getOpenFileName(this, tr("Open document"), QString(),
+                                                      tr("XML documents (*.xml);;All files (*)"));
+    if (!path.isEmpty()) openDocument(path);
+}
+
+void DemoWindow::chooseXmlText() {
+    XmlTextDialog dialog(this);
+    if (dialog.exec() == QDialog::Accepted) openXmlText(dialog.text(), tr("text"));
+}
+
+void DemoWindow::chooseSaveTarget() {
+    const QString path = QFileDialog::getSaveFileName(this, tr("Save as"), QString(),
+                                                      tr("XML documents (*.xml);;All files (*)"));
+    if (!path.isEmpty()) saveXml(path);
+}
+
+void DemoWindow::choosePdfTarget() {
+    const QString path = QFileDialog::getSaveFileName(
+        this, tr("Export PDF"), QStringLiteral("report.pdf"), tr("PDF files (*.pdf)"));
+    if (!path.isEmpty()) exportReportPdf(path);
+}
+
+}  // namespace tabulon::demo

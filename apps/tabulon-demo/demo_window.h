@@ -1,0 +1,102 @@
+// DemoWindow: the demo host, a main window with the spreadsheet control in the
+// middle and the log pane below it, written the way a host program uses the control.
+//
+// - File: Open... (Load), Open from text... (LoadXML), Save as... (writes the XML
+//   property), Print preview... and Export PDF... of the last View/Print report, Quit.
+// - Properties: General... and Advanced... open the control's two property pages.
+// - View: shows or hides the log pane.
+// Every signal of the control, every message box (the control's and the pages') and
+// every host action is written to the log pane (EventLog).
+//
+// Decisions:
+// - Interactive (the default), a message box is shown as well as logged and each
+//   PrintClick opens the print preview once the control's handler has finished.
+//   Not interactive (scripted runs, --screenshot), nothing modal ever opens: messages
+//   are only logged, the preview is not opened and property pages open modeless.
+// - The document's pictures are found as the control finds them, relative to the
+//   current directory.
+#pragma once
+
+#include <QMainWindow>
+#include <QPointer>
+#include <QString>
+
+#include "qt/pages/property_page_dialog.h"
+#include "qt/qt_message_sink.h"
+
+class QAction;
+class QDockWidget;
+
+namespace tabulon {
+class PropertyBag;
+class SpreadsheetWidget;
+}  // namespace tabulon
+
+namespace tabulon::demo {
+
+class EventLog;
+
+class DemoWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    // savedSettings: the control's design-time settings, restored once when the control
+    // is made (null: the control's first-time initialisation).
+    explicit DemoWindow(PropertyBag* savedSettings = nullptr, QWidget* parent = nullptr);
+    ~DemoWindow() override;
+
+    SpreadsheetWidget& spreadsheet() const { return *spreadsheet_; }
+    EventLog& log() const { return *log_; }
+
+    bool interactive() const { return interactive_; }
+    void setInteractive(bool interactive) { interactive_ = interactive; }
+
+    // Load with a file path; the result is logged and returned.
+    bool openDocument(const QString& path);
+    // LoadXML with a document's text; origin names it in the log.
+    bool openXmlText(const QString& text, const QString& origin);
+    // LoadXML with the text of a file; false (logged) when it cannot be read.
+    bool openXmlTextFile(const QString& path);
+    // Writes the XML property to path (UTF-8). False (logged) when no document is
+    // loaded or the file cannot be written.
+    bool saveXml(const QString& path);
+
+    // The text of the last PrintClick; empty before the first.
+    const QString& lastReport() const { return lastReport_; }
+    // Exports the last report as PDF. False (logged) when there is none or the file
+    // cannot be written.
+    bool exportReportPdf(const QString& path);
+
+    // Opens a property page for the control: modal while interactive (returns when
+    // it closes, null), modeless otherwise (returns the open dialog, owned by the
+    // window).
+    PropertyPageDialog* openPropertyPage(PropertyPageDialog::Kind kind);
+
+private:
+    void buildMenus();
+    void connectSignals();
+    void showMessage(MessageIcon icon, const QString& text);
+    void onPrintClick(const QString& report);
+    void showReportPreview();
+    void setDocumentTitle(const QString& name);
+
+    // Menu handlers.
+    void chooseDocument();
+    void chooseXmlText();
+    void chooseSaveTarget();
+    void choosePdfTarget();
+
+    // The log and the message mode exist before the control, which may show messages
+    // while it starts.
+    bool interactive_ = true;
+    QtMessageSink boxes_;
+    EventLog* log_;
+    QDockWidget* logDock_;
+    SpreadsheetWidget* spreadsheet_;
+    QAction* previewAction_ = nullptr;
+    QAction* pdfAction_ = nullptr;
+    QString lastReport_;
+    QString documentName_;
+};
+
+}  // namespace tabulon::demo

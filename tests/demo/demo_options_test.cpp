@@ -1,0 +1,74 @@
+// The demo's command line: steps keep their order, and every malformed line is a
+// usage error naming what is wrong.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "demo_options.h"
+
+namespace tabulon::demo {
+namespace {
+
+using Kind = DemoStep::Kind;
+
+QStringList Args(std::initializer_list<const char*> words) {
+    QStringList list;
+    for (const char* word : words)
+        list.append(QString::fromUtf8(word));
+    return list;
+}
+
+TEST(DemoOptions, StepsRunInTheOrderGivenAroundTheOtherOptions) {
+    QString error;
+    const auto options = ParseDemoOptions(
+        Args({"--node",       "PUMPS",       "doc.xml", "--click", "1",       "2",
+              "--screenshot", "out.png",     "--type",  "12",      "--print", "--page",
+              "buttons",      "--pdf",       "r.pdf",   "--save",  "s.xml",   "--node",
+              "AHU",          "--print-log", "--size",  "800x600"}),
+        error);
+    ASSERT_TRUE(options) << error.toStdString();
+
+    const std::vector<DemoStep> expected = {
+        {Kind::Node, Args({"PUMPS"})},   {Kind::Click, Args({"1", "2"})},
+        {Kind::Type, Args({"12"})},      {Kind::Print, {}},
+        {Kind::Page, Args({"buttons"})}, {Kind::Pdf, Args({"r.pdf"})},
+        {Kind::Save, Args({"s.xml"})},   {Kind::Node, Args({"AHU"})},
+    };
+    EXPECT_EQ(options->steps, expected);
+    EXPECT_EQ(options->document, QStringLiteral("doc.xml"));
+    EXPECT_EQ(options->screenshot, QStringLiteral("out.png"));
+    EXPECT_EQ(options->size, QSize(800, 600));
+    EXPECT_TRUE(options->printLog);
+}
+
+struct UsageCase {
+    std::vector<const char*> words;
+    const char* error;
+};
+
+class DemoUsageErrors : public ::testing::TestWithParam<UsageCase> {};
+
+TEST_P(DemoUsageErrors, AreRefusedWithTheirReason) {
+    QStringList args;
+    for (const char* word : GetParam().words)
+        args.append(QString::fromUtf8(word));
+    QString error;
+    EXPECT_FALSE(ParseDemoOptions(args, error));
+    EXPECT_EQ(error.toStdString(), GetParam().error);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    CommandLines, DemoUsageErrors,
+    ::testing::Values(UsageCase{{"--click", "1"}, "--click needs a value"},
+                      UsageCase{{"--click", "a", "2"}, "--click takes a row and a column number"},
+                      UsageCase{{"--click", "-1", "2"}, "--click takes a row and a column number"},
+                      UsageCase{{"--page", "colours"}, "--page takes general or buttons"},
+                      UsageCase{{"--size", "0x600"}, "--size takes WIDTHxHEIGHT in pixels"},
+                      UsageCase{{"--size", "800"}, "--size takes WIDTHxHEIGHT in pixels"},
+                      UsageCase{{"--screenshot"}, "--screenshot needs a value"},
+                      UsageCase{{"--colour"}, "unknown option --colour"},
+                      UsageCase{{"a.xml", "b.xml"}, "only one document can be loaded: b.xml"}));
+
+}  // namespace
+}  // namespace tabulon::demo

@@ -1,0 +1,255 @@
+// The property-page dialogs driven with real Qt input: what they show of the control,
+// the numeric boxes' key and lost-focus rules through a QLineEdit, and Apply, OK and
+// Cancel writing (or not writing) the record to the control.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "qt/pages/property_page_dialog.h"
+#include "qt/qt_text.h"
+#include "qt/spreadsheet_widget.h"
+
+namespace tabulon {
+namespace {
+
+void Settle() {
+    for (int i = 0; i < 3; ++i)
+        QCoreApplication::processEvents();
+}
+
+// A shown control and one page dialog on it, every message box (the control's and
+// the page's) and every settings change recorded as "kind: text" lines.
+class PageDialogTest : public ::testing::Test {
+protected:
+    // Opens the dialog on a new control, after setUp has configured the control.
+    void Open(PropertyPageDialog::Kind kind,
+              const std::function<void(SpreadsheetWidget&)>& setUp = nullptr) {
+        const auto record = [this](MessageIcon icon, const QString& text) {
+            messages.push_back(std::string(MessageIconName(icon)) + ": " + ToStdString(text));
+        };
+        widget = std::make_unique<SpreadsheetWidget>(nullptr, nullptr, record);
+        QObject::connect(widget.get(), &SpreadsheetWidget::PropertyChanged,
+                         [this](const QString& name) { changes.push_back(ToStdString(name)); });
+        widget->resize(600, 450);
+        widget->show();
+        Settle();
+        if (setUp) setUp(*widget);
+        dialog = std::make_unique<PropertyPageDialog>(kind, *widget, nullptr, record);
+        dialog->show();
+        dialog->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+        Settle();
+    }
+
+    template <class W>
+    W* Find(const char* name, int index = -1) {
+        auto* found = qobject_cast<W*>(dialog->widgetFor(name, index));
+        EXPECT_NE(found, nullptr) << name << " " << index;
+        return found;
+    }
+
+    // Clicks into a line edit and replaces its text by typing, as a user does.
+    void TypeOver(QLineEdit* edit, const QString& text) {
+        QTest::mouseClick(edit, Qt::LeftButton);
+        Settle();
+        QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(edit, Qt::Key_Backspace);
+        QTest::keyClicks(edit, text);
+        Settle();
+    }
+
+    // Chooses an item of a list with the keyboard after giving it the focus.
+    void Choose(QComboBox* combo, const QString& item) {
+        combo->setFocus(Qt::TabFocusReason);
+        Settle();
+        const int target = combo->findText(item);
+        ASSERT_GE(target, 0) << item.toStdString();
+        for (int guard = 0; combo->currentIndex() != target && guard < combo->count(); ++guard) {
+            QTest::keyClick(combo, combo->currentIndex() < target ? Qt::Key_Down : Qt::Key_Up);
+            Settle();
+        }
+        ASSERT_EQ(combo->currentIndex(), target);
+    }
+
+    void Click(QWidget* target) {
+        QTest::mouseClick(target, Qt::LeftButton);
+        Settle();
+    }
+
+    std::unique_ptr<SpreadsheetWidget> widget;
+    std::unique_ptr<PropertyPageDialog> dialog;
+    std::vector<std::string> messages;
+    std::vector<std::string> changes;
+};
+
+TEST_F(PageDialogTest, GeneralPageShowsTheControlsRecordWithNothingToApply) {
+    Open(PropertyPageDialog::Kind::General, [](SpreadsheetWidget& w) {
+        w.setGeneralProperty({2000, 3, kFalse, "Family", "Size", kTrue, 1, 400, 1200});
+    });
+
+    EXPECT_EQ(dialog->windowTitle(), QStringLiteral("General"));
+    EXPECT_EQ(Find<QLineEdit>("txtTreeViewWidth")->text(), QStringLiteral("2000"));
+    EXPECT_EQ(Find<QComboBox>("cboTreeViewStyle")->currentText(),
+              QStringLiteral("3 - tvwPlusPictureText"));
+    EXPECT_FALSE(Find<QCheckBox>("chkFiltervisible")->isChecked());
+    EXPECT_EQ(Find<QLineEdit>("txtFilterCaption")->text(), QStringLiteral("Family"));
+    EXPECT_EQ(Find<QLineEdit>("txtFilterLabel")->text(), QStringLiteral("Size"));
+    EXPECT_TRUE(Find<QCheckBox>("chkAllowBigSelection")->isChecked());
+    EXPECT_EQ(Find<QComboBox>("cboScrollBars")->currentText(), QStringLiteral("Advanced"));
+    EXPECT_EQ(Find<QLineEdit>("txtRowHeightMin")->text(), QStringLiteral("400"));
+    EXPECT_EQ(Find<QLineEdit>("txtColWidthMin")->text(), QStringLiteral("1200"));
+    EXPECT_FALSE(dialog->applyButton()->isEnabled());
+    EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(PageDialogTest, ALetterTypedIntoANumericBoxIsTakenBackOutAndMarksThePageChanged) {
+    Open(PropertyPageDialog::Kind::General);
+    QLineEdit* box = Find<QLineEdit>("txtRowHeightMin");
+    Click(box);
+    QTest::keyClick(box, Qt::Key_End);
+    QTest::keyClicks(box, QStringLiteral("5x"));
+    Settle();
+
+    EXPECT_EQ(box->text(), QStringLiteral("3505"));
+    EXPECT_EQ(box->cursorPosition(), 4);
+    EXPECT_TRUE(dialog->applyButton()->isEnabled());
+}
+
+TEST_F(PageDialogTest, LeavingANumericBoxBelowItsMinimumClampsItWithTheMessage) {
+    Open(PropertyPageDialog::Kind::General);
+    QLineEdit* box = Find<QLineEdit>("txtColWidthMin");
+    TypeOver(box, QStringLiteral("900"));
+    EXPECT_TRUE(messages.empty()) << "nothing is clamped while the box has the focus";
+
+    Click(Find<QLineEdit>("txtFilterLabel"));
+
+    EXPECT_EQ(messages, std::vector<std::string>{"information: Value cannot be less than 1080"});
+    EXPECT_EQ(box->text(), QStringLiteral("1080"));
+}
+
+TEST_F(PageDialogTest, ApplyWritesTheRecordToTheControlInOneAssignment) {
+    Open(PropertyPageDialog::Kind::General);
+    const gGeneralProperty_type before = widget->GeneralProperty();
+    Click(Find<QCheckBox>("chkAllowBigSelection"));
+    Choose(Find<QComboBox>("cboScrollBars"), QStringLiteral("Advanced"));
+    TypeOver(Find<QLineEdit>("txtFilterCaption"), QStringLiteral("Family"));
+
+    Click(dialog->applyButton());
+
+    const gGeneralProperty_type after = widget->GeneralProperty();
+    EXPECT_EQ(after.blnAllowBigSelection != 0, before.blnAllowBigSelection == 0);
+    EXPECT_EQ(after.intScrollBars, 1);
+    EXPECT_EQ(after.strFilterCaption, "Family");
+    EXPECT_EQ(changes, std::vector<std::string>{"GeneralProperty"});
+    EXPECT_FALSE(dialog->applyButton()->isEnabled());
+    EXPECT_TRUE(dialog->isVisible());
+}
+
+// Enter presses OK without moving Qt's focus; the box is left all the same, so the
+// typed width is clamped (with its message) before the page applies it.
+TEST_F(PageDialogTest, OkFromTheKeyboardClampsTheTypedValueBeforeApplyingAndCloses) {
+    Open(PropertyPageDialog::Kind::General);
+    QLineEdit* width = Find<QLineEdit>("txtTreeViewWidth");
+    TypeOver(width, QStringLiteral("1499"));
+
+    QTest::keyClick(width, Qt::Key_Return);
+    Settle();
+
+    EXPECT_EQ(messages, std::vector<std::string>{"information: Value cannot be less than 1500"});
+    EXPECT_EQ(widget->GeneralProperty().lngTreeViewWidth, 1500);
+    EXPECT_EQ(dialog->result(), QDialog::Accepted);
+    EXPECT_FALSE(dialog->isVisible());
+}
+
+TEST_F(PageDialogTest, CancelClosesWithoutWritingAnything) {
+    Open(PropertyPageDialog::Kind::General);
+    const std::string caption = widget->GeneralProperty().strFilterCaption;
+    TypeOver(Find<QLineEdit>("txtFilterCaption"), QStringLiteral("Changed"));
+
+    Click(dialog->cancelButton());
+
+    EXPECT_EQ(widget->GeneralProperty().strFilterCaption, caption);
+    EXPECT_TRUE(changes.empty());
+    EXPECT_EQ(dialog->result(), QDialog::Rejected);
+}
+
+// The page opens with its check box's Click run by the selection: every position box
+// is disabled and there is something to apply (both kept from the page model).
+TEST_F(PageDialogTest, ButtonPageOpensWithDefaultPositionsAndSomethingToApply) {
+    Open(PropertyPageDialog::Kind::Buttons);
+
+    EXPECT_EQ(dialog->windowTitle(), QStringLiteral("Advanced"));
+    EXPECT_TRUE(Find<QCheckBox>("chkDefault")->isChecked());
+    const gButtonProperty_type record = widget->ButtonProperty();
+    const std::int32_t lefts[] = {record.lngPrintLeft, record.lngOKLeft, record.lngCancelLeft,
+                                  record.lngHelpLeft};
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_EQ(Find<QComboBox>("cboVisible", i)->currentText(), QStringLiteral("True"));
+        EXPECT_EQ(Find<QLineEdit>("txtLeft", i)->text(), QString::number(lefts[i])) << i;
+        EXPECT_FALSE(Find<QLineEdit>("txtLeft", i)->isEnabled()) << i;
+    }
+    EXPECT_TRUE(dialog->applyButton()->isEnabled());
+}
+
+TEST_F(PageDialogTest, ChoosingFalseDisablesThatButtonsPositionAtOnceAndTrueEnablesIt) {
+    Open(PropertyPageDialog::Kind::Buttons);
+    Click(Find<QCheckBox>("chkDefault"));
+    Choose(Find<QComboBox>("cboVisible", 1), QStringLiteral("False"));
+    for (int i = 0; i < 4; ++i)
+        EXPECT_EQ(Find<QLineEdit>("txtLeft", i)->isEnabled(), i != 1) << i;
+
+    Choose(Find<QComboBox>("cboVisible", 1), QStringLiteral("True"));
+    EXPECT_TRUE(Find<QLineEdit>("txtLeft", 1)->isEnabled());
+}
+
+TEST_F(PageDialogTest, HidingThreeButtonsIsAppliedToTheControlsButtons) {
+    Open(PropertyPageDialog::Kind::Buttons);
+    for (int i = 1; i < 4; ++i)
+        Choose(Find<QComboBox>("cboVisible", i), QStringLiteral("False"));
+
+    Click(dialog->okButton());
+
+    Form& form = widget->control().form();
+    EXPECT_TRUE(widget->widgetFor(form.cmdPrint)->isVisible());
+    EXPECT_FALSE(widget->widgetFor(form.cmdOK)->isVisible());
+    EXPECT_FALSE(widget->widgetFor(form.cmdCancel)->isVisible());
+    EXPECT_FALSE(widget->widgetFor(form.cmdHelp)->isVisible());
+    EXPECT_EQ(changes, std::vector<std::string>{"ButtonProperty"});
+    EXPECT_TRUE(messages.empty());
+    EXPECT_EQ(dialog->result(), QDialog::Accepted);
+}
+
+TEST_F(PageDialogTest, HidingEveryButtonIsRefusedAndOkKeepsTheDialogOpen) {
+    Open(PropertyPageDialog::Kind::Buttons);
+    for (int i = 0; i < 4; ++i)
+        Choose(Find<QComboBox>("cboVisible", i), QStringLiteral("False"));
+
+    Click(dialog->okButton());
+
+    EXPECT_EQ(messages, std::vector<std::string>{"information: All buttons cannot be hide."});
+    EXPECT_TRUE(changes.empty());
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_TRUE(dialog->applyButton()->isEnabled());
+}
+
+TEST_F(PageDialogTest, TheDialogClosesWhenTheControlGoesAway) {
+    Open(PropertyPageDialog::Kind::General);
+    widget.reset();
+    Settle();
+
+    EXPECT_FALSE(dialog->isVisible());
+    EXPECT_EQ(dialog->result(), QDialog::Rejected);
+    EXPECT_TRUE(dialog->page().selectedControls().empty());
+}
+
+}  // namespace
+}  // namespace tabulon

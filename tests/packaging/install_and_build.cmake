@@ -1,0 +1,54 @@
+# Installs a Tabulon build into a fresh prefix and uses it as a host project would:
+#   1. cmake --install into WORK_DIR/prefix;
+#   2. configures and builds examples/minimal-host with find_package(Tabulon);
+#   3. builds headless_host.cpp with only the flags of the installed tabulon.pc and
+#      runs it on a sample (when pkg-config is there).
+# Variables: BUILD_DIR, SOURCE_DIR, WORK_DIR, GENERATOR, BUILD_TYPE, CXX, PKG_CONFIG.
+cmake_minimum_required(VERSION 3.25)
+
+function(run_step what)
+  execute_process(COMMAND ${ARGN}
+    RESULT_VARIABLE result OUTPUT_VARIABLE out ERROR_VARIABLE err)
+  if(NOT result EQUAL 0)
+    message(FATAL_ERROR "${what} failed (${result}):\n${out}\n${err}")
+  endif()
+  set(step_output "${out}" PARENT_SCOPE)
+endfunction()
+
+file(REMOVE_RECURSE ${WORK_DIR})
+set(prefix ${WORK_DIR}/prefix)
+
+run_step("install" ${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
+foreach(installed
+    include/tabulon/qt/spreadsheet_widget.h
+    include/tabulon/control/generic_sp_control.h
+    include/tabulon/platform/xml/xml_document.h
+    include/tabulon/qt/pages/property_page_dialog.h)
+  if(NOT EXISTS ${prefix}/${installed})
+    message(FATAL_ERROR "not installed: ${installed}")
+  endif()
+endforeach()
+
+run_step("configuring the example"
+  ${CMAKE_COMMAND} -S ${SOURCE_DIR}/examples/minimal-host -B ${WORK_DIR}/minimal-host
+  -G ${GENERATOR} -DCMAKE_BUILD_TYPE=${BUILD_TYPE} -DCMAKE_CXX_COMPILER=${CXX}
+  -DCMAKE_PREFIX_PATH=${prefix})
+run_step("building the example" ${CMAKE_COMMAND} --build ${WORK_DIR}/minimal-host)
+
+if(PKG_CONFIG)
+  file(GLOB pc_dirs ${prefix}/lib*/pkgconfig ${prefix}/lib/*/pkgconfig)
+  list(JOIN pc_dirs ":" pc_path)
+  set(ENV{PKG_CONFIG_PATH} "${pc_path}")
+  run_step("pkg-config tabulon" ${PKG_CONFIG} --cflags --libs tabulon)
+  string(STRIP "${step_output}" flags)
+  separate_arguments(flags UNIX_COMMAND "${flags}")
+  run_step("pkg-config tabulon-widgets" ${PKG_CONFIG} --exists --print-errors tabulon-widgets)
+  set(program ${WORK_DIR}/headless_host)
+  run_step("building headless_host with tabulon.pc"
+    ${CXX} ${SOURCE_DIR}/tests/packaging/headless_host.cpp -o ${program} ${flags})
+  run_step("running headless_host" ${program} ${SOURCE_DIR}/samples/english.xml)
+  if(NOT step_output STREQUAL "6 tree nodes\n")
+    message(FATAL_ERROR "headless_host printed \"${step_output}\", not \"6 tree nodes\"")
+  endif()
+endif()
+message(STATUS "installed, example and pkg-config host built in ${WORK_DIR}")
