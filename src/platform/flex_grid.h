@@ -56,6 +56,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -89,6 +90,12 @@ struct GridCell {
     CellAlignment alignment = CellAlignment::General;
     bool backColorSet = false;
 };
+
+class FlexGrid;
+
+// A reference to a grid that reads null once the grid is destroyed, for holders that
+// may outlive it (the scroll bars of one control can hold the grid of another).
+using GridHandle = std::shared_ptr<FlexGrid* const>;
 
 class FlexGrid : public Component {
 public:
@@ -184,6 +191,8 @@ public:
     void userMouseMove(int row, int col, int button = 0, int shift = 0);
     void userScroll(int rowDelta, int colDelta);
 
+    GridHandle handle() { return life_.of(this); }
+
     // --- notifications (plain callbacks; empty ones are skipped)
     std::function<void()> onEnterCell;
     std::function<void()> onLeaveCell;
@@ -206,6 +215,25 @@ private:
     bool moveLeftCol(int col);
     GridCell& cellRef(int row, int col);
 
+    // Clears the handles given out when the grid ends. A copy is another grid, with
+    // handles of its own.
+    class Life {
+    public:
+        Life() = default;
+        Life(const Life&) {}
+        Life& operator=(const Life&) { return *this; }
+        ~Life() {
+            if (self_) *self_ = nullptr;
+        }
+        GridHandle of(FlexGrid* grid) {
+            if (!self_) self_ = std::make_shared<FlexGrid*>(grid);
+            return self_;
+        }
+
+    private:
+        std::shared_ptr<FlexGrid*> self_;
+    };
+
     int rows_ = 0, cols_ = 0, fixedRows_ = 0, fixedCols_ = 0;
     int row_ = 0, col_ = 0, rowSel_ = 0, colSel_ = 0;
     int topRow_ = 0, leftCol_ = 0;
@@ -218,6 +246,7 @@ private:
     SizeIndex rowHeights_;
     SizeIndex colWidths_;
     std::vector<GridCell> cells_;  // row-major, rows_ x cols_
+    Life life_;
 };
 
 }  // namespace tabulon

@@ -63,10 +63,16 @@ void ScrollBarDriver::BarChanged() {
 void ScrollBarDriver::RunChangeSteps() {
     busy_ = true;
     if (!gridTaken_) {
-        grid_ = ScrollGrid();
+        FlexGrid* taken = ScrollGrid();
+        if (taken != nullptr) grid_ = taken->handle();
         gridTaken_ = true;
     }
-    AxisView axis(Require(grid_), axis_);
+    if (grid_ && *grid_ == nullptr) {  // the kept grid has ended with its control
+        busy_ = false;
+        moveGrid_ = true;
+        return;
+    }
+    AxisView axis(Require(grid()), axis_);
     const int n = Narrow16(axis.count());
     const int f = Narrow16(axis.fixed());
 

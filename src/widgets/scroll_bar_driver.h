@@ -10,6 +10,9 @@
 // Kept behaviours, on purpose:
 // - The grid is taken from ScrollGrid() at the first change and kept from then on
 //   (also when it was null then); the refresh reads ScrollGrid() every time.
+//   Decision: the kept grid may be another control's (the last one created on the
+//   thread); once that control has ended, a change of the bar moves nothing and
+//   leaves the bar as it is.
 // - The first visible scrollable index is recorded only while the recorded offset is
 //   still 0, so when the first scrollable index is itself visible the offset is that
 //   of the next visible one.
@@ -76,7 +79,7 @@ public:
     // The bar's value after the last completed change (0 before any).
     int previousValue() const { return previousValue_; }
     bool gridTaken() const { return gridTaken_; }
-    FlexGrid* grid() const { return grid_; }
+    FlexGrid* grid() const { return grid_ ? *grid_ : nullptr; }
 
 private:
     void RunChangeSteps();
@@ -85,7 +88,7 @@ private:
     GridAxis axis_;
     ErrorTexts texts_;
     MessageSink* sink_;
-    FlexGrid* grid_ = nullptr;
+    GridHandle grid_;
     bool gridTaken_ = false;
     bool busy_ = false;
     bool moveGrid_ = true;

@@ -2,9 +2,12 @@
 // DisplayColWidth, the discarding lets, first-time initialisation and termination.
 #include <gtest/gtest.h>
 
+#include <memory>
+
 #include "common/control_harness.h"
 #include "platform/xml/xml_document.h"
 #include "units/conversion_table.h"
+#include "widgets/horizontal_scroll.h"
 #include "widgets/scroll_grid.h"
 
 namespace tabulon {
@@ -87,6 +90,26 @@ TEST_F(ControlLifecycle, TheLastInstanceCreatedOrTerminatedDecidesThePerThreadSt
     control().Terminate();
     EXPECT_FALSE(HasConversionTable());
     EXPECT_EQ(ScrollGrid(), nullptr);
+}
+
+TEST_F(ControlLifecycle, ScrollBarsKeepingAnEndedControlsGridMoveNothing) {
+    // The bars take the thread's grid at their first change: here the second
+    // control's, which then ends before the first control's bars are used.
+    auto second = std::make_unique<Generic_SP_Control>(sink, host);
+    ASSERT_TRUE(second->Load(DataFile("shell_report.xml")));
+    ASSERT_TRUE(LoadDataFile("shell_report.xml"));
+    ctlHorizontalScroll& bar = form().hscGrid;
+    ASSERT_TRUE(bar.driver().gridTaken());
+    EXPECT_EQ(bar.driver().grid(), &second->form().msgGridView);
+    second.reset();
+
+    EXPECT_EQ(bar.driver().grid(), nullptr);
+    const int leftCol = form().msgGridView.leftCol();
+    bar.bar().userStep(+1);
+    bar.bar().userStep(-1);
+    EXPECT_EQ(form().msgGridView.leftCol(), leftCol);
+    EXPECT_FALSE(bar.driver().busy());
+    ExpectMessages({});
 }
 
 TEST_F(ControlLifecycle, CancelAndHelpOnlyRaiseTheirEvents) {
