@@ -7,9 +7,9 @@
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
+#include "document/cell_values_index.h"
 #include "platform/xml/xml_document.h"
 
 namespace tabulon {
@@ -59,10 +59,6 @@ private:
     int upperCol_ = -1;
     std::vector<xml::Node> nodes_;
 };
-
-// For one GridValue: its CellValues children grouped by GridValueKey, each group in
-// document order. Lets a node selection touch only the columns it shows.
-using CellValuesIndex = std::unordered_map<std::string, std::vector<xml::Node>>;
 
 // The Valid flag of every row of every value column, in the saving gate's order,
 // gathered by its scan (validation_scan.h) and used again for as long as the document
@@ -115,9 +111,9 @@ struct DocumentModel {
     std::string strCurrentValueKey;
     bool blnGridLoaded = false;
 
-    // Parallel to arrGridValueNodes; rebuilt lazily when stale (after a host event may
-    // have changed the document).
-    std::vector<CellValuesIndex> cellValuesIndex;
+    // Of arrGridValueNodes; rebuilt lazily when stale (after a host event may have
+    // changed the document).
+    CellValuesIndex cellValuesIndex;
     bool cellValuesIndexStale = true;
 
     // Kept by the saving gate's scan; rebuilt by it when out of date.

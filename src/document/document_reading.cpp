@@ -93,17 +93,8 @@ bool IndexGridStructure(DocumentModel& doc, xml::Node gridStructure) {
 }
 
 void RebuildCellValuesIndex(DocumentModel& doc) {
-    doc.cellValuesIndex.assign(doc.arrGridValueNodes.size(), CellValuesIndex{});
-    for (std::size_t i = 0; i < doc.arrGridValueNodes.size(); ++i) {
-        CellValuesIndex& index = doc.cellValuesIndex[i];
-        // Keys are compared trimmed, as the grid fill reads them; only elements can
-        // carry a key, so other children are not indexed.
-        for (xml::Node cellValues = doc.arrGridValueNodes[i].firstChild(); cellValues;
-             cellValues = cellValues.nextSibling()) {
-            if (cellValues.type() != xml::NodeType::Element) continue;
-            index[Trim(cellValues.attribute("GridValueKey").value())].push_back(cellValues);
-        }
-    }
+    // Keys are compared trimmed, as the grid fill reads them.
+    doc.cellValuesIndex.Build(doc.arrGridValueNodes);
     doc.cellValuesIndexStale = false;
 }
 

@@ -259,8 +259,8 @@ bool FillGridColumn(ControlCore& core, xml::Node gridValue, std::int16_t c,
         const bool indexed = c >= 1 && position < doc.arrGridValueNodes.size() &&
                              doc.arrGridValueNodes[position] == gridValue;
         if (!indexed) scanned = ScanCellValues(core, gridValue, key);
-        const std::vector<xml::Node>& matching =
-            indexed ? MatchingCellValues(core, position, key) : scanned;
+        const std::span<const xml::Node> matching =
+            indexed ? MatchingCellValues(core, position, key) : std::span<const xml::Node>(scanned);
 
         for (const xml::Node& cellValues : matching) {
             found = true;
@@ -296,17 +296,13 @@ void ClearGridCells(ControlCore& core) {
     }
 }
 
-const std::vector<xml::Node>& MatchingCellValues(ControlCore& core, std::size_t gridValue,
-                                                 const std::string& key) {
-    static const std::vector<xml::Node> kNone;
+std::span<const xml::Node> MatchingCellValues(ControlCore& core, std::size_t gridValue,
+                                              const std::string& key) {
     DocumentModel& doc = core.doc;
-    if (doc.cellValuesIndexStale || doc.cellValuesIndex.size() != doc.arrGridValueNodes.size()) {
+    if (doc.cellValuesIndexStale || doc.cellValuesIndex.columns() != doc.arrGridValueNodes.size()) {
         RebuildCellValuesIndex(doc);
     }
-    if (gridValue >= doc.cellValuesIndex.size()) return kNone;
-    const CellValuesIndex& index = doc.cellValuesIndex[gridValue];
-    const auto it = index.find(key);
-    return it == index.end() ? kNone : it->second;
+    return doc.cellValuesIndex.matching(gridValue, key);
 }
 
 }  // namespace tabulon

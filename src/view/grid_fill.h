@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 
 #include "platform/xml/xml_document.h"
@@ -20,7 +21,7 @@ void ClearGridCells(ControlCore& core);
 
 // The CellValues of gridValue (index into arrGridValueNodes) whose GridValueKey equals
 // key, in document order, from the index (rebuilt first when stale).
-const std::vector<xml::Node>& MatchingCellValues(ControlCore& core, std::size_t gridValue,
-                                                 const std::string& key);
+std::span<const xml::Node> MatchingCellValues(ControlCore& core, std::size_t gridValue,
+                                              const std::string& key);
 
 }  // namespace tabulon

@@ -193,7 +193,9 @@ TEST_F(GridFill, EveryMatchingCellValuesAppliesInDocumentOrder) {
     EXPECT_EQ(second.attribute("FilterValue").value(), " Y ");
     EXPECT_EQ(doc().arrCellNodes.at(1, 1), second.firstChild());
     const xml::Node first = doc().arrGridValueNodes.at(0).firstChild();
-    EXPECT_THAT(MatchingCellValues(core(), 0, "V1"), ElementsAre(first, second));
+    const std::span<const xml::Node> matching = MatchingCellValues(core(), 0, "V1");
+    EXPECT_THAT(std::vector<xml::Node>(matching.begin(), matching.end()),
+                ElementsAre(first, second));
 }
 
 TEST_F(GridFill, AUnitDropTextEndingInAnOpeningParenthesisFailsTheColumn) {
