@@ -10,27 +10,13 @@
 namespace tabulon::testing {
 namespace {
 
-GeneratedDocumentShape Shape(int keys, int cols, int rows) {
-    GeneratedDocumentShape shape;
-    shape.keys = keys;
-    shape.valueColumns = cols;
-    shape.rows = rows;
-    return shape;
-}
-
 TEST(TabulonGenerate, WritesTheGeneratedDocumentOfTheShapeGiven) {
-    GeneratedDocumentShape full = Shape(12, 3, 6);
-    full.gridHeaders = 2;
-    full.metric = true;
-    full.customUnits = 3;
-    full.depth = 4;
-    full.seed = 77;
-    full.invalidEvery = 9;
     const std::pair<const char*, GeneratedDocumentShape> cases[] = {
         {"generate --keys 12 --cols 3 --rows 6 --grids 2 --metric --custom-units 3 --depth 4 "
          "--seed 77 --invalid 9",
-         full},
-        {"generate --rows 2 --keys 3 --cols 1", Shape(3, 1, 2)},  // the rest: library defaults
+         {12, 3, 6, 2, true, 3, 4, 77, 9}},
+        // The rest: library defaults.
+        {"generate --rows 2 --keys 3 --cols 1", {.keys = 3, .valueColumns = 1, .rows = 2}},
     };
     for (const auto& [args, shape] : cases) {
         const ToolRun r = RunTool(args);

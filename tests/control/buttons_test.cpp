@@ -12,19 +12,10 @@ std::array<std::int32_t, 4> Lefts(const Form& f) {
     return {f.cmdPrint.left(), f.cmdOK.left(), f.cmdCancel.left(), f.cmdHelp.left()};
 }
 
+// Visibility of Print, OK, Cancel and Help, DefaultPos, and positions 100 to 400.
 gButtonProperty_type Record(VariantBool print, VariantBool ok, VariantBool cancel, VariantBool help,
                             VariantBool defaultPos) {
-    gButtonProperty_type record;
-    record.blnPrintVisible = print;
-    record.blnOKVisible = ok;
-    record.blnCancelVisible = cancel;
-    record.blnHelpVisible = help;
-    record.blnDefaultPos = defaultPos;
-    record.lngPrintLeft = 100;
-    record.lngOKLeft = 200;
-    record.lngCancelLeft = 300;
-    record.lngHelpLeft = 400;
-    return record;
+    return {print, ok, cancel, help, defaultPos, 100, 200, 300, 400};
 }
 
 using ButtonPlacement = ControlHarness;

@@ -49,13 +49,10 @@ TEST_F(GeneralPropertyLet, AColumnMinimumBeyondSixteenBitsFailsAfterTheEarlierSt
     EXPECT_TRUE(host.events().empty());
 }
 
-TEST_F(GeneralPropertyLet, TheCurrentTreeWidthLeavesTheSplitterAlone) {
-    form().imgSplitter.setLeft(100);
+TEST_F(GeneralPropertyLet, ANewTreeWidthGoesThroughTheSplitterAndItsLimits) {
+    form().imgSplitter.setLeft(100);  // the current width leaves the splitter alone
     control().SetGeneralProperty(control().GeneralProperty());
     EXPECT_EQ(form().imgSplitter.left(), 100);
-}
-
-TEST_F(GeneralPropertyLet, ANewTreeWidthGoesThroughTheSplitterAndItsLimits) {
     const struct {
         std::int32_t asked;
         std::int32_t width;

@@ -49,30 +49,25 @@ TEST_F(ControlLayout, GrowingMovesEveryPartByTheDifference) {
     ExpectMessages({});
 }
 
-TEST_F(ControlLayout, TheTreeTakesAThirdOfTheWidthChangeRoundedDown) {
-    control().Resize(8201, 6300);
-    EXPECT_EQ(form().treTreeView.width(), 2745);
-    control().Resize(8200, 6300);
-    EXPECT_EQ(form().treTreeView.width(), 2744);
+// The tree takes a third of the width change, rounded down; a narrow tree never shrinks.
+TEST_F(ControlLayout, TheTreeTakesAThirdOfTheWidthChange) {
+    const struct {
+        std::int32_t startWidth, controlWidth, width;
+    } cases[] = {{0, 8201, 2745}, {0, 8200, 2744}, {1400, 8500, 1500}, {0, 8200, 1500}};
+    for (const auto& c : cases) {
+        if (c.startWidth != 0) form().treTreeView.setWidth(c.startWidth);
+        control().Resize(c.controlWidth, 6300);
+        EXPECT_EQ(form().treTreeView.width(), c.width) << c.controlWidth;
+    }
 }
 
-TEST_F(ControlLayout, ANarrowTreeNeverShrinks) {
-    form().treTreeView.setWidth(1400);
-    control().Resize(8500, 6300);
-    EXPECT_EQ(form().treTreeView.width(), 1500);
-    control().Resize(8200, 6300);
-    EXPECT_EQ(form().treTreeView.width(), 1500);
-}
-
-TEST_F(ControlLayout, ASizeBelowTheMinimumIsRaisedBeforeAnythingMoves) {
+TEST_F(ControlLayout, ASizeBelowTheMinimumIsRaisedFirstAndBeyondSixteenBitsIsAnError) {
     const std::vector<Geometry> before = Layout(form());
     control().Resize(5000, 4000);
     EXPECT_EQ(form().control.width(), 8200);
     EXPECT_EQ(form().control.height(), 6300);
     EXPECT_EQ(Layout(form()), before);
-}
-
-TEST_F(ControlLayout, AWidthBeyondSixteenBitsIsAnError) {
+    ExpectMessages({});
     control().Resize(40000, 6300);
     ExpectMessages({Critical("Unexpected Error - 1003")});
 }
@@ -89,21 +84,19 @@ TEST_F(ControlLayout, TheSplitterMovesEverythingBesideTheTree) {
     EXPECT_EQ(LargestTreeViewWidth(), 3155);
 }
 
+// Only the left button drags; the tree stays within its limits.
 TEST_F(ControlLayout, TheSplitterKeepsTheTreeWithinItsLimits) {
     const struct {
+        int button;
         std::int32_t dx;
         std::int32_t width;
-    } cases[] = {{-5000, 1500}, {-1245, 1500}, {-1244, 1501}, {410, 3155}, {411, 3155}};
+    } cases[] = {{1, -5000, 1500}, {1, -1245, 1500}, {1, -1244, 1501},
+                 {1, 410, 3155},   {1, 411, 3155},   {2, 200, 2745}};
     for (const auto& c : cases) {
         NewControl();
-        control().SplitterDrag(1, 0, c.dx, 0);
-        EXPECT_EQ(form().treTreeView.width(), c.width) << c.dx;
+        control().SplitterDrag(c.button, 0, c.dx, 0);
+        EXPECT_EQ(form().treTreeView.width(), c.width) << c.button << " " << c.dx;
     }
-}
-
-TEST_F(ControlLayout, OnlyTheLeftButtonDragsTheSplitter) {
-    control().SplitterDrag(2, 0, 200, 0);
-    EXPECT_EQ(form().treTreeView.width(), 2745);
 }
 
 }  // namespace

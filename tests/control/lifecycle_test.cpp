@@ -53,7 +53,7 @@ TEST_F(ControlLifecycle, TheThreeLetsAcceptAndDiscardTheirValue) {
     ExpectMessages({});
 }
 
-TEST_F(ControlLifecycle, FirstTimeInitialisationChangesNothingVisible) {
+TEST_F(ControlLifecycle, InitialisationAndASecondShowingChangeNothingVisible) {
     Generic_SP_Control fresh(sink, host);
     fresh.form().cmdHelp.setVisible(false);
     fresh.InitProperties();
@@ -62,10 +62,7 @@ TEST_F(ControlLifecycle, FirstTimeInitialisationChangesNothingVisible) {
     EXPECT_FALSE(fresh.form().vscGrid.visible());
     EXPECT_EQ(fresh.GeneralProperty().intScrollBars, 0);
     EXPECT_TRUE(host.events().empty());
-}
-
-TEST_F(ControlLifecycle, ShowingTwicePlacesTheButtonsOnce) {
-    form().cmdOK.setLeft(10);
+    form().cmdOK.setLeft(10);  // showing a second time places no button
     control().Show();
     EXPECT_EQ(form().cmdOK.left(), 10);
 }
@@ -123,15 +120,13 @@ TEST_F(ControlLifecycle, CancelAndHelpOnlyRaiseTheirEvents) {
     EXPECT_EQ(control().XML(), xml);
 }
 
-TEST_F(ControlLifecycle, SpaceOnAButtonClicksItOnceAndOtherKeysDoNothing) {
+// Space on a button clicks it once and other keys do nothing; a text box takes them.
+TEST_F(ControlLifecycle, KeysReachTheFocusedPart) {
     form().cmdCancel.setFocus();
     control().UserKeyStroke(32, 32, 0);
     control().UserKeyStroke(13, 13, 0);
     control().UserKeyStroke(65, 65, 0);
     EXPECT_EQ(host.events(), (std::vector<RecordedEvent>{{HostEventKind::CancelClick, ""}}));
-}
-
-TEST_F(ControlLifecycle, KeysReachTheFocusedTextBox) {
     form().txtTextBoxControl.setVisible(true);
     form().txtTextBoxControl.setFocus();
     for (const char c : std::string("ab"))

@@ -32,30 +32,22 @@ public:
     std::vector<Written> writes;
 };
 
-const std::vector<std::string> kRestoreOrder = {
-    "hscGrid.LeftMargin",
-    "hscGrid.RightMargin",
-    "vscGrid.TopMargin",
-    "vscGrid.BottomMargin",
-    "ButtonProperty.blnPrintVisible",
-    "ButtonProperty.blnOKVisible",
-    "ButtonProperty.blnCancelVisible",
-    "ButtonProperty.blnHelpVisible",
-    "ButtonProperty.blnDefaultPos",
-    "ButtonProperty.lngPrintLeft",
-    "ButtonProperty.lngOKLeft",
-    "ButtonProperty.lngCancelLeft",
-    "ButtonProperty.lngHelpLeft",
-    "GeneralProperty.lngTreeViewWidth",
-    "GeneralProperty.lngTreeViewStyle",
-    "GeneralProperty.blnFilterVisible",
-    "GeneralProperty.strFilterCaption",
-    "GeneralProperty.strFilterLabel",
-    "GeneralProperty.blnAllowBigSelection",
-    "GeneralProperty.lngRowHeightMin",
-    "GeneralProperty.lngColWidthMin",
-    "GeneralProperty.intScrollBars",
-};
+// The margins, then the button record's fields, then the general record's, in order.
+const std::vector<std::string> kRestoreOrder = [] {
+    std::vector<std::string> keys = {"hscGrid.LeftMargin", "hscGrid.RightMargin",
+                                     "vscGrid.TopMargin", "vscGrid.BottomMargin"};
+    for (const char* field :
+         {"blnPrintVisible", "blnOKVisible", "blnCancelVisible", "blnHelpVisible", "blnDefaultPos",
+          "lngPrintLeft", "lngOKLeft", "lngCancelLeft", "lngHelpLeft"}) {
+        keys.push_back(std::string("ButtonProperty.") + field);
+    }
+    for (const char* field : {"lngTreeViewWidth", "lngTreeViewStyle", "blnFilterVisible",
+                              "strFilterCaption", "strFilterLabel", "blnAllowBigSelection",
+                              "lngRowHeightMin", "lngColWidthMin", "intScrollBars"}) {
+        keys.push_back(std::string("GeneralProperty.") + field);
+    }
+    return keys;
+}();
 
 using Persistence = ControlHarness;
 
@@ -132,13 +124,7 @@ TEST_F(Persistence, TheColumnMinimumOnlyAppliesToColumnsMadeLater) {
 }
 
 TEST_F(Persistence, SavedPositionsAreTheLastGivenNotWhereTheButtonsStand) {
-    gButtonProperty_type record = control().ButtonProperty();
-    record.blnDefaultPos = kTrue;
-    record.lngPrintLeft = 11;
-    record.lngOKLeft = 22;
-    record.lngCancelLeft = 33;
-    record.lngHelpLeft = 44;
-    control().SetButtonProperty(record);
+    control().SetButtonProperty({kTrue, kTrue, kTrue, kTrue, kTrue, 11, 22, 33, 44});
     control().Reposition_Button();
     ASSERT_EQ(form().cmdOK.left(), 4405);
     MemoryPropertyBag bag;

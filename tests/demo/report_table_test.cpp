@@ -35,53 +35,49 @@ const QString kReport = QStringLiteral(
     "</Column_Value>\r\n"
     "</Grid_Data>\r\n");
 
-TEST(ParseReport, CaptionsAndColumnsComeBackInTheirPlaces) {
-    const ReportTable table = ParseReport(kReport);
+// The table as text: column captions, row captions, then each data row's cells.
+std::string Shown(const ReportTable& table) {
+    QString text = table.columnCaptions.join('|') + " / " + table.rowCaptions.join('|') + " /";
+    for (int r = 0; r < table.rowCount(); ++r) {
+        text += ' ';
+        for (int c = 0; c < table.columnCount(); ++c)
+            text += (c == 0 ? "" : ",") + table.cell(r, c);
+    }
+    return text.toStdString();
+}
 
-    EXPECT_EQ(table.columnCaptions, QStringList({"A", "B"}));
-    EXPECT_EQ(table.rowCaptions, QStringList({"", "x", "y"}));
-    EXPECT_EQ(table.rowCount(), 2);
-    EXPECT_EQ(table.columnCount(), 2);
-    EXPECT_EQ(table.cell(0, 0), QStringLiteral("1"));
-    EXPECT_EQ(table.cell(1, 0), QStringLiteral("2"));
-    EXPECT_EQ(table.cell(0, 1), QStringLiteral("3"));
-    EXPECT_EQ(table.cell(1, 1), QStringLiteral("4"));
+TEST(ParseReport, CaptionsAndColumnsComeBackInTheirPlaces) {
+    QString shortColumn = kReport;
+    shortColumn.replace(QStringLiteral("<CellValue>4</CellValue>\r\n"), QString());
+    const struct {
+        const char* what;
+        QString report;
+        std::string shown;
+    } cases[] = {
+        {"two by two", kReport, "A|B / |x|y / 1,3 2,4"},
+        {"unescaped text as it is",
+         "<Grid_Data>\r\n<Column_Value>\r\n<CellValue>a<b & </c></CellValue>\r\n"
+         "</Column_Value>\r\n</Grid_Data>\r\n",
+         " /  / a<b & </c>"},
+        {"a line break runs on to the closing tag",
+         "<Row_Header>\r\n<RowCaption>first\r\nsecond</RowCaption>\r\n<RowCaption>z</RowCaption>"
+         "\r\n</Row_Header>\r\n",
+         " / first\nsecond|z / "},
+        {"lines outside their section are skipped",
+         "<CellValue>stray</CellValue>\r\n<Grid_Data>\r\n<CellValue>no column</CellValue>\r\n"
+         "<ColumnCaption>wrong section</ColumnCaption>\r\n</Grid_Data>\r\nnoise\r\n",
+         " /  /"},
+        {"a short column ends in empty cells", shortColumn, "A|B / |x|y / 1,3 2,"},
+        {"empty", QString(), " /  /"},
+    };
+    for (const auto& c : cases) {
+        const ReportTable table = ParseReport(c.report);
+        EXPECT_EQ(Shown(table), c.shown) << c.what;
+        EXPECT_EQ(table.empty(), c.shown == " /  /") << c.what;
+    }
+    const ReportTable table = ParseReport(kReport);
     EXPECT_EQ(table.cell(2, 0), QString());
     EXPECT_EQ(table.cell(0, 2), QString());
-}
-
-TEST(ParseReport, UnescapedTextIsTakenAsItIs) {
-    const ReportTable table = ParseReport(
-        QStringLiteral("<Grid_Data>\r\n<Column_Value>\r\n<CellValue>a<b & </c></CellValue>\r\n"
-                       "</Column_Value>\r\n</Grid_Data>\r\n"));
-    ASSERT_EQ(table.columnCount(), 1);
-    EXPECT_EQ(table.cell(0, 0), QStringLiteral("a<b & </c>"));
-}
-
-TEST(ParseReport, ATextWithALineBreakRunsOnToItsClosingTag) {
-    const ReportTable table = ParseReport(QStringLiteral(
-        "<Row_Header>\r\n<RowCaption>first\r\nsecond</RowCaption>\r\n<RowCaption>z</RowCaption>\r\n"
-        "</Row_Header>\r\n"));
-    EXPECT_EQ(table.rowCaptions, QStringList({"first\nsecond", "z"}));
-}
-
-TEST(ParseReport, LinesOutsideTheirSectionAreSkipped) {
-    const ReportTable table = ParseReport(QStringLiteral(
-        "<CellValue>stray</CellValue>\r\n<Grid_Data>\r\n<CellValue>no column</CellValue>\r\n"
-        "<ColumnCaption>wrong section</ColumnCaption>\r\n</Grid_Data>\r\nnoise\r\n"));
-    EXPECT_TRUE(table.empty());
-}
-
-TEST(ParseReport, AShortColumnShowsEmptyCellsBelowItsLast) {
-    QString report = kReport;
-    report.replace(QStringLiteral("<CellValue>4</CellValue>\r\n"), QString());
-    const ReportTable table = ParseReport(report);
-    EXPECT_EQ(table.rowCount(), 2);
-    EXPECT_EQ(table.cell(1, 1), QString());
-}
-
-TEST(ParseReport, AnEmptyReportIsAnEmptyTable) {
-    EXPECT_TRUE(ParseReport(QString()).empty());
 }
 
 TEST(ReportDocument, HoldsTheTitleThenTheTableWithCaptionRowAndColumn) {

@@ -107,13 +107,11 @@ TEST(FastValidityCheck, AcceptsTheBaseDocumentAndGeneratedDocuments) {
     EXPECT_TRUE(Judge(kBase).fast);
     EXPECT_TRUE(Judge(kBase).parser);
     for (const bool metric : {false, true}) {
-        GeneratedDocumentShape shape;
-        shape.keys = 40;
-        shape.metric = metric;
-        shape.customUnits = metric ? 9 : 0;
-        shape.depth = 6;
-        shape.invalidEvery = 7;
-        const Verdicts verdicts = Judge(GenerateDocument(shape));
+        const Verdicts verdicts = Judge(GenerateDocument({.keys = 40,
+                                                          .metric = metric,
+                                                          .customUnits = metric ? 9 : 0,
+                                                          .depth = 6,
+                                                          .invalidEvery = 7}));
         EXPECT_TRUE(verdicts.fast);
         EXPECT_TRUE(verdicts.parser);
     }

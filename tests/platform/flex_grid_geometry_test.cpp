@@ -68,6 +68,11 @@ TEST_F(FlexGridGeometry, ScrollPositionsPastTheLastOneClampToIt) {
     EXPECT_EQ(grid.maxTopRow(), 6);
     grid.setRowHeight(10, 5000);  // a last row taller than the grid: it may be scrolled to
     EXPECT_EQ(grid.maxTopRow(), 10);
+    Shape(grid, 1, 3);  // without scrollable rows TopRow is the fixed count
+    EXPECT_EQ(grid.topRow(), 1);
+    EXPECT_EQ(grid.maxTopRow(), 1);
+    EXPECT_THROW(grid.setTopRow(0), InvalidArgumentFailure);
+    EXPECT_THROW(grid.setTopRow(1), InvalidArgumentFailure);
 }
 
 TEST_F(FlexGridGeometry, SizeChangesClampTheScrollPositionSilently) {
@@ -79,14 +84,6 @@ TEST_F(FlexGridGeometry, SizeChangesClampTheScrollPositionSilently) {
     EXPECT_EQ(grid.topRow(), 1);
     EXPECT_TRUE(log.events.empty());
     EXPECT_EQ(kinds, (std::vector<Change>{Change::Scroll, Change::Geometry}));
-}
-
-TEST_F(FlexGridGeometry, WithoutScrollableRowsTopRowIsTheFixedCount) {
-    Shape(grid, 1, 3);
-    EXPECT_EQ(grid.topRow(), 1);
-    EXPECT_EQ(grid.maxTopRow(), 1);
-    EXPECT_THROW(grid.setTopRow(0), InvalidArgumentFailure);
-    EXPECT_THROW(grid.setTopRow(1), InvalidArgumentFailure);
 }
 
 TEST_F(FlexGridGeometry, HitTestsFindTheRowAndColumnUnderAPoint) {

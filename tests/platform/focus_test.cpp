@@ -33,7 +33,7 @@ TEST_F(FocusOrder, LostFocusOfTheOldRunsBeforeGotFocusOfTheNew) {
     EXPECT_FALSE(a.hasFocus());
 }
 
-TEST_F(FocusOrder, HiddenDisabledOrUnattachedComponentsDoNotTakeTheFocus) {
+TEST_F(FocusOrder, HiddenDisabledOrUnattachedComponentsNeitherTakeNorKeepTheFocus) {
     a.setFocus();
     b.setVisible(false);
     b.setFocus();
@@ -44,11 +44,7 @@ TEST_F(FocusOrder, HiddenDisabledOrUnattachedComponentsDoNotTakeTheFocus) {
     loose.setFocus();
     EXPECT_EQ(focus.focused(), &a);
     EXPECT_FALSE(loose.hasFocus());
-}
-
-TEST_F(FocusOrder, HidingTheFocusedComponentTakesItsFocusAway) {
-    a.setFocus();
-    a.setVisible(false);
+    a.setVisible(false);  // hiding the focused component takes its focus away
     EXPECT_EQ(focus.focused(), nullptr);
     EXPECT_EQ(log, (std::vector<std::string>{"Got a", "Lost a"}));
 }

@@ -39,13 +39,17 @@ TEST_F(TreeViewTest, NodesAreNumberedInAddOrderUnderTheirRelatives) {
     EXPECT_THROW(tree.node(6), InvalidArgumentFailure);
 }
 
-TEST_F(TreeViewTest, DuplicateOrUnknownKeysThrowAndLeaveTheTreeAsItWas) {
+TEST_F(TreeViewTest, DuplicateOrUnknownKeysAndUnknownStylesThrowAndChangeNothing) {
     EXPECT_THROW(tree.add("", "C1", "again", 0), InvalidArgumentFailure);
     EXPECT_THROW(tree.add("nope", "X", "orphan", 0), InvalidArgumentFailure);
     EXPECT_EQ(tree.count(), 5);
     tree.clear();
     EXPECT_EQ(tree.count(), 0);
     EXPECT_EQ(tree.add("", "C1", "reused", 0), 1);  // keys are free again after clear
+    tree.setStyle(0);                               // the eight styles 0..7 only
+    EXPECT_THROW(tree.setStyle(8), InvalidArgumentFailure);
+    EXPECT_THROW(tree.setStyle(-1), InvalidArgumentFailure);
+    EXPECT_EQ(tree.style(), 0);
 }
 
 TEST_F(TreeViewTest, ClickingANodeSelectsItThenRaisesNodeClick) {
@@ -69,13 +73,6 @@ TEST_F(TreeViewTest, CollapsingMovesADescendantsSelectionUpBeforeCollapseRuns) {
     tree.userCollapse(1);  // selection elsewhere: it stays
     tree.userCollapse(1);  // already collapsed: nothing
     EXPECT_EQ(log, (std::vector<std::string>{"Collapse 1 selected 1", "Collapse 1 selected 5"}));
-}
-
-TEST_F(TreeViewTest, StyleAcceptsTheEightStylesOnly) {
-    tree.setStyle(0);
-    EXPECT_THROW(tree.setStyle(8), InvalidArgumentFailure);
-    EXPECT_THROW(tree.setStyle(-1), InvalidArgumentFailure);
-    EXPECT_EQ(tree.style(), 0);
 }
 
 }  // namespace

@@ -39,22 +39,16 @@ TEST_F(SettingsBag, EveryValueTypeComesBackFromTheFile) {
     EXPECT_EQ(bag.ReadString("caption", ""), "Pump family");
 }
 
-TEST_F(SettingsBag, AValueEqualToItsDefaultIsRemoved) {
-    QSettings settings(IniPath(), QSettings::IniFormat);
-    QSettingsPropertyBag bag(settings);
-    bag.Write("width", std::int64_t{3000}, std::int64_t{2745});
-    ASSERT_TRUE(settings.contains(QStringLiteral("width")));
-    bag.Write("width", std::int64_t{2745}, std::int64_t{2745});
-    EXPECT_FALSE(settings.contains(QStringLiteral("width")));
-    EXPECT_EQ(bag.ReadInt32("width", 2745), 2745);
-}
-
-TEST_F(SettingsBag, KeysLiveUnderTheGroupAndTheSettingsGroupStays) {
+TEST_F(SettingsBag, KeysLiveUnderTheGroupAndAValueEqualToItsDefaultIsRemoved) {
     QSettings settings(IniPath(), QSettings::IniFormat);
     QSettingsPropertyBag bag(settings, QStringLiteral("Spreadsheet1"));
+    const QString key = QStringLiteral("Spreadsheet1/hscGrid.LeftMargin");
     bag.Write("hscGrid.LeftMargin", std::int64_t{900}, std::int64_t{1100});
-    EXPECT_TRUE(settings.contains(QStringLiteral("Spreadsheet1/hscGrid.LeftMargin")));
+    EXPECT_TRUE(settings.contains(key));
     EXPECT_TRUE(settings.group().isEmpty());
+    bag.Write("hscGrid.LeftMargin", std::int64_t{1100}, std::int64_t{1100});
+    EXPECT_FALSE(settings.contains(key));
+    EXPECT_EQ(bag.ReadInt32("hscGrid.LeftMargin", 1100), 1100);
 }
 
 TEST_F(SettingsBag, StoredTypesReadBackAsTheSameKind) {

@@ -14,10 +14,12 @@
 namespace tabulon::testing {
 namespace {
 
-QString RenderPath(const std::string& name) {
+// Renders the whole widget and keeps the picture as qt_renders/<name>.png.
+void KeepRender(QWidget& widget, const std::string& name) {
     const QString dir = QString::fromUtf8(TABULON_BINARY_DIR) + QStringLiteral("/qt_renders");
     QDir().mkpath(dir);
-    return dir + QLatin1Char('/') + QString::fromStdString(name) + QStringLiteral(".png");
+    EXPECT_TRUE(widget.grab().toImage().save(dir + QLatin1Char('/') + QString::fromStdString(name) +
+                                             QStringLiteral(".png")));
 }
 
 // Pixels of a rectangle that differ from its background colour.
@@ -36,8 +38,7 @@ class RenderSample : public WidgetFixture, public ::testing::WithParamInterface<
 TEST_P(RenderSample, GridAndTreeShowTheDocument) {
     ASSERT_TRUE(Load("samples/" + GetParam() + ".xml"));
     ProcessEvents();
-    const QImage image = widget().grab().toImage();
-    ASSERT_TRUE(image.save(RenderPath(GetParam())));
+    KeepRender(widget(), GetParam());
 
     auto* view = static_cast<GridView*>(widget().widgetFor(form().msgGridView));
     const QImage grid = view->grab().toImage();
@@ -48,9 +49,8 @@ TEST_P(RenderSample, GridAndTreeShowTheDocument) {
     EXPECT_GT(InkPixels(grid, cell.adjusted(0, 0, -1, -1), qRgb(255, 255, 255)), 10);
 
     auto* tree = static_cast<QTreeWidget*>(widget().widgetFor(form().treTreeView));
-    EXPECT_EQ(tree->topLevelItemCount() > 0, true);
-    const QImage treeImage = tree->grab().toImage();
-    EXPECT_GT(DistinctColours(treeImage), 8);
+    EXPECT_GT(tree->topLevelItemCount(), 0);
+    EXPECT_GT(DistinctColours(tree->grab().toImage()), 8);
 }
 
 INSTANTIATE_TEST_SUITE_P(Samples, RenderSample, ::testing::Values("english", "metric", "filtered"));
@@ -62,8 +62,7 @@ TEST_F(Rendering, AnOpenEditorLiesExactlyOverItsCell) {
     ClickNode("PUMPS");
     ClickCell(1, 2);
     ASSERT_TRUE(form().txtTextBoxControl.visible());
-    const QImage image = widget().grab().toImage();
-    ASSERT_TRUE(image.save(RenderPath("english_editing")));
+    KeepRender(widget(), "english_editing");
     QWidget* editor = widget().widgetFor(form().txtTextBoxControl);
     const QPoint gridOrigin = widget().widgetFor(form().msgGridView)->pos();
     auto* view = static_cast<GridView*>(widget().widgetFor(form().msgGridView));
@@ -71,14 +70,11 @@ TEST_F(Rendering, AnOpenEditorLiesExactlyOverItsCell) {
 }
 
 TEST_F(Rendering, UnitDropEditorShowsBothPartsBesideTheScrollBars) {
-    gGeneralProperty_type general = widget().GeneralProperty();
-    general.intScrollBars = 1;
-    widget().setGeneralProperty(general);
+    UseScrollBars();
     ASSERT_TRUE(Load("samples/filtered.xml"));
     ClickCell(4, 2);
     ASSERT_TRUE(form().unitDropControl.visible());
-    const QImage image = widget().grab().toImage();
-    ASSERT_TRUE(image.save(RenderPath("filtered_unit_editor")));
+    KeepRender(widget(), "filtered_unit_editor");
     auto* binding = dynamic_cast<UnitDropBinding*>(widget().bindingFor(form().unitDropControl));
     ASSERT_NE(binding, nullptr);
     const TwipsScale& scale = widget().scale();
@@ -93,8 +89,7 @@ TEST_F(Rendering, UnitNumberEditorShowsTheUnitLabel) {
     ASSERT_TRUE(Load("samples/metric.xml"));
     ClickCell(1, 1);
     ASSERT_TRUE(form().unitNumControl.visible());
-    const QImage image = widget().grab().toImage();
-    ASSERT_TRUE(image.save(RenderPath("metric_unit_editor")));
+    KeepRender(widget(), "metric_unit_editor");
     auto* binding = dynamic_cast<UnitNumBinding*>(widget().bindingFor(form().unitNumControl));
     ASSERT_NE(binding, nullptr);
     EXPECT_EQ(binding->unitLabel()->text().toStdString(), form().unitNumControl.UnitLabel());

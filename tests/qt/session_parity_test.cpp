@@ -27,25 +27,19 @@ int Int(const JsonValue& value) {
 // The grid model against the session's "dump grid".
 void ExpectGridMatches(const FlexGrid& grid, const JsonValue& dump) {
     ASSERT_TRUE(dump.has("cells")) << "no grid dump";
-    EXPECT_EQ(grid.rows(), Int(dump["rows"]));
-    EXPECT_EQ(grid.cols(), Int(dump["cols"]));
-    EXPECT_EQ(grid.row(), Int(dump["row"]));
-    EXPECT_EQ(grid.col(), Int(dump["col"]));
-    EXPECT_EQ(grid.rowSel(), Int(dump["rowSel"]));
-    EXPECT_EQ(grid.colSel(), Int(dump["colSel"]));
-    EXPECT_EQ(grid.topRow(), Int(dump["topRow"]));
-    EXPECT_EQ(grid.leftCol(), Int(dump["leftCol"]));
+    const std::pair<const char*, int> fields[] = {
+        {"rows", grid.rows()},     {"cols", grid.cols()},      {"row", grid.row()},
+        {"col", grid.col()},       {"rowSel", grid.rowSel()},  {"colSel", grid.colSel()},
+        {"topRow", grid.topRow()}, {"leftCol", grid.leftCol()}};
+    for (const auto& [name, value] : fields)
+        EXPECT_EQ(value, Int(dump[name])) << name;
     for (int c = 0; c < grid.cols(); ++c) {
-        EXPECT_EQ(grid.colWidth(c), Int(dump["colWidths"][static_cast<std::size_t>(c)]))
-            << "column " << c;
-    }
-    for (int r = 0; r < grid.rows(); ++r) {
-        for (int c = 0; c < grid.cols(); ++c) {
+        EXPECT_EQ(grid.colWidth(c), Int(dump["colWidths"][static_cast<std::size_t>(c)])) << c;
+        for (int r = 0; r < grid.rows(); ++r) {
             const JsonValue& cell =
                 dump["cells"][static_cast<std::size_t>(r)][static_cast<std::size_t>(c)];
-            EXPECT_EQ(grid.textMatrix(r, c), cell["text"].text) << "cell " << r << ", " << c;
-            EXPECT_EQ(Hex(grid.cellBackColor(r, c)), cell["back"].text)
-                << "cell " << r << ", " << c;
+            EXPECT_EQ(grid.textMatrix(r, c), cell["text"].text) << r << ", " << c;
+            EXPECT_EQ(Hex(grid.cellBackColor(r, c)), cell["back"].text) << r << ", " << c;
         }
     }
 }
@@ -62,54 +56,49 @@ void ExpectSameDocument(const std::string& actual, const std::string& expected) 
                   << "\n  session: " << lineE;
 }
 
-// The last "xml" result of a session run.
-std::string SessionXml(const SessionRun& run) {
-    const std::vector<JsonValue> results = Results(run);
-    return results.empty() ? std::string("<no result>") : results.back().text;
-}
-
-// A path as a session script word.
-std::string Quoted(const std::string& text) {
-    return "\"" + text + "\"";
-}
-
 class SessionParity : public WidgetFixture {
 protected:
+    // Loads a copy of a sample into the widget and returns its path.
+    std::string LoadCopy(const std::string& sample) {
+        const std::string path = SampleCopy(sample);
+        EXPECT_TRUE(Load(path));
+        return path;
+    }
     // Runs the session tool on document with steps, then dumps the grid and reads the
     // document, and expects the same outcome as the widget's; returns the run.
     SessionRun ExpectSameAs(const std::string& document, const std::string& steps) {
-        const SessionRun run =
-            RunSteps("load " + Quoted(document) + "\n" + steps + "dump grid\nxml\n");
+        const SessionRun run = RunSteps("load \"" + document + "\"\n" + steps + "dump grid\nxml\n");
         ExpectSameOutcome(run);
         return run;
     }
     void ExpectSameOutcome(const SessionRun& run) {
         ASSERT_EQ(run.status, 0) << run.err;
         ExpectGridMatches(form().msgGridView, LastDump(run, "grid"));
-        ExpectSameDocument(widget().XML().toStdString(), SessionXml(run));
+        const std::vector<JsonValue> results = Results(run);
+        ExpectSameDocument(widget().XML().toStdString(),
+                           results.empty() ? "<no result>" : results.back().text);
         EXPECT_EQ(events, SessionEvents(run));
         EXPECT_EQ(messages, SessionMessages(run));
     }
 };
 
 TEST_F(SessionParity, LayoutOfEveryChildMatchesTheSessionAtTheSameSize) {
-    const SessionRun run = RunSteps("dump layout\n");
-    const JsonValue layout = LastDump(run, "layout");
+    const JsonValue layout = LastDump(RunSteps("dump layout\n"), "layout");
     ASSERT_TRUE(layout.has("treTreeView"));
     for (Component* child : form().children()) {
         const JsonValue& expected = layout[child->name()];
         if (!expected.has("left")) continue;
-        EXPECT_EQ(child->left(), Int(expected["left"])) << child->name();
-        EXPECT_EQ(child->top(), Int(expected["top"])) << child->name();
-        EXPECT_EQ(child->width(), Int(expected["width"])) << child->name();
-        EXPECT_EQ(child->height(), Int(expected["height"])) << child->name();
-        EXPECT_EQ(child->visible(), expected["visible"].boolean) << child->name();
+        SCOPED_TRACE(child->name());
+        EXPECT_EQ(child->left(), Int(expected["left"]));
+        EXPECT_EQ(child->top(), Int(expected["top"]));
+        EXPECT_EQ(child->width(), Int(expected["width"]));
+        EXPECT_EQ(child->height(), Int(expected["height"]));
+        EXPECT_EQ(child->visible(), expected["visible"].boolean);
     }
 }
 
 TEST_F(SessionParity, TypingIntoAValidatedCellThenTabRaisesTheSameAppGridEvent) {
-    const std::string path = SampleCopy("english.xml");
-    ASSERT_TRUE(Load(path));
+    const std::string path = LoadCopy("english.xml");
     ClickNode("PUMPS");
     ClickCell(1, 1);
     TypeText(QStringLiteral("P9"));
@@ -122,8 +111,7 @@ TEST_F(SessionParity, TypingIntoAValidatedCellThenTabRaisesTheSameAppGridEvent) 
 }
 
 TEST_F(SessionParity, ChoosingFromThePickListAndEnterCommitsLikeTheSession) {
-    const std::string path = SampleCopy("english.xml");
-    ASSERT_TRUE(Load(path));
+    const std::string path = LoadCopy("english.xml");
     ClickCell(1, 1);
     auto* combo = qobject_cast<QComboBox*>(widget().widgetFor(form().cboComboBoxControl));
     ASSERT_TRUE(combo->isVisible());
@@ -136,24 +124,22 @@ TEST_F(SessionParity, ChoosingFromThePickListAndEnterCommitsLikeTheSession) {
 }
 
 TEST_F(SessionParity, OutOfRangeNumberTurnsTheCellRedLikeTheSession) {
-    const std::string path = SampleCopy("english.xml");
-    ASSERT_TRUE(Load(path));
+    const std::string path = LoadCopy("english.xml");
     ClickCell(2, 1);
-    for (int i = 0; i < 6; ++i)
+    std::string steps = "click 2 1\n";
+    for (int i = 0; i < 6; ++i) {
         KeyClick(Qt::Key_Backspace);
+        steps += "key Backspace\n";
+    }
     TypeText(QStringLiteral("600000"));
     KeyClick(Qt::Key_Tab);
 
-    std::string steps = "click 2 1\n";
-    for (int i = 0; i < 6; ++i)
-        steps += "key Backspace\n";
     ExpectSameAs(path, steps + "type \"600000\"\nkey Tab\n");
     EXPECT_NE(form().msgGridView.cellBackColor(2, 1), FlexGrid::kBackColor);
 }
 
 TEST_F(SessionParity, ChoosingAUnitInTheUnitDropDownMatchesTheSession) {
-    const std::string path = SampleCopy("filtered.xml");
-    ASSERT_TRUE(Load(path));
+    const std::string path = LoadCopy("filtered.xml");
     ClickCell(4, 1);
     auto* binding = dynamic_cast<UnitDropBinding*>(widget().bindingFor(form().unitDropControl));
     ASSERT_NE(binding, nullptr);
@@ -195,8 +181,7 @@ TEST_F(SessionParity, FilterChoiceShowsTheSameColumns) {
 }
 
 TEST_F(SessionParity, ButtonsRaiseTheSameEventsAndSpaceClicksOnce) {
-    const std::string path = SampleCopy("english.xml");
-    ASSERT_TRUE(Load(path));
+    const std::string path = LoadCopy("english.xml");
     ClickButton(form().cmdPrint);
     ClickButton(form().cmdCancel);
     KeyClick(Qt::Key_Space);  // the Cancel button has the focus now
@@ -210,18 +195,25 @@ TEST_F(SessionParity, ButtonsRaiseTheSameEventsAndSpaceClicksOnce) {
     EXPECT_EQ(events[2], "CancelClick");
 }
 
+TEST_F(SessionParity, EnterOnAButtonMovesTheGridInsteadOfClickingIt) {
+    ASSERT_TRUE(Load("samples/english.xml"));
+    ClickButton(form().cmdHelp);
+    KeyClick(Qt::Key_Return);
+
+    ExpectSameAs("samples/english.xml", "button Help\nbutton-key Help Enter\n");
+    EXPECT_EQ(events, std::vector<std::string>{"HelpClick"});
+    EXPECT_EQ(form().msgGridView.row(), 2);
+}
+
 TEST_F(SessionParity, ScrollBarClicksCommitTheEditorAndMoveTheGridLikeTheSession) {
-    gGeneralProperty_type general = widget().GeneralProperty();
-    general.intScrollBars = 1;
-    widget().setGeneralProperty(general);
+    UseScrollBars();
     ASSERT_TRUE(Load("samples/filtered.xml"));
     ClickCell(1, 1);
     KeyClick(Qt::Key_Backspace);
     TypeText(QStringLiteral("9"));
-    auto* binding = dynamic_cast<ScrollBarBinding*>(widget().bindingFor(form().hscGrid));
-    QScrollBar* bar = binding->scrollBar();
-    ASSERT_TRUE(bar->isVisible());
-    ASSERT_TRUE(bar->isEnabled());
+    QScrollBar* bar =
+        dynamic_cast<ScrollBarBinding*>(widget().bindingFor(form().hscGrid))->scrollBar();
+    ASSERT_TRUE(bar->isVisible() && bar->isEnabled());
     // The right arrow, then the track right of the thumb.
     QTest::mouseClick(bar, Qt::LeftButton, Qt::NoModifier,
                       QPoint(bar->width() - 3, bar->height() / 2));
@@ -261,9 +253,10 @@ TEST_F(SessionParity, SplitterDragWidensTheTreeLikeTheSession) {
     ProcessEvents();
     const std::int32_t dx = widget().scale().toTwipsX(30);
 
-    const SessionRun run = ExpectSameAs("samples/english.xml",
-                                        "drag-splitter " + std::to_string(dx) + "\ndump layout\n");
-    const JsonValue layout = LastDump(run, "layout");
+    const JsonValue layout =
+        LastDump(ExpectSameAs("samples/english.xml",
+                              "drag-splitter " + std::to_string(dx) + "\ndump layout\n"),
+                 "layout");
     EXPECT_EQ(form().treTreeView.width(), Int(layout["treTreeView"]["width"]));
     EXPECT_EQ(form().msgGridView.left(), Int(layout["msgGridView"]["left"]));
     EXPECT_GT(form().treTreeView.width(), 2745);
@@ -281,24 +274,14 @@ TEST_F(SessionParity, CollapsingAParentByItsIndicatorMovesTheSelectionLikeTheSes
     ProcessEvents();
     EXPECT_FALSE(project->isExpanded());
 
-    const SessionRun run =
-        ExpectSameAs("samples/english.xml", "node CHILLERS\ncollapse PROJECT\ndump tree\n");
-    const JsonValue dump = LastDump(run, "tree");
+    const JsonValue dump = LastDump(
+        ExpectSameAs("samples/english.xml", "node CHILLERS\ncollapse PROJECT\ndump tree\n"),
+        "tree");
     for (int i = 1; i <= form().treTreeView.count(); ++i) {
         const JsonValue& node = dump["nodes"][static_cast<std::size_t>(i - 1)];
         EXPECT_EQ(form().treTreeView.node(i).expanded, node["expanded"].boolean) << i;
         EXPECT_EQ(form().treTreeView.selectedIndex() == i, node["selected"].boolean) << i;
     }
-}
-
-TEST_F(SessionParity, EnterOnAButtonMovesTheGridInsteadOfClickingIt) {
-    ASSERT_TRUE(Load("samples/english.xml"));
-    ClickButton(form().cmdHelp);
-    KeyClick(Qt::Key_Return);
-
-    ExpectSameAs("samples/english.xml", "button Help\nbutton-key Help Enter\n");
-    EXPECT_EQ(events, std::vector<std::string>{"HelpClick"});
-    EXPECT_EQ(form().msgGridView.row(), 2);
 }
 
 TEST_F(SessionParity, ArrowKeyInTheTreeSelectsTheNextNodeLikeClickingIt) {
@@ -311,8 +294,7 @@ TEST_F(SessionParity, ArrowKeyInTheTreeSelectsTheNextNodeLikeClickingIt) {
 }
 
 TEST_F(SessionParity, EditingAMetricNumberStoresItLikeTheSession) {
-    const std::string path = SampleCopy("metric.xml");
-    ASSERT_TRUE(Load(path));
+    const std::string path = LoadCopy("metric.xml");
     ClickCell(1, 1);
     KeyClick(Qt::Key_Backspace);
     TypeText(QStringLiteral("5"));
@@ -324,8 +306,7 @@ TEST_F(SessionParity, EditingAMetricNumberStoresItLikeTheSession) {
 
 TEST_F(SessionParity, ABrokenDocumentShowsTheSameMessages) {
     EXPECT_FALSE(widget().LoadXML(QStringLiteral("<xml><bad")));
-    const SessionRun run = RunSteps("loadxml-text \"<xml><bad\"\n");
-    EXPECT_EQ(messages, SessionMessages(run));
+    EXPECT_EQ(messages, SessionMessages(RunSteps("loadxml-text \"<xml><bad\"\n")));
     EXPECT_FALSE(messages.empty());
 }
 

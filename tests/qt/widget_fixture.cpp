@@ -55,6 +55,12 @@ bool WidgetFixture::Load(const std::string& path) {
     return widget_->Load(QString::fromStdString(path));
 }
 
+void WidgetFixture::UseScrollBars() {
+    gGeneralProperty_type general = widget_->GeneralProperty();
+    general.intScrollBars = 1;
+    widget_->setGeneralProperty(general);
+}
+
 void WidgetFixture::ProcessEvents() {
     QCoreApplication::processEvents();
     QCoreApplication::processEvents();

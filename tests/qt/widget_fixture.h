@@ -57,6 +57,8 @@ protected:
     std::string SampleCopy(const std::string& name);
     // Loads a file through the widget's Load (paths relative to the repository root).
     bool Load(const std::string& path);
+    // Shows the control's own scroll bars (GeneralProperty.intScrollBars = 1).
+    void UseScrollBars();
 
     // --- real input events
     QPoint CellCentre(int row, int col);

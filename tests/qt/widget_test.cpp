@@ -25,6 +25,12 @@ protected:
     QLineEdit* TextEditor() {
         return qobject_cast<QLineEdit*>(widget().widgetFor(form().txtTextBoxControl));
     }
+    // Opens the text editor on the pump tag "CHWP-2" of english.xml.
+    void EditPumpTag() {
+        ASSERT_TRUE(Load("samples/english.xml"));
+        ClickNode("PUMPS");
+        ClickCell(1, 2);
+    }
 };
 
 TEST_F(WidgetBehaviour, EveryBoundWidgetSitsWhereItsModelSaysInPixels) {
@@ -36,11 +42,11 @@ TEST_F(WidgetBehaviour, EveryBoundWidgetSitsWhereItsModelSaysInPixels) {
         QWidget* shown = widget().widgetFor(*child);
         if (shown == nullptr) continue;
         ++bound;
+        SCOPED_TRACE(child->name());
         EXPECT_EQ(shown->geometry(),
-                  scale.toPixels(child->left(), child->top(), child->width(), child->height()))
-            << child->name();
-        EXPECT_EQ(shown->isHidden(), !child->visible()) << child->name();
-        EXPECT_EQ(shown->isEnabled(), child->enabled()) << child->name();
+                  scale.toPixels(child->left(), child->top(), child->width(), child->height()));
+        EXPECT_EQ(shown->isHidden(), !child->visible());
+        EXPECT_EQ(shown->isEnabled(), child->enabled());
     }
     EXPECT_EQ(bound, 16);
     EXPECT_EQ(widget().widgetFor(form().unitNumForCnv), nullptr);
@@ -73,23 +79,18 @@ TEST(SpreadsheetWidgetLifecycle, FirstShowingPlacesTheButtonsOnce) {
     EXPECT_EQ(form.cmdCancel.left(), form.control.width() - 2530);
 }
 
-TEST_F(WidgetBehaviour, ClickingATextCellGivesItsEditorQtsFocusWithTheTextSelected) {
-    ASSERT_TRUE(Load("samples/english.xml"));
-    ClickNode("PUMPS");
-    ClickCell(1, 2);
+TEST_F(WidgetBehaviour, QtsFocusFollowsTheModelsAndATextCellSelectsItsText) {
+    EditPumpTag();
     QLineEdit* editor = TextEditor();
     EXPECT_EQ(QApplication::focusWidget(), editor);
     EXPECT_TRUE(form().txtTextBoxControl.hasFocus());
     EXPECT_EQ(editor->text(), QStringLiteral("CHWP-2"));
     EXPECT_EQ(editor->selectedText(), QStringLiteral("CHWP-2"));
-}
-
-TEST_F(WidgetBehaviour, QtsFocusFollowsTheModelsFocus) {
-    ASSERT_TRUE(Load("samples/english.xml"));
-    form().msgGridView.setFocus();
-    EXPECT_EQ(QApplication::focusWidget(), widget().widgetFor(form().msgGridView));
-    form().treTreeView.setFocus();
-    EXPECT_EQ(QApplication::focusWidget(), widget().widgetFor(form().treTreeView));
+    for (Component* model : {static_cast<Component*>(&form().msgGridView),
+                             static_cast<Component*>(&form().treTreeView)}) {
+        model->setFocus();
+        EXPECT_EQ(QApplication::focusWidget(), widget().widgetFor(*model)) << model->name();
+    }
 }
 
 TEST_F(WidgetBehaviour, TabMovesTheCellAndNeverLeavesTheControl) {
@@ -102,9 +103,7 @@ TEST_F(WidgetBehaviour, TabMovesTheCellAndNeverLeavesTheControl) {
 }
 
 TEST_F(WidgetBehaviour, CaretKeysAndDeleteEditThroughTheModel) {
-    ASSERT_TRUE(Load("samples/english.xml"));
-    ClickNode("PUMPS");
-    ClickCell(1, 2);  // "CHWP-2", all selected
+    EditPumpTag();  // "CHWP-2", all selected
     const TextBox& box = form().txtTextBoxControl;
     KeyClick(Qt::Key_End);
     EXPECT_EQ(box.selStart(), 6);
@@ -124,9 +123,7 @@ TEST_F(WidgetBehaviour, CaretKeysAndDeleteEditThroughTheModel) {
 }
 
 TEST_F(WidgetBehaviour, PasteReplacesTheSelectionWithTheClipboardsFirstLine) {
-    ASSERT_TRUE(Load("samples/english.xml"));
-    ClickNode("PUMPS");
-    ClickCell(1, 2);
+    EditPumpTag();
     QGuiApplication::clipboard()->setText(QStringLiteral("P-77\nsecond line"));
     KeyClick(Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(form().txtTextBoxControl.text(), "P-77");
@@ -149,8 +146,7 @@ TEST_F(WidgetBehaviour, TheHostChangesTheValidatedColumnUnderAWaitCursor) {
     ClickCell(1, 1);
     TypeText(QStringLiteral("x"));
     KeyClick(Qt::Key_Tab);
-    ASSERT_EQ(cursors.size(), 1u);
-    EXPECT_EQ(cursors[0], Qt::WaitCursor);
+    EXPECT_EQ(cursors, std::vector<Qt::CursorShape>{Qt::WaitCursor});
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
     EXPECT_EQ(form().msgGridView.textMatrix(1, 1), "checked");
 }
@@ -204,20 +200,17 @@ TEST_F(WidgetBehaviour, TreeShowsEveryNodeWithItsPicture) {
     ASSERT_TRUE(Load("samples/english.xml"));
     auto* tree = qobject_cast<QTreeWidget*>(widget().widgetFor(form().treTreeView));
     int items = 0;
-    for (QTreeWidgetItemIterator it(tree); *it != nullptr; ++it) {
+    for (QTreeWidgetItemIterator it(tree); *it != nullptr; ++it, ++items) {
         const TreeNode& node = form().treTreeView.node((*it)->data(0, Qt::UserRole).toInt());
         EXPECT_EQ((*it)->text(0).toStdString(), node.text);
         EXPECT_EQ((*it)->icon(0).isNull(), node.image == 0) << node.key;
-        ++items;
     }
     EXPECT_EQ(items, form().treTreeView.count());
     EXPECT_EQ(tree->currentItem()->text(0), QStringLiteral("Riverside MOB"));
 }
 
 TEST_F(WidgetBehaviour, DraggingTheScrollBarsThumbMovesTheGridOneColumnPerChange) {
-    gGeneralProperty_type general = widget().GeneralProperty();
-    general.intScrollBars = 1;
-    widget().setGeneralProperty(general);
+    UseScrollBars();
     ASSERT_TRUE(Load("samples/filtered.xml"));
     auto* bar = qobject_cast<QScrollBar*>(
         dynamic_cast<ScrollBarBinding*>(widget().bindingFor(form().hscGrid))->focusTarget());

@@ -9,7 +9,7 @@
 namespace tabulon::testing {
 namespace {
 
-TEST(SessionDumps, EveryDumpHasItsFieldsInOrder) {
+TEST(SessionDumps, EveryDumpHasItsFieldsInOrderAndTheDocumentsUnits) {
     const std::pair<const char*, const char*> dumps[] = {
         {"grid",
          "dump rows cols fixedRows fixedCols row col rowSel colSel topRow leftCol enabled width "
@@ -38,6 +38,22 @@ TEST(SessionDumps, EveryDumpHasItsFieldsInOrder) {
         EXPECT_EQ(run.lines[i + 1]["dump"].text, dumps[i].first);
     }
     EXPECT_EQ(run.lines.back()["cmdHelp"]["left"].number, 6935);
+
+    // The conversion table and the custom units show the document's units.
+    const JsonValue& conversion = run.lines[7];
+    const JsonValue& entries = conversion["entries"];
+    EXPECT_TRUE(conversion["present"].boolean);
+    EXPECT_EQ(entries.members.size(), 64u + 3u);
+    EXPECT_EQ(entries[""].number, 0);
+    EXPECT_EQ(entries["SQFT_TO_SQM"].number, 1);
+    EXPECT_EQ(entries["HPTON_TO_KWKW"].number, 63);
+    EXPECT_EQ(entries["gr/lb"].number, 64);
+    EXPECT_EQ(entries["USD/sq ft"].number, 66);
+    const JsonValue& units = run.lines[8]["units"];
+    ASSERT_EQ(units.items.size(), 3u);
+    EXPECT_EQ(units[1]["EUnit"].text, "therm");
+    EXPECT_EQ(units[1]["MUnit"].text, "MJ");
+    EXPECT_EQ(units[1]["EToMFactor"].text, "105.505585");
 }
 
 TEST(SessionDumps, EditorAndBarEntriesCarryGeometryStateAndContent) {
@@ -57,10 +73,11 @@ TEST(SessionDumps, EditorAndBarEntriesCarryGeometryStateAndContent) {
     EXPECT_EQ(run.lines[1]["vscGrid"].keyList(), bar + "topMargin bottomMargin");
 }
 
-// Colours are "#rrggbb" in lower case, alignments the grid's codes.
-TEST(SessionDumps, GridCellsCarryTextColoursAndAlignment) {
-    const SessionRun run = RunSession("load samples/english.xml\ndump grid\n");
-    ASSERT_EQ(run.lines.size(), 2u);
+// Colours are "#rrggbb" in lower case, alignments the grid's codes; tree nodes come in
+// tree order with their parents' keys and pictures.
+TEST(SessionDumps, GridCellsAndTreeNodesCarryWhatTheyShow) {
+    const SessionRun run = RunSession("load samples/english.xml\ndump grid\ndump tree\n");
+    ASSERT_EQ(run.lines.size(), 3u);
     const JsonValue& cells = run.lines[1]["cells"];
     ASSERT_EQ(cells.items.size(), 6u);
     EXPECT_EQ(cells[0][1]["text"].text, "North Wing");
@@ -74,12 +91,8 @@ TEST(SessionDumps, GridCellsCarryTextColoursAndAlignment) {
     EXPECT_EQ(cells[4][3]["fore"].text, "#808080");
     EXPECT_EQ(run.lines[1]["colWidths"].items.size(), 4u);
     EXPECT_EQ(run.lines[1]["rowHeights"][5].number, 400);
-}
 
-TEST(SessionDumps, TreeListsNodesInTreeOrderWithParentKeysAndPictures) {
-    const SessionRun run = RunSession("load samples/english.xml\ndump tree\n");
-    ASSERT_EQ(run.lines.size(), 2u);
-    const JsonValue& nodes = run.lines[1]["nodes"];
+    const JsonValue& nodes = run.lines[2]["nodes"];
     std::vector<std::string> order, parents;
     for (const JsonValue& node : nodes.items) {
         order.push_back(node["key"].text);
@@ -91,26 +104,7 @@ TEST(SessionDumps, TreeListsNodesInTreeOrderWithParentKeysAndPictures) {
     EXPECT_EQ(nodes[0]["index"].number, 1);
     EXPECT_TRUE(nodes[0]["selected"].boolean);
     EXPECT_EQ(nodes[2]["image"].number, nodes[1]["image"].number);
-    EXPECT_EQ(run.lines[1]["images"].items.size(), 5u);
-}
-
-TEST(SessionDumps, ConversionAndCustomUnitsShowTheDocumentsUnits) {
-    const SessionRun run =
-        RunSession("load samples/metric.xml\ndump conversion\ndump custom-units\n");
-    ASSERT_EQ(run.lines.size(), 3u);
-    const JsonValue& entries = run.lines[1]["entries"];
-    EXPECT_TRUE(run.lines[1]["present"].boolean);
-    EXPECT_EQ(entries.members.size(), 64u + 3u);
-    EXPECT_EQ(entries[""].number, 0);
-    EXPECT_EQ(entries["SQFT_TO_SQM"].number, 1);
-    EXPECT_EQ(entries["HPTON_TO_KWKW"].number, 63);
-    EXPECT_EQ(entries["gr/lb"].number, 64);
-    EXPECT_EQ(entries["USD/sq ft"].number, 66);
-    const JsonValue& units = run.lines[2]["units"];
-    ASSERT_EQ(units.items.size(), 3u);
-    EXPECT_EQ(units[1]["EUnit"].text, "therm");
-    EXPECT_EQ(units[1]["MUnit"].text, "MJ");
-    EXPECT_EQ(units[1]["EToMFactor"].text, "105.505585");
+    EXPECT_EQ(run.lines[2]["images"].items.size(), 5u);
 }
 
 }  // namespace

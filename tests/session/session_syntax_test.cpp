@@ -11,20 +11,16 @@
 namespace tabulon::testing {
 namespace {
 
+// Blank lines and comments print nothing; quoted words keep blanks and resolve escapes.
 TEST(SessionScript, QuotedWordsKeepBlanksAndResolveEveryEscape) {
     const SessionRun run = RunSession(
+        "# a comment\n\n   \n  # an indented comment\nxml\n"
         "set-general strFilterCaption=\"a \\\"b\\\"  \\\\ c\\td\\r\\n\"\n"
         "general\n");
     ASSERT_EQ(run.status, 0);
-    ASSERT_EQ(run.lines.size(), 2u);
-    EXPECT_EQ(run.lines[1]["result"]["strFilterCaption"].text, "a \"b\"  \\ c\td\r\n");
-}
-
-TEST(SessionScript, BlankLinesAndCommentsPrintNothing) {
-    const SessionRun run = RunSession("# a comment\n\n   \n  # an indented comment\nxml\n");
-    EXPECT_EQ(run.status, 0);
-    ASSERT_EQ(run.lines.size(), 1u);
+    ASSERT_EQ(run.lines.size(), 3u);
     EXPECT_EQ(run.lines[0]["result"].text, "");
+    EXPECT_EQ(run.lines[2]["result"]["strFilterCaption"].text, "a \"b\"  \\ c\td\r\n");
 }
 
 TEST(SessionScript, BackslashOutsideQuotesIsAnOrdinaryCharacter) {

@@ -41,18 +41,15 @@ INSTANTIATE_TEST_SUITE_P(
         SampleCase{"samples/metric.xml", "tree 4 nodes; grid 8 rows x 3 cols for node \"SUITE\""},
         SampleCase{"samples/filtered.xml", "tree 2 nodes; grid 7 rows x 9 cols for node \"CHW\""}));
 
-TEST(Validate, AMalformedDocumentFailsWithItsMessageOnStderr) {
+TEST(Validate, AMalformedOrMissingDocumentFailsWithItsMessageOnStderr) {
     const std::string broken = WriteTempFile("broken.xml", "<xml MeasurementUnit=\"ENGLISH\">\n");
     const ToolRun run = RunTool("validate '" + broken + "'");
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.err.rfind("critical: ", 0), 0u) << run.err;
     EXPECT_EQ(run.out, "tree 0 nodes; no grid shown\n");
-}
-
-TEST(Validate, AMissingFileFailsWithTheLoadMessage) {
-    const ToolRun run = RunTool("validate /nonexistent/doc.xml");
-    EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.err, "critical: XML file not found\n");
+    const ToolRun missing = RunTool("validate /nonexistent/doc.xml");
+    EXPECT_EQ(missing.status, 1);
+    EXPECT_EQ(missing.err, "critical: XML file not found\n");
 }
 
 // A valid document whose first node names a layout that is not there loads, but no

@@ -12,16 +12,13 @@ namespace {
 constexpr int kToMetric = UnitRegistrar::kToMetric;
 constexpr int kToEnglish = UnitRegistrar::kToEnglish;
 
-TEST(UnitRegistrar, CodeZeroIsTheIdentityWithoutLabels) {
+// Code 0 is the identity without labels.
+TEST(UnitRegistrar, UnitNameFollowsTheDirectionAndLabelTheSystem) {
     UnitRegistrar r;
     EXPECT_EQ(r.Convert(12.5, 0, kToMetric), 12.5);
     EXPECT_EQ(r.Convert(12.5, 0, kToEnglish), 12.5);
     EXPECT_EQ(r.UnitName(0, kToMetric), "");
     EXPECT_EQ(r.UnitName(0, kToEnglish), "");
-}
-
-TEST(UnitRegistrar, UnitNameFollowsTheDirectionAndLabelTheSystem) {
-    UnitRegistrar r;
     EXPECT_EQ(r.UnitName(19, kToMetric), "m");
     EXPECT_EQ(r.UnitName(19, kToEnglish), "ft");
     EXPECT_EQ(r.system(), UnitRegistrar::kEnglish);

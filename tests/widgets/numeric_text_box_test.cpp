@@ -161,7 +161,8 @@ TEST_F(NumericTextBox, TheTextBoxFillsTheControlAtLeast330High) {
     EXPECT_EQ(box.textBox().height(), 500);
 }
 
-TEST(NumericTextBoxProperties, KeysOrderAndDefaults) {
+// Defaults are not stored; Value and MaxLength are read straight into the text box.
+TEST(NumericTextBoxProperties, KeysOrderDefaultsAndValuesReadStraightIntoTheTextBox) {
     ctlNumericTextBox box("txtLeft");
     OrderBag bag;
     box.WriteProperties(bag);
@@ -170,11 +171,7 @@ TEST(NumericTextBoxProperties, KeysOrderAndDefaults) {
     EXPECT_EQ(bag.order, (std::vector<std::string>{
                              "write MaxLength", "write Value", "write MinValue", "write MaxValue",
                              "read Value", "read MaxLength", "read MinValue", "read MaxValue"}));
-}
 
-TEST(NumericTextBoxProperties, ValueAndMaxLengthAreReadStraightIntoTheTextBox) {
-    ctlNumericTextBox box("txtLeft");
-    MemoryPropertyBag bag;
     bag.values() = {{"Value", std::string("99999")},
                     {"MaxLength", std::int64_t{12}},
                     {"MinValue", std::int64_t{1}},
