@@ -62,12 +62,7 @@ TEST(TabulonCli, UsageErrorsExitWithTwoAndAUsageLine) {
         "convert 10 FT_TO_M --to-metric",
         "convert 1e999 FT_TO_M",
     };
-    for (const char* args : bad) {
-        const ToolRun r = RunTool(args);
-        EXPECT_EQ(r.status, 2) << args;
-        EXPECT_NE(r.err.find("usage: tabulon"), std::string::npos) << args;
-        EXPECT_EQ(r.out, "") << args;
-    }
+    ExpectUsageErrors(bad, "usage: tabulon");
 }
 
 TEST(TabulonCli, HelpListsTheSubcommands) {

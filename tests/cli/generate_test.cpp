@@ -61,12 +61,7 @@ TEST(TabulonGenerate, BadArgumentsAreUsageErrorsAndAnUnwritableFileFails) {
         "generate --keys 1 --cols 1 --rows 1 extra",
         "generate --keys 1 --cols 1 --rows 1 -o ''",
     };
-    for (const char* args : bad) {
-        const ToolRun r = RunTool(args);
-        EXPECT_EQ(r.status, 2) << args;
-        EXPECT_NE(r.err.find("usage: tabulon generate"), std::string::npos) << args;
-        EXPECT_EQ(r.out, "") << args;
-    }
+    ExpectUsageErrors(bad, "usage: tabulon generate");
     TempDir dir;
     const ToolRun r =
         RunTool("generate --keys 1 --cols 1 --rows 1 -o '" + dir.file("no/such/dir.xml") + "'");

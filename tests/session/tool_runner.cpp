@@ -48,4 +48,13 @@ SessionRun RunSession(const std::string& script) {
     return run;
 }
 
+void ExpectUsageErrors(std::span<const char* const> argsList, const std::string& usage) {
+    for (const char* args : argsList) {
+        const ToolRun r = RunTool(args);
+        EXPECT_EQ(r.status, 2) << args;
+        EXPECT_NE(r.err.find(usage), std::string::npos) << args;
+        EXPECT_EQ(r.out, "") << args;
+    }
+}
+
 }  // namespace tabulon::testing

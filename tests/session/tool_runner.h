@@ -2,6 +2,7 @@
 // paths resolve) and collects what it printed and how it exited.
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,10 @@ struct ToolRun {
 // `tabulon ARGS` with input on standard input; args is appended to the command line
 // as it is (callers quote where needed).
 ToolRun RunTool(const std::string& args, const std::string& input = "");
+
+// Expects `tabulon ARGS` to exit with 2, print nothing on standard output and a
+// message containing usage on standard error, for each of argsList.
+void ExpectUsageErrors(std::span<const char* const> argsList, const std::string& usage);
 
 // `tabulon session` with script on standard input; the JSON lines it printed.
 struct SessionRun {
