@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "document/document_generator.h"
+#include "generator/document_generator.h"
 
 namespace tabulon::bench {
 

@@ -11,8 +11,8 @@
 #include <string>
 
 #include "control/generic_sp_control.h"
-#include "document/document_generator.h"
-#include "platform/recording_sink.h"
+#include "generator/document_generator.h"
+#include "testing/recording_sink.h"
 #include "view/cell_editors.h"
 #include "view/commit.h"
 

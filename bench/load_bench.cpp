@@ -19,11 +19,11 @@
 
 #include "bench_documents.h"
 #include "control/generic_sp_control.h"
-#include "control/recording_host.h"
 #include "document/dtd.h"
-#include "platform/recording_sink.h"
 #include "platform/xml/xml_document.h"
 #include "platform/xml/xml_validator.h"
+#include "testing/recording_host.h"
+#include "testing/recording_sink.h"
 
 namespace tabulon::bench {
 namespace {

@@ -10,7 +10,7 @@
 
 #include "bench_documents.h"
 #include "control/document_loading.h"
-#include "platform/recording_sink.h"
+#include "testing/recording_sink.h"
 #include "units/conversion_table.h"
 #include "view/control_core.h"
 #include "view/node_selection.h"

@@ -18,11 +18,11 @@
 #include <memory>
 
 #include "control/generic_sp_control.h"
-#include "document/document_generator.h"
-#include "platform/recording_sink.h"
+#include "generator/document_generator.h"
 #include "qt/bindings/binding_host.h"
 #include "qt/bindings/grid_view.h"
 #include "qt/qt_text.h"
+#include "testing/recording_sink.h"
 
 namespace tabulon::bench {
 namespace {

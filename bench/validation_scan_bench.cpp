@@ -10,8 +10,8 @@
 
 #include "control/generic_sp_control.h"
 #include "control/save_gate.h"
-#include "document/document_generator.h"
-#include "platform/recording_sink.h"
+#include "generator/document_generator.h"
+#include "testing/recording_sink.h"
 
 namespace tabulon::bench {
 namespace {

@@ -51,7 +51,7 @@ if(NOT TABULON_PACKAGE_HAS_WIDGETS)
 endif()
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tabulon
-  FILES_MATCHING PATTERN "*.h" ${tabulon_header_excludes})
+  FILES_MATCHING PATTERN "*.h" PATTERN "testing" EXCLUDE ${tabulon_header_excludes})
 
 # --- CMake package
 configure_package_config_file(

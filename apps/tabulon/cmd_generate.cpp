@@ -1,6 +1,6 @@
 // tabulon generate --keys K --cols C --rows R [--grids G] [--metric] [--custom-units N]
 //                  [--depth D] [--seed S] [--invalid I] [-o FILE]
-// writes a generated document (document/document_generator.h) on stdout, or to FILE:
+// writes a generated document (generator/document_generator.h) on stdout, or to FILE:
 // K value keys, C value columns, R rows per layout, G layouts (default 2), N custom
 // units (default 0), a tree D levels deep (default 3), about one cell in I invalid
 // (default 0: none), from seed S (default 1). The same arguments always give the same
@@ -16,7 +16,7 @@
 #include <string>
 
 #include "command.h"
-#include "document/document_generator.h"
+#include "generator/document_generator.h"
 
 namespace tabulon::cli {
 

@@ -9,9 +9,9 @@
 #include <string>
 
 #include "command.h"
-#include "control/recording_host.h"
 #include "control/save_gate.h"
 #include "headless_control.h"
+#include "testing/recording_host.h"
 
 namespace tabulon::cli {
 

@@ -9,8 +9,8 @@
 #include <string>
 
 #include "control/generic_sp_control.h"
-#include "control/recording_host.h"
-#include "platform/recording_sink.h"
+#include "testing/recording_host.h"
+#include "testing/recording_sink.h"
 
 namespace tabulon::cli {
 

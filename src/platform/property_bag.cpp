@@ -1,21 +1,14 @@
 #include "platform/property_bag.h"
 
 #include <optional>
-#include <type_traits>
 
-#include "platform/file_io.h"
-#include "support/atomic_file.h"
 #include "support/failure.h"
-#include "support/json.h"
 #include "support/numeric.h"
 #include "support/text.h"
 
 namespace tabulon {
 
 namespace {
-
-// Bag files are a few hundred bytes; anything near this is not one.
-constexpr std::size_t kMaxBagBytes = 16u * 1024u * 1024u;
 
 // The number a text stands for, or none when it does not convert.
 std::optional<double> TextAsNumber(const std::string& text) {
@@ -69,29 +62,6 @@ void MemoryPropertyBag::Write(const std::string& key, const PropertyValue& value
         values_.erase(key);
     } else {
         values_.insert_or_assign(key, value);
-    }
-}
-
-JsonFilePropertyBag JsonFilePropertyBag::Load(const std::string& path) {
-    JsonFilePropertyBag bag;
-    try {
-        bag.values() = json::ParseFlatObject(ReadRegularFile(path, kMaxBagBytes));
-    } catch (const std::runtime_error& failure) {
-        throw RuntimeFailure("Cannot read property bag '" + path + "': " + failure.what());
-    }
-    return bag;
-}
-
-std::string JsonFilePropertyBag::ToJson() const {
-    // The bag's values are JSON's flat values: same alternatives, same order.
-    static_assert(std::is_same_v<PropertyValue, json::FlatValue>);
-    return json::WriteFlatObject(values());
-}
-
-void JsonFilePropertyBag::Save(const std::string& path) const {
-    std::string reason;
-    if (!WriteFileAtomically(path, ToJson() + "\n", &reason)) {
-        throw RuntimeFailure("Cannot save property bag '" + path + "': " + reason);
     }
 }
 

@@ -61,17 +61,4 @@ private:
     std::map<std::string, PropertyValue> values_;
 };
 
-// A bag kept in a JSON file: one flat object of key -> boolean, number or string.
-// Load throws RuntimeFailure with the path and a readable reason (with the byte
-// offset for malformed text) for a missing, unreadable or malformed file; Save
-// writes atomically (a temporary file beside the target, then rename) and throws
-// RuntimeFailure when it cannot, leaving the target as it was.
-class JsonFilePropertyBag : public MemoryPropertyBag {
-public:
-    static JsonFilePropertyBag Load(const std::string& path);
-    void Save(const std::string& path) const;
-    // The file's content: the values as one flat JSON object, keys sorted.
-    std::string ToJson() const;
-};
-
 }  // namespace tabulon

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "common/files.h"
-#include "document/document_generator.h"
+#include "generator/document_generator.h"
 #include "session/tool_runner.h"
 
 namespace tabulon::testing {

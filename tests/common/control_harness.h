@@ -21,9 +21,9 @@
 
 #include "common/files.h"
 #include "control/generic_sp_control.h"
-#include "control/recording_host.h"
 #include "platform/property_bag.h"
-#include "platform/recording_sink.h"
+#include "testing/recording_host.h"
+#include "testing/recording_sink.h"
 
 namespace tabulon::testing {
 

@@ -10,12 +10,12 @@
 #include <vector>
 
 #include "common/files.h"
-#include "document/document_generator.h"
 #include "document/dtd.h"
 #include "document/validate_document_text.h"
-#include "platform/recording_sink.h"
+#include "generator/document_generator.h"
 #include "platform/xml/xml_document.h"
 #include "platform/xml/xml_validator.h"
+#include "testing/recording_sink.h"
 
 namespace tabulon {
 namespace {

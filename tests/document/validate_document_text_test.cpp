@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "common/files.h"
-#include "platform/recording_sink.h"
 #include "platform/xml/xml_document.h"
+#include "testing/recording_sink.h"
 
 namespace tabulon {
 namespace {

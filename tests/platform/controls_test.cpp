@@ -7,9 +7,9 @@
 #include "platform/caption_component.h"
 #include "platform/check_box.h"
 #include "platform/combo_box.h"
-#include "platform/recording_sink.h"
 #include "platform/scroll_bar.h"
 #include "support/failure.h"
+#include "testing/recording_sink.h"
 
 namespace tabulon {
 namespace {

@@ -5,14 +5,14 @@
 #include <sstream>
 
 #include "control/generic_sp_control.h"
-#include "control/recording_host.h"
 #include "document/dtd_fast_check.h"
 #include "document/validate_document_text.h"
-#include "platform/recording_sink.h"
 #include "reliability/choice_source.h"
 #include "reliability/gesture_script.h"
 #include "session/session.h"
 #include "support/failure.h"
+#include "testing/recording_host.h"
+#include "testing/recording_sink.h"
 
 namespace tabulon::reliability {
 

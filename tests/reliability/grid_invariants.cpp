@@ -5,13 +5,13 @@
 #include <optional>
 #include <thread>
 
-#include "control/recording_host.h"
 #include "document/validate_document_text.h"
-#include "platform/recording_sink.h"
 #include "support/number_format.h"
 #include "support/numeric.h"
 #include "support/text.h"
 #include "support/utf8.h"
+#include "testing/recording_host.h"
+#include "testing/recording_sink.h"
 #include "unitinput/unit_catalogue.h"
 #include "units/conversion_table.h"
 

@@ -4,8 +4,8 @@
 
 #include <vector>
 
-#include "platform/recording_sink.h"
 #include "support/failure.h"
+#include "testing/recording_sink.h"
 #include "widgets/scroll_grid.h"
 
 namespace tabulon {

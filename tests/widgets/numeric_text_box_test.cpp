@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/recording_sink.h"
+#include "testing/recording_sink.h"
 
 namespace tabulon {
 namespace {

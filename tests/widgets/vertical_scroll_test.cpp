@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "platform/recording_sink.h"
+#include "testing/recording_sink.h"
 #include "widgets/scroll_grid.h"
 
 namespace tabulon {

@@ -2,8 +2,8 @@
 #include <optional>
 #include <string>
 
-#include "platform/property_bag.h"
 #include "session/command_table.h"
+#include "session/json_file_property_bag.h"
 #include "session/script_error.h"
 #include "session/session.h"
 #include "session/values.h"

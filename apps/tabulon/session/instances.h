@@ -10,12 +10,12 @@
 #include <vector>
 
 #include "control/generic_sp_control.h"
-#include "control/recording_host.h"
 #include "platform/property_bag.h"
-#include "platform/recording_sink.h"
 #include "propertypages/property_page.h"
 #include "session/appgrid_actions.h"
 #include "session/session_output.h"
+#include "testing/recording_host.h"
+#include "testing/recording_sink.h"
 
 namespace tabulon::cli::session {
 

@@ -1,6 +1,6 @@
 #include "session/json_writer.h"
 
-#include "support/json.h"
+#include "session/json.h"
 #include "support/numeric.h"
 
 namespace tabulon::cli::session {

@@ -1,4 +1,4 @@
-#include "platform/recording_sink.h"
+#include "testing/recording_sink.h"
 
 #include "platform/observable.h"
 

@@ -1,4 +1,4 @@
-#include "control/recording_host.h"
+#include "testing/recording_host.h"
 
 namespace tabulon {
 

@@ -1,4 +1,4 @@
-#include "support/json.h"
+#include "session/json.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "document/generator_tables.h"
+#include "generator/generator_tables.h"
 
 namespace tabulon::generated {
 

@@ -1,4 +1,4 @@
-#include "document/document_generator.h"
+#include "generator/document_generator.h"
 
 #include <algorithm>
 #include <array>
@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "document/generator_tables.h"
+#include "generator/generator_tables.h"
 #include "support/numeric.h"
 #include "support/text.h"
 #include "unitinput/unit_catalogue.h"

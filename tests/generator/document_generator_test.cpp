@@ -1,6 +1,6 @@
 // Generated documents load without a message, show a grid on every tree node, and
 // hold what their shape promises.
-#include "document/document_generator.h"
+#include "generator/document_generator.h"
 
 #include <gtest/gtest.h>
 
@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "control/generic_sp_control.h"
-#include "platform/recording_sink.h"
 #include "platform/xml/xml_document.h"
+#include "testing/recording_sink.h"
 
 namespace tabulon {
 namespace {
