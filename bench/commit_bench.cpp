@@ -46,7 +46,8 @@ struct MetricControl {
         if (!control.LoadXML(GenerateDocument(Shape()))) return;
         const DocumentModel& doc = control.core().doc;
         for (int row = 1; row < static_cast<int>(doc.arrRowInfo.size()) && !ready; ++row) {
-            if (doc.arrRowInfo[static_cast<std::size_t>(row)].ControlType != "UnitDrop") continue;
+            if (doc.arrRowInfo[static_cast<std::size_t>(row)].ControlType != EditorKind::UnitDrop)
+                continue;
             for (int col = 1; col <= doc.arrCellNodes.upperBound2() && !ready; ++col) {
                 if (doc.arrCellNodes.at(row, col).attribute("Enabled").value() != "1") continue;
                 control.form().msgGridView.userClick(row, col);

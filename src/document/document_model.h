@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "document/cell_values_index.h"
+#include "document/editor_kind.h"
 #include "platform/xml/xml_document.h"
 
 namespace tabulon {
@@ -29,7 +30,7 @@ struct TreeNodeInfo {
 
 // Editing rules of one grid row, from its RowHeader.
 struct RowInfo {
-    std::string ControlType;
+    EditorKind ControlType = EditorKind::None;
     std::string Format;
     std::int16_t MaxLength = 0;
     std::string Unit;

@@ -44,17 +44,22 @@ void OpenCellEditor(ControlCore& core) {
             return;
         }
 
-        const std::string controlType = CurrentRowInfo(core).ControlType;
-        if (controlType == "TextBox") {
-            ShowTextBoxEditor(core);
-        } else if (controlType == "ComboBox") {
-            ShowComboBoxEditor(core);
-        } else if (controlType == "UnitNum") {
-            ShowUnitNumEditor(core);
-        } else if (controlType == "UnitDrop") {
-            ShowUnitDropEditor(core);
-        } else {
-            core.sink.Information("Invalid control name");
+        switch (CurrentRowInfo(core).ControlType) {
+            case EditorKind::TextBox:
+                ShowTextBoxEditor(core);
+                break;
+            case EditorKind::ComboBox:
+                ShowComboBoxEditor(core);
+                break;
+            case EditorKind::UnitNum:
+                ShowUnitNumEditor(core);
+                break;
+            case EditorKind::UnitDrop:
+                ShowUnitDropEditor(core);
+                break;
+            case EditorKind::None:
+                core.sink.Information("Invalid control name");
+                break;
         }
     });
 }

@@ -22,6 +22,7 @@
 #include "support/number_format.h"
 #include "support/numeric.h"
 #include "support/text.h"
+#include "view/cell_colors.h"
 #include "view/grid_fill.h"
 #include "view/unit_codes.h"
 #include "view/unit_display.h"
@@ -29,9 +30,6 @@
 namespace tabulon {
 
 namespace {
-
-constexpr Rgb kValidBack = 0xFFFFFF;
-constexpr Rgb kInvalidBack = 0xFF0000;
 
 // The cell being committed: its grid position and the table of elements behind cells.
 struct CommittedCell {
@@ -61,7 +59,7 @@ const UnitRegistrar& EditorRegistrar(const UnitBoxBase& box) {
 
 // Colour and Valid after a unit editor's range check.
 void MarkValidity(ControlCore& core, const CommittedCell& cell, bool valid) {
-    core.form.msgGridView.setCellBackColor(cell.row, cell.col, valid ? kValidBack : kInvalidBack);
+    core.form.msgGridView.setCellBackColor(cell.row, cell.col, CellBackColor(valid));
     cell.Target().setAttribute("Valid", valid ? "1" : "0");
 }
 
@@ -130,19 +128,27 @@ void CommitUnitDrop(ControlCore& core, const CommittedCell& cell, const RowInfo&
 bool WriteBack(ControlCore& core, const CommittedCell& cell) {
     const Form& form = core.form;
     const RowInfo& row = core.doc.arrRowInfo.at(static_cast<std::size_t>(cell.row));
-    const std::string& type = row.ControlType;
-    if (type == "TextBox" && form.txtTextBoxControl.visible()) {
-        CommitText(core, cell, form.txtTextBoxControl.text());
-    } else if (type == "ComboBox" && form.cboComboBoxControl.visible()) {
-        CommitText(core, cell, form.cboComboBoxControl.text());
-    } else if (type == "UnitNum" && form.unitNumControl.visible()) {
-        CommitUnitNum(core, cell, row);
-    } else if (type == "UnitDrop" && form.unitDropControl.visible()) {
-        CommitUnitDrop(core, cell, row);
-    } else {
-        return false;
+    switch (row.ControlType) {
+        case EditorKind::TextBox:
+            if (!form.txtTextBoxControl.visible()) return false;
+            CommitText(core, cell, form.txtTextBoxControl.text());
+            return true;
+        case EditorKind::ComboBox:
+            if (!form.cboComboBoxControl.visible()) return false;
+            CommitText(core, cell, form.cboComboBoxControl.text());
+            return true;
+        case EditorKind::UnitNum:
+            if (!form.unitNumControl.visible()) return false;
+            CommitUnitNum(core, cell, row);
+            return true;
+        case EditorKind::UnitDrop:
+            if (!form.unitDropControl.visible()) return false;
+            CommitUnitDrop(core, cell, row);
+            return true;
+        case EditorKind::None:
+            break;
     }
-    return true;
+    return false;
 }
 
 // Marks the GridValueKey index stale when it goes out of scope.

@@ -28,6 +28,7 @@
 #include "support/failure.h"
 #include "support/number_format.h"
 #include "support/numeric.h"
+#include "view/cell_colors.h"
 #include "view/design_geometry.h"
 #include "view/unit_codes.h"
 #include "view/unit_display.h"
@@ -35,17 +36,6 @@
 namespace tabulon {
 
 namespace {
-
-constexpr Rgb kEnabledText = 0x000000;
-constexpr Rgb kDisabledText = 0x808080;
-constexpr Rgb kValidBack = 0xFFFFFF;
-constexpr Rgb kInvalidBack = 0xFF0000;
-constexpr std::int32_t kListRowMinHeight = 350;  // ComboBox, UnitDrop
-constexpr std::int32_t kTextRowMinHeight = 320;  // TextBox, UnitNum
-
-bool IsUnitRow(const std::string& controlType) {
-    return controlType == "UnitDrop" || controlType == "UnitNum";
-}
 
 // Every attribute of element in document order. A node without an attribute list
 // (not an element) is a run-time failure, as reading its attributes would be.
@@ -63,14 +53,14 @@ void ForEachAttribute(xml::Node element, Visit&& visit) {
 
 // What a value cell shows for the stored text t of a row of the given type.
 std::string DisplayText(const RowInfo& row, const std::string& t) {
-    if (row.ControlType == "UnitDrop") {
+    if (row.ControlType == EditorKind::UnitDrop) {
         const std::size_t open = t.find('(');
         if (open == std::string::npos) return t;
         // The last character, not the last byte: "12(m²" shows as "12(m)".
         return t.substr(0, open) + "(" +
                WithoutLastCharacter(std::string_view(t).substr(open + 1)) + ")";
     }
-    if (row.ControlType == "UnitNum") return FormatNumber(ReadNumber(t), row.Format);
+    if (row.ControlType == EditorKind::UnitNum) return FormatNumber(ReadNumber(t), row.Format);
     return t;
 }
 
@@ -88,12 +78,11 @@ void ApplyCellValues(ControlCore& core, xml::Node cellValues, int c) {
         doc.arrCellNodes.at(r, c) = cell;
         const RowInfo& row = doc.arrRowInfo.at(static_cast<std::size_t>(r));
         grid.setTextMatrix(r, c, DisplayText(row, StoredText(cell)));
-        grid.setCellAlignment(
-            r, c, IsUnitRow(row.ControlType) ? CellAlignment::RightTop : CellAlignment::LeftTop);
+        grid.setCellAlignment(r, c, EditorKindInfo(row.ControlType).alignment);
         const bool enabled = GetAttributeValue(core.sink, cell, "Enabled") == "1";
-        grid.setCellForeColor(r, c, enabled ? kEnabledText : kDisabledText);
+        grid.setCellForeColor(r, c, CellTextColor(enabled));
         const bool valid = GetAttributeValue(core.sink, cell, "Valid") == "1";
-        grid.setCellBackColor(r, c, valid ? kValidBack : kInvalidBack);
+        grid.setCellBackColor(r, c, CellBackColor(valid));
     }
 }
 
@@ -183,7 +172,7 @@ bool ReadRowHeader(ControlCore& core, xml::Node rowHeader, std::int16_t row) {
             } else if (name == "Height") {
                 height = ReadInt16(value);
             } else if (name == "ControlType") {
-                info.ControlType = value;
+                info.ControlType = EditorKindNamed(value);
             } else if (name == "Format") {
                 info.Format = value;
             } else if (name == "Unit") {
@@ -198,13 +187,8 @@ bool ReadRowHeader(ControlCore& core, xml::Node rowHeader, std::int16_t row) {
                 info.MaxLength = ReadInt16(value);
             }
         });
-        std::int32_t shown = height;
-        if (info.ControlType == "ComboBox" || info.ControlType == "UnitDrop") {
-            shown = std::max(shown, kListRowMinHeight);
-        } else if (info.ControlType == "TextBox" || info.ControlType == "UnitNum") {
-            shown = std::max(shown, kTextRowMinHeight);
-        }
-        grid.setRowHeight(row, shown);
+        grid.setRowHeight(
+            row, std::max<std::int32_t>(height, EditorKindInfo(info.ControlType).minRowHeight));
         core.doc.arrRowInfo.at(static_cast<std::size_t>(row)) = std::move(info);
         return true;
     });

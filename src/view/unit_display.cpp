@@ -153,9 +153,9 @@ void ConvertGridUnits(ControlCore& core, std::int16_t column) {
         try {
             for (int r = 1; r < grid.rows(); ++r) {
                 const RowInfo& row = core.doc.arrRowInfo.at(static_cast<std::size_t>(r));
-                if (row.ControlType == "UnitNum") {
+                if (row.ControlType == EditorKind::UnitNum) {
                     ConvertUnitNumRow(core, *registrar, r, row, columns);
-                } else if (row.ControlType == "UnitDrop") {
+                } else if (row.ControlType == EditorKind::UnitDrop) {
                     ConvertUnitDropRow(core, *registrar, r, row, columns);
                 }
             }

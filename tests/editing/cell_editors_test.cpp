@@ -29,7 +29,9 @@ TEST_F(CellEditors, TextBoxSelectsTheWholeCellTextAndUnknownTypesAreReported) {
     EXPECT_EQ(box.maxLength(), 7);
     EXPECT_EQ(box.selLength(), 5);  // characters, not bytes
     EXPECT_TRUE(box.hasFocus());
-    core().doc.arrRowInfo[2].ControlType = "textbox";  // types compare case-sensitively
+    // Kinds are named case-sensitively; a host may rename a row's type at run time.
+    ASSERT_EQ(EditorKindNamed("textbox"), EditorKind::None);
+    core().doc.arrRowInfo[2].ControlType = EditorKind::None;
     Click(2, 1);  // entering the cell, then the click with no editor open: two attempts
     EXPECT_THAT(VisibleEditors(), IsEmpty());
     ExpectMessages({Information("Invalid control name"), Information("Invalid control name")});

@@ -53,7 +53,7 @@ TEST_F(GridFill, LayoutComesFromTheGridHeader) {
     EXPECT_EQ(doc().arrRowInfo.at(1).MaxLength, 12);
     EXPECT_EQ(doc().arrRowInfo.at(2).ListValues, "a;b");
     EXPECT_EQ(doc().arrRowInfo.at(3).Unit, "FT_TO_M");
-    EXPECT_EQ(doc().arrRowInfo.at(4).ControlType, "UnitDrop");
+    EXPECT_EQ(doc().arrRowInfo.at(4).ControlType, EditorKind::UnitDrop);
 }
 
 TEST_F(GridFill, CellTextFollowsTheRowsControlType) {

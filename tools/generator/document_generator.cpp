@@ -19,7 +19,6 @@ namespace tabulon {
 namespace {
 
 using generated::RowTemplate;
-using generated::RowType;
 
 // --- deterministic choices: a hash of the seed and a few numbers, no generator state,
 // so every part of the text can be chosen independently of the others.
@@ -135,7 +134,7 @@ struct Offer {
 struct PlannedRow {
     std::string caption;
     const RowTemplate* base = nullptr;
-    RowType type = RowType::TextBox;
+    EditorKind type = EditorKind::TextBox;
     std::vector<Offer> offers;
     std::vector<std::string> choices;  // ComboBox
     int height = 0;
@@ -181,8 +180,14 @@ Offer CustomOffer(const CustomUnit& unit) {
     return {unit.english, unit.english, "0.0", 0, unit.high, 1};
 }
 
-constexpr std::array kFirstTypes = {RowType::TextBox, RowType::ComboBox, RowType::UnitNum,
-                                    RowType::UnitDrop};
+// The position of a row type among the four, as the hashes and counters use it (the
+// same numbers whatever values the EditorKind enumeration gives the kinds).
+constexpr std::size_t TypeIndex(EditorKind type) {
+    return static_cast<std::size_t>(type) - static_cast<std::size_t>(EditorKind::TextBox);
+}
+
+constexpr std::array kFirstTypes = {EditorKind::TextBox, EditorKind::ComboBox, EditorKind::UnitNum,
+                                    EditorKind::UnitDrop};
 
 // Rows of every layout. The first four rows of layout l are one of each type, rotated
 // by l; later rows take any type. Within a layout each type runs through its templates
@@ -196,31 +201,32 @@ std::vector<std::vector<PlannedRow>> PlanLayouts(const GeneratedDocumentShape& s
     for (int l = 0; l < shape.gridHeaders; ++l) {
         std::array<std::size_t, 4> seen{};
         for (int r = 0; r < shape.rows; ++r) {
-            const RowType type =
+            const EditorKind type =
                 r < 4 ? kFirstTypes[static_cast<std::size_t>((r + l) % 4)]
                       : kFirstTypes[Hash(shape.seed, Salt::RowType, {l, r}) % kFirstTypes.size()];
-            const std::size_t occurrence = seen[static_cast<std::size_t>(type)]++;
+            const std::size_t occurrence = seen.at(TypeIndex(type))++;
             const auto templates = generated::RowTemplates(type);
-            const std::size_t start = Hash(shape.seed, Salt::RowPick, {l, static_cast<int>(type)});
+            const std::size_t start =
+                Hash(shape.seed, Salt::RowPick, {l, static_cast<int>(TypeIndex(type))});
             const RowTemplate& base = templates[(start + occurrence) % templates.size()];
             PlannedRow row;
             row.base = &base;
             row.type = type;
             row.height = base.height;
             row.caption = Numbered(base.caption, occurrence / templates.size());
-            if (type == RowType::UnitDrop && !customs.empty() && occurrence % 2 == 0) {
+            if (type == EditorKind::UnitDrop && !customs.empty() && occurrence % 2 == 0) {
                 const CustomUnit& first = customs[nextCustom++ % customs.size()];
                 row.caption = first.caption;
                 row.offers.push_back(CustomOffer(first));
                 if (customs.size() > 1) {
                     row.offers.push_back(CustomOffer(customs[nextCustom++ % customs.size()]));
                 }
-            } else if (type == RowType::UnitDrop) {
+            } else if (type == EditorKind::UnitDrop) {
                 for (const auto& unit : base.units)
                     row.offers.push_back(BuiltInOffer(unit));
-            } else if (type == RowType::UnitNum) {
+            } else if (type == EditorKind::UnitNum) {
                 row.offers.push_back(BuiltInOffer(base.units[0]));
-            } else if (type == RowType::ComboBox) {
+            } else if (type == EditorKind::ComboBox) {
                 row.choices = SplitList(base.listValues);
             }
             layouts[static_cast<std::size_t>(l)].push_back(std::move(row));
@@ -314,16 +320,18 @@ std::string TextCell(generated::TextKind kind, std::uint64_t h) {
 // The stored text of one cell: English values, in range, fitting the row.
 std::string CellText(const PlannedRow& row, std::uint64_t h) {
     switch (row.type) {
-        case RowType::TextBox:
+        case EditorKind::TextBox:
             return TextCell(row.base->text, h);
-        case RowType::ComboBox:
+        case EditorKind::ComboBox:
             return row.choices[static_cast<std::size_t>(h % row.choices.size())];
-        case RowType::UnitNum:
+        case EditorKind::UnitNum:
             return NumberIn(row.offers.front(), h);
-        case RowType::UnitDrop: {
+        case EditorKind::UnitDrop: {
             const Offer& offer = row.offers[static_cast<std::size_t>(h % row.offers.size())];
             return NumberIn(offer, h >> 8) + "(" + offer.label + ")";
         }
+        case EditorKind::None:
+            break;
     }
     return {};
 }
@@ -423,10 +431,7 @@ void AppendLayouts(std::string& out, const GeneratedDocumentShape& shape,
         }
         out += "        </ColumnHeaders>\n        <RowHeaders>\n";
         for (const PlannedRow& row : layouts[static_cast<std::size_t>(l)]) {
-            const std::string type(row.type == RowType::TextBox    ? "TextBox"
-                                   : row.type == RowType::ComboBox ? "ComboBox"
-                                   : row.type == RowType::UnitNum  ? "UnitNum"
-                                                                   : "UnitDrop");
+            const std::string type(EditorKindInfo(row.type).name);
             const std::string height = row.height > 0 ? Num(row.height) : std::string();
             std::string unit, format, low, high, list, length;
             if (!row.offers.empty()) {
@@ -435,8 +440,8 @@ void AppendLayouts(std::string& out, const GeneratedDocumentShape& shape,
                 low = JoinOffers(row, [](const Offer& o) { return NumberToText(o.low); });
                 high = JoinOffers(row, [](const Offer& o) { return NumberToText(o.high); });
             }
-            if (row.type == RowType::ComboBox) list = std::string(row.base->listValues);
-            if (row.type == RowType::TextBox) length = Num(row.base->maxLength);
+            if (row.type == EditorKind::ComboBox) list = std::string(row.base->listValues);
+            if (row.type == EditorKind::TextBox) length = Num(row.base->maxLength);
             // Attributes a row does not use are left out, as an author would.
             std::vector<Attribute> attributes = {{"HName", row.caption}, {"ControlType", type}};
             for (const Attribute& optional : {Attribute{"Unit", unit},

@@ -7,7 +7,7 @@ namespace {
 constexpr RowTemplate Text(std::string_view caption, int maxLength, TextKind kind, int height = 0) {
     RowTemplate row;
     row.caption = caption;
-    row.type = RowType::TextBox;
+    row.type = EditorKind::TextBox;
     row.maxLength = maxLength;
     row.text = kind;
     row.height = height;
@@ -17,7 +17,7 @@ constexpr RowTemplate Text(std::string_view caption, int maxLength, TextKind kin
 constexpr RowTemplate Combo(std::string_view caption, std::string_view listValues, int height = 0) {
     RowTemplate row;
     row.caption = caption;
-    row.type = RowType::ComboBox;
+    row.type = EditorKind::ComboBox;
     row.listValues = listValues;
     row.height = height;
     return row;
@@ -26,7 +26,7 @@ constexpr RowTemplate Combo(std::string_view caption, std::string_view listValue
 constexpr RowTemplate Number(std::string_view caption, UnitOffer unit) {
     RowTemplate row;
     row.caption = caption;
-    row.type = RowType::UnitNum;
+    row.type = EditorKind::UnitNum;
     row.units = {unit, UnitOffer{}};
     return row;
 }
@@ -35,7 +35,7 @@ constexpr RowTemplate Drop(std::string_view caption, UnitOffer first, UnitOffer 
                            int height = 0) {
     RowTemplate row;
     row.caption = caption;
-    row.type = RowType::UnitDrop;
+    row.type = EditorKind::UnitDrop;
     row.units = {first, second};
     row.height = height;
     return row;
@@ -110,16 +110,18 @@ constexpr std::array kLayouts = {
 
 }  // namespace
 
-std::span<const RowTemplate> RowTemplates(RowType type) {
+std::span<const RowTemplate> RowTemplates(EditorKind type) {
     switch (type) {
-        case RowType::TextBox:
+        case EditorKind::TextBox:
             return kTextRows;
-        case RowType::ComboBox:
+        case EditorKind::ComboBox:
             return kComboRows;
-        case RowType::UnitNum:
+        case EditorKind::UnitNum:
             return kNumberRows;
-        case RowType::UnitDrop:
+        case EditorKind::UnitDrop:
             return kDropRows;
+        case EditorKind::None:
+            break;
     }
     return {};
 }

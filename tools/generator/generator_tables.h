@@ -10,9 +10,9 @@
 #include <span>
 #include <string_view>
 
-namespace tabulon::generated {
+#include "document/editor_kind.h"
 
-enum class RowType { TextBox, ComboBox, UnitNum, UnitDrop };
+namespace tabulon::generated {
 
 // One unit a row offers: the conversion name (a built-in name; "" for a UnitNum row
 // without a unit), its display format and the range of stored English values.
@@ -29,7 +29,7 @@ enum class TextKind { EquipmentTag, Area, Maker, Note };
 
 struct RowTemplate {
     std::string_view caption;
-    RowType type = RowType::TextBox;
+    EditorKind type = EditorKind::TextBox;
     std::array<UnitOffer, 2> units{};  // UnitNum: one; UnitDrop: two
     std::string_view listValues;       // ComboBox
     int maxLength = 0;                 // TextBox
@@ -45,7 +45,7 @@ struct CustomUnitTemplate {
     double high = 0;           // stored values lie in 0..high
 };
 
-std::span<const RowTemplate> RowTemplates(RowType type);
+std::span<const RowTemplate> RowTemplates(EditorKind type);
 std::span<const CustomUnitTemplate> CustomUnitTemplates();
 
 // The words of text cells, tree node names, column captions and filter tags.
