@@ -4,11 +4,9 @@
 // (the Qt widget, the session tool) turns its own key events into these.
 #pragma once
 
-namespace tabulon {
+#include "platform/key_codes.h"
 
-inline constexpr int kShiftBit = 1;
-inline constexpr int kCtrlBit = 2;
-inline constexpr int kAltBit = 4;
+namespace tabulon {
 
 struct KeyStroke {
     int keyCode = 0;

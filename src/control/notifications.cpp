@@ -1,6 +1,7 @@
 // Every notification of the child components, wired to its handler in one place.
 #include "control/generic_sp_control.h"
 #include "control/save_gate.h"
+#include "platform/key_codes.h"
 #include "view/cell_editors.h"
 #include "view/commit.h"
 #include "view/filter.h"
@@ -15,7 +16,7 @@ namespace {
 // keys do nothing in the control.
 std::function<void(int&)> SpaceClicks(std::function<void()> click) {
     return [click = std::move(click)](int& keyAscii) {
-        if (keyAscii == 32) click();
+        if (keyAscii == keys::kSpace) click();
     };
 }
 

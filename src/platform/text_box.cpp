@@ -2,13 +2,14 @@
 
 #include <algorithm>
 
+#include "platform/key_codes.h"
 #include "support/failure.h"
 #include "support/utf8.h"
 
 namespace tabulon {
 
 namespace {
-constexpr int kBackspace = 8;
+using keys::kBackspace;
 }  // namespace
 
 int TextBox::length() const {

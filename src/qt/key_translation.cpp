@@ -4,9 +4,9 @@ namespace tabulon {
 
 namespace {
 
-constexpr int kTab = 9;
-constexpr int kEnter = 13;
-constexpr int kLineFeed = 10;
+using keys::kEnter;
+using keys::kLineFeed;
+using keys::kTab;
 
 struct KeyRow {
     int qtKey;
@@ -19,22 +19,22 @@ constexpr KeyRow kKeyCodes[] = {
     {Qt::Key_Backtab, kTab},
     {Qt::Key_Return, kEnter},
     {Qt::Key_Enter, kEnter},
-    {Qt::Key_Escape, 27},
-    {Qt::Key_Space, 32},
-    {Qt::Key_Backspace, 8},
-    {Qt::Key_PageUp, 33},
-    {Qt::Key_PageDown, 34},
-    {Qt::Key_End, 35},
-    {Qt::Key_Home, 36},
-    {Qt::Key_Left, 37},
-    {Qt::Key_Up, 38},
-    {Qt::Key_Right, 39},
-    {Qt::Key_Down, 40},
-    {Qt::Key_Insert, 45},
-    {Qt::Key_Delete, 46},
-    {Qt::Key_Shift, 16},
-    {Qt::Key_Control, 17},
-    {Qt::Key_Alt, 18},
+    {Qt::Key_Escape, keys::kEscape},
+    {Qt::Key_Space, keys::kSpace},
+    {Qt::Key_Backspace, keys::kBackspace},
+    {Qt::Key_PageUp, keys::kPageUp},
+    {Qt::Key_PageDown, keys::kPageDown},
+    {Qt::Key_End, keys::kEnd},
+    {Qt::Key_Home, keys::kHome},
+    {Qt::Key_Left, keys::kLeft},
+    {Qt::Key_Up, keys::kUp},
+    {Qt::Key_Right, keys::kRight},
+    {Qt::Key_Down, keys::kDown},
+    {Qt::Key_Insert, keys::kInsert},
+    {Qt::Key_Delete, keys::kDelete},
+    {Qt::Key_Shift, keys::kShift},
+    {Qt::Key_Control, keys::kControl},
+    {Qt::Key_Alt, keys::kAlt},
     // Shifted digits of the US layout.
     {Qt::Key_ParenRight, '0'},
     {Qt::Key_Exclam, '1'},
@@ -109,8 +109,8 @@ int Character(int qtKey, int keyCode, int shift, const QString& text) {
     }
     switch (keyCode) {
         case kEnter:
-        case 27:
-        case 8:
+        case keys::kEscape:
+        case keys::kBackspace:
             return keyCode;
         default:
             return PrintableCharacter(text);

@@ -1,5 +1,6 @@
 #include "unitinput/unit_box_base.h"
 
+#include "platform/key_codes.h"
 #include "support/numeric.h"
 #include "unitinput/unit_catalogue.h"
 
@@ -7,7 +8,7 @@ namespace tabulon {
 
 namespace {
 
-constexpr int kBackspace = 8;
+using keys::kBackspace;
 
 // Removes the last UTF-8 code point (continuation bytes are 10xxxxxx).
 void RemoveLastCharacter(std::string& text) {

@@ -5,17 +5,19 @@
 // scroll step beyond the grid's range, reaches the caller.
 #include "view/navigation.h"
 
+#include "platform/key_codes.h"
+
 namespace tabulon {
 
 namespace {
 
-constexpr int kTab = 9;
-constexpr int kEnter = 13;
-constexpr int kF5 = 116;
-constexpr int kF6 = 117;
-constexpr int kF7 = 118;
-constexpr int kF8 = 119;
-constexpr int kCtrlOnly = 2;
+using keys::kEnter;
+using keys::kTab;
+constexpr int kF5 = keys::FunctionKey(5);
+constexpr int kF6 = keys::FunctionKey(6);
+constexpr int kF7 = keys::FunctionKey(7);
+constexpr int kF8 = keys::FunctionKey(8);
+constexpr int kCtrlOnly = kCtrlBit;
 
 // Room kept for the grid's border and the control's own bar along that edge.
 constexpr std::int64_t kEdgeMargin = 300;

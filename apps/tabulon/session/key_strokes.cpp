@@ -9,10 +9,10 @@ namespace tabulon::cli::session {
 
 namespace {
 
-constexpr int kTab = 9;
-constexpr int kEnter = 13;
-constexpr int kLineFeed = 10;
-constexpr int kF1 = 112;
+using keys::kEnter;
+using keys::kF1;
+using keys::kLineFeed;
+using keys::kTab;
 
 struct NamedKeyRow {
     std::string_view name;
@@ -23,13 +23,13 @@ struct NamedKeyRow {
 constexpr std::array<NamedKeyRow, 9> kNamedKeys = {{
     {"Tab", kTab, kTab},
     {"Enter", kEnter, kEnter},
-    {"Space", 32, 32},
-    {"Escape", 27, 27},
-    {"Backspace", 8, 8},
-    {"Left", 37, 0},
-    {"Up", 38, 0},
-    {"Right", 39, 0},
-    {"Down", 40, 0},
+    {"Space", keys::kSpace, keys::kSpace},
+    {"Escape", keys::kEscape, keys::kEscape},
+    {"Backspace", keys::kBackspace, keys::kBackspace},
+    {"Left", keys::kLeft, 0},
+    {"Up", keys::kUp, 0},
+    {"Right", keys::kRight, 0},
+    {"Down", keys::kDown, 0},
 }};
 
 // Punctuation of the US layout: the character typed without and with Shift.
@@ -60,7 +60,7 @@ KeyStroke AsciiKey(char c) {
     if (c >= 'a' && c <= 'z') return {c - 'a' + 'A', c, 0};
     if (c >= 'A' && c <= 'Z') return {c, c, kShiftBit};
     if (c >= '0' && c <= '9') return {c, c, 0};
-    if (c == ' ') return {32, 32, 0};
+    if (c == ' ') return {keys::kSpace, keys::kSpace, 0};
     if (const std::size_t digit = kShiftedDigits.find(c); digit != std::string_view::npos) {
         return {'0' + static_cast<int>(digit), c, kShiftBit};
     }
