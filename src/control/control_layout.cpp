@@ -7,14 +7,16 @@
 #include "control/generic_sp_control.h"
 #include "support/failure.h"
 #include "support/numeric.h"
+#include "view/design_geometry.h"
 #include "view/filter.h"
 
 namespace tabulon {
 
 namespace {
 
-constexpr std::int32_t kMinimumWidth = 8200;
-constexpr std::int32_t kMinimumHeight = 6300;
+// The control never gets smaller than it was designed.
+constexpr std::int32_t kMinimumWidth = design::kControlWidth;
+constexpr std::int32_t kMinimumHeight = design::kControlHeight;
 constexpr std::int32_t kMinimumTreeWidth = 1500;
 // Width the grid keeps when the tree takes all it may.
 constexpr std::int32_t kGridReserve = 4950;

@@ -5,6 +5,7 @@
 #include "control/document_loading.h"
 #include "support/numeric.h"
 #include "units/conversion_table.h"
+#include "view/design_geometry.h"
 #include "view/filter.h"
 #include "view/navigation.h"
 #include "view/scrollbar_refresh.h"
@@ -13,7 +14,9 @@
 namespace tabulon {
 
 Generic_SP_Control::Generic_SP_Control(MessageSink& sink, HostEvents& host)
-    : core_(std::make_unique<ControlCore>(sink, host)) {
+    : core_(std::make_unique<ControlCore>(sink, host)),
+      udtButtonLeft_{design::Find("cmdPrint").left, design::Find("cmdOK").left,
+                     design::Find("cmdCancel").left, design::Find("cmdHelp").left} {
     BuildConversionTable();
     Form& f = core_->form;
     SetScrollGrid(&f.msgGridView);

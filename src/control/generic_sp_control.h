@@ -153,7 +153,7 @@ private:
     VariantBool blnDefaultPos_ = kTrue;
     // Copies of the four visibility flags and positions, order Print, OK, Cancel, Help.
     std::array<VariantBool, 4> udtButtonVisible_{kTrue, kTrue, kTrue, kTrue};
-    std::array<std::int32_t, 4> udtButtonLeft_{3150, 4415, 5680, 6945};
+    std::array<std::int32_t, 4> udtButtonLeft_{};  // the design's, from creation
 };
 
 // The largest tree-view width the General page accepts; kept up to date by every

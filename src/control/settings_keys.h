@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "platform/property_bag.h"
+#include "view/design_geometry.h"
 
 namespace tabulon {
 
@@ -50,18 +51,20 @@ inline constexpr std::array<SettingKey, kSettingCount> kSettingKeys = {{
     {"ButtonProperty.blnCancelVisible", SettingType::Boolean, 1, ""},
     {"ButtonProperty.blnHelpVisible", SettingType::Boolean, 1, ""},
     {"ButtonProperty.blnDefaultPos", SettingType::Boolean, 1, ""},
-    {"ButtonProperty.lngPrintLeft", SettingType::Integer, 3150, ""},
-    {"ButtonProperty.lngOKLeft", SettingType::Integer, 4415, ""},
-    {"ButtonProperty.lngCancelLeft", SettingType::Integer, 5680, ""},
-    {"ButtonProperty.lngHelpLeft", SettingType::Integer, 6945, ""},
-    {"GeneralProperty.lngTreeViewWidth", SettingType::Integer, 2745, ""},
-    {"GeneralProperty.lngTreeViewStyle", SettingType::Integer, 7, ""},
+    {"ButtonProperty.lngPrintLeft", SettingType::Integer, design::Find("cmdPrint").left, ""},
+    {"ButtonProperty.lngOKLeft", SettingType::Integer, design::Find("cmdOK").left, ""},
+    {"ButtonProperty.lngCancelLeft", SettingType::Integer, design::Find("cmdCancel").left, ""},
+    {"ButtonProperty.lngHelpLeft", SettingType::Integer, design::Find("cmdHelp").left, ""},
+    {"GeneralProperty.lngTreeViewWidth", SettingType::Integer, design::Find("treTreeView").width,
+     ""},
+    {"GeneralProperty.lngTreeViewStyle", SettingType::Integer, design::kTreeStyle, ""},
     {"GeneralProperty.blnFilterVisible", SettingType::Boolean, 1, ""},
-    {"GeneralProperty.strFilterCaption", SettingType::String, 0, "Filter"},
-    {"GeneralProperty.strFilterLabel", SettingType::String, 0, "Filter Label"},
-    {"GeneralProperty.blnAllowBigSelection", SettingType::Boolean, 0, ""},
-    {"GeneralProperty.lngRowHeightMin", SettingType::Integer, 350, ""},
-    {"GeneralProperty.lngColWidthMin", SettingType::Integer, 1080, ""},
+    {"GeneralProperty.strFilterCaption", SettingType::String, 0, design::kFilterCaption},
+    {"GeneralProperty.strFilterLabel", SettingType::String, 0, design::kFilterLabel},
+    {"GeneralProperty.blnAllowBigSelection", SettingType::Boolean, design::kGridAllowBigSelection,
+     ""},
+    {"GeneralProperty.lngRowHeightMin", SettingType::Integer, design::kGridRowHeightMin, ""},
+    {"GeneralProperty.lngColWidthMin", SettingType::Integer, design::kGridColWidthMin, ""},
     {"GeneralProperty.intScrollBars", SettingType::Integer, 1, ""},
 }};
 

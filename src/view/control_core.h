@@ -10,6 +10,7 @@
 #include "document/document_model.h"
 #include "support/message_sink.h"
 #include "unitinput/unit_registrar.h"
+#include "view/design_geometry.h"
 #include "view/form.h"
 #include "view/host_events.h"
 
@@ -35,7 +36,7 @@ struct ControlCore {
     std::shared_ptr<UnitRegistrar> unitRegistrar;
 
     // Width given to new grid columns and written by GeneralProperty (16-bit).
-    std::int16_t intColWidthMin = 1080;
+    std::int16_t intColWidthMin = design::kGridColWidthMin;
 };
 
 }  // namespace tabulon

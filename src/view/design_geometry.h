@@ -61,6 +61,7 @@ constexpr const Placement& Find(std::string_view name) {
 // Grid and tree properties at design time.
 inline constexpr std::int32_t kGridRowHeightMin = 350;
 inline constexpr std::int32_t kGridDefaultRowHeight = 240;
+inline constexpr std::int16_t kGridColWidthMin = 1080;  // the width new columns get
 inline constexpr bool kGridAllowBigSelection = false;
 inline constexpr std::int32_t kTreeStyle = 7;
 inline constexpr std::string_view kFilterCaption = "Filter";

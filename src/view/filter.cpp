@@ -15,8 +15,8 @@ namespace tabulon {
 namespace {
 
 // Where the grid and the vertical bar stand with and without the filter frame above.
-constexpr std::int32_t kGridTopBelowFilter = 840;
-constexpr std::int32_t kBarTopBelowFilter = 880;
+constexpr std::int32_t kGridTopBelowFilter = design::Find("msgGridView").top;
+constexpr std::int32_t kBarTopBelowFilter = design::Find("vscGrid").top;
 constexpr std::int32_t kGridTopAlone = 0;
 constexpr std::int32_t kBarTopAlone = 40;
 constexpr std::int32_t kFilterGap = 90;
