@@ -10,6 +10,7 @@
 
 #include <string>
 
+#include "control/control_access.h"
 #include "control/generic_sp_control.h"
 #include "generator/document_generator.h"
 #include "testing/recording_sink.h"
@@ -44,14 +45,14 @@ struct MetricControl {
         control.InitProperties();
         control.Show();
         if (!control.LoadXML(GenerateDocument(Shape()))) return;
-        const DocumentModel& doc = control.core().doc;
+        const DocumentModel& doc = CoreOf(control).doc;
         for (int row = 1; row < static_cast<int>(doc.arrRowInfo.size()) && !ready; ++row) {
             if (doc.arrRowInfo[static_cast<std::size_t>(row)].ControlType != EditorKind::UnitDrop)
                 continue;
             for (int col = 1; col <= doc.arrCellNodes.upperBound2() && !ready; ++col) {
                 if (doc.arrCellNodes.at(row, col).attribute("Enabled").value() != "1") continue;
-                control.form().msgGridView.userClick(row, col);
-                ready = control.form().unitDropControl.visible() && sink.messages().empty();
+                FormOf(control).msgGridView.userClick(row, col);
+                ready = FormOf(control).unitDropControl.visible() && sink.messages().empty();
             }
         }
     }
@@ -70,7 +71,7 @@ const char* ValueFor(std::int64_t iteration) {
 }
 
 bool Healthy(const MetricControl& m) {
-    return m.sink.messages().empty() && m.control.core().doc.blnGridLoaded;
+    return m.sink.messages().empty() && CoreOf(m.control).doc.blnGridLoaded;
 }
 
 bool ReadyOrSkip(const MetricControl& m, benchmark::State& state) {
@@ -81,7 +82,7 @@ bool ReadyOrSkip(const MetricControl& m, benchmark::State& state) {
 void BM_UnitDropCommitMetric(benchmark::State& state) {
     MetricControl& m = Loaded();
     if (!ReadyOrSkip(m, state)) return;
-    ControlCore& core = m.control.core();
+    ControlCore& core = CoreOf(m.control);
     std::int64_t iteration = 0;
     for (auto _ : state) {
         state.PauseTiming();
@@ -97,7 +98,7 @@ void BM_UnitDropCommitMetric(benchmark::State& state) {
 void BM_UnitDropEditCycleMetric(benchmark::State& state) {
     MetricControl& m = Loaded();
     if (!ReadyOrSkip(m, state)) return;
-    ControlCore& core = m.control.core();
+    ControlCore& core = CoreOf(m.control);
     std::int64_t iteration = 0;
     for (auto _ : state) {
         OpenCellEditor(core);

@@ -18,6 +18,7 @@
 #include <string>
 
 #include "bench_documents.h"
+#include "control/control_access.h"
 #include "control/generic_sp_control.h"
 #include "document/dtd.h"
 #include "platform/xml/xml_document.h"
@@ -38,8 +39,8 @@ struct FreshControl {
         control.Show();
     }
     bool GridShown() const {
-        return sink.messages().empty() && control.core().doc.blnGridLoaded &&
-               control.form().msgGridView.enabled();
+        return sink.messages().empty() && CoreOf(control).doc.blnGridLoaded &&
+               FormOf(control).msgGridView.enabled();
     }
 };
 

@@ -17,6 +17,7 @@
 #include <QTableWidget>
 #include <memory>
 
+#include "control/control_access.h"
 #include "control/generic_sp_control.h"
 #include "generator/document_generator.h"
 #include "qt/bindings/binding_host.h"
@@ -69,7 +70,7 @@ struct Scene {
         shape.gridHeaders = 1;
         shape.invalidEvery = 9;
         if (!control.LoadXML(GenerateDocument(shape)) || !sink.messages().empty()) return;
-        FlexGrid& grid = control.form().msgGridView;
+        FlexGrid& grid = FormOf(control).msgGridView;
         const TwipsScale& scale = host.scale();
         grid.setWidth(scale.toTwipsX(kViewportWidth));
         grid.setHeight(scale.toTwipsY(kViewportHeight));
@@ -162,7 +163,7 @@ void BM_ScrollOneRowGridViewport(benchmark::State& state) {
         state.SkipWithError("the generated document did not fill the viewport cleanly");
         return;
     }
-    FlexGrid& grid = scene.control.form().msgGridView;
+    FlexGrid& grid = FormOf(scene.control).msgGridView;
     int step = 1;
     for (auto _ : state) {
         const int before = grid.topRow();

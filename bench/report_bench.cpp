@@ -3,6 +3,7 @@
 // the document, report, event). No goal beyond staying interactive.
 #include <benchmark/benchmark.h>
 
+#include "control/control_access.h"
 #include "control/generic_sp_control.h"
 #include "control/save_gate.h"
 #include "document/report.h"
@@ -32,7 +33,7 @@ struct WideControl {
         shape.valueColumns = 1000;
         shape.rows = 20;
         ready = control.LoadXML(GenerateDocument(shape)) && sink.messages().empty() &&
-                control.form().msgGridView.cols() == 1001;
+                FormOf(control).msgGridView.cols() == 1001;
     }
 };
 
@@ -49,7 +50,7 @@ void BM_ReportText(benchmark::State& state) {
         return;
     }
     for (auto _ : state) {
-        benchmark::DoNotOptimize(BuildReportXML(w.control.form().msgGridView, w.sink));
+        benchmark::DoNotOptimize(BuildReportXML(FormOf(w.control).msgGridView, w.sink));
     }
     if (!w.sink.messages().empty()) state.SkipWithError("the report showed a message");
     state.SetLabel("1000 value columns");
@@ -63,7 +64,7 @@ void BM_PrintClick(benchmark::State& state) {
     }
     w.host.prints = 0;
     for (auto _ : state) {
-        PrintButtonClick(w.control.core());
+        PrintButtonClick(CoreOf(w.control));
     }
     if (!w.sink.messages().empty() || w.host.prints != state.iterations()) {
         state.SkipWithError("View/Print did not raise PrintClick cleanly");

@@ -8,6 +8,7 @@
 // changed shape, which gathers the rows again first.
 #include <benchmark/benchmark.h>
 
+#include "control/control_access.h"
 #include "control/generic_sp_control.h"
 #include "control/save_gate.h"
 #include "generator/document_generator.h"
@@ -52,7 +53,7 @@ void BM_ValidationGate(benchmark::State& state) {
     }
     for (auto _ : state) {
         bool ok = false;
-        ValidateGridValues(v.control.core(), ok);
+        ValidateGridValues(CoreOf(v.control), ok);
         if (!ok) state.SkipWithError("the gate found an invalid cell");
     }
     state.SetItemsProcessed(state.iterations() * kKeys * kColumns * kRows);
@@ -67,10 +68,10 @@ void BM_ValidationGateAfterShapeChange(benchmark::State& state) {
     }
     for (auto _ : state) {
         state.PauseTiming();
-        v.control.core().doc.validityIndex.built = false;
+        CoreOf(v.control).doc.validityIndex.built = false;
         state.ResumeTiming();
         bool ok = false;
-        ValidateGridValues(v.control.core(), ok);
+        ValidateGridValues(CoreOf(v.control), ok);
         if (!ok) state.SkipWithError("the gate found an invalid cell");
     }
     state.SetItemsProcessed(state.iterations() * kKeys * kColumns * kRows);

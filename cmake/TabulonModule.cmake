@@ -30,6 +30,7 @@ endfunction()
 function(tabulon_module name)
   cmake_parse_arguments(M "" "" "SOURCES;DEPS;PRIVATE_DEPS" ${ARGN})
   add_library(tabulon_${name} STATIC ${M_SOURCES})
+  target_compile_features(tabulon_${name} PUBLIC cxx_std_20)
   add_library(Tabulon::${name} ALIAS tabulon_${name})
   target_include_directories(tabulon_${name} PUBLIC
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>

@@ -1,6 +1,6 @@
 # Installing Tabulon for hosts that link it:
-#   include/tabulon/<folder>/<file>.h     every header of the core and the Qt front end,
-#                                         so "control/generic_sp_control.h" and
+#   include/tabulon/<folder>/<file>.h     the public headers listed below, so
+#                                         "control/generic_sp_control.h" and
 #                                         "qt/spreadsheet_widget.h" resolve with
 #                                         include/tabulon on the include path
 #   lib/libtabulon_*.a                    the core's module libraries and tabulon_widgets
@@ -11,8 +11,11 @@
 #   lib/pkgconfig/tabulon-widgets.pc      the Qt front end (needs Qt6Widgets.pc)
 #
 # Decisions:
-# - Every header is installed, not a chosen "public" few: the public headers include
-#   the layers below them, and the libraries are static, so a host needs them all.
+# - Only the public headers are installed: each includes nothing but the others (the
+#   control and the widget keep their internals behind forward declarations and a
+#   private implementation). The packaging test compiles them all on their own and
+#   builds the example hosts with nothing else. Every module library is installed,
+#   being static: the public ones link the rest.
 # - The pkg-config files find their prefix from their own place (${pcfiledir}), so an
 #   installed tree can be moved, as the CMake package can.
 include(CMakePackageConfigHelpers)
@@ -44,14 +47,30 @@ install(EXPORT TabulonTargets
   NAMESPACE Tabulon::
   DESTINATION ${TABULON_INSTALL_CMAKEDIR})
 
-# --- headers
-set(tabulon_header_excludes)
-if(NOT TABULON_PACKAGE_HAS_WIDGETS)
-  list(APPEND tabulon_header_excludes PATTERN "qt" EXCLUDE)
+# --- headers: the public API, relative to src/
+set(TABULON_PUBLIC_HEADERS
+  control/generic_sp_control.h
+  control/settings_records.h
+  platform/property_bag.h
+  platform/xml/xml_document.h
+  support/failure.h
+  support/message_sink.h
+  view/host_events.h)
+set(TABULON_PUBLIC_WIDGET_HEADERS
+  qt/message_handler.h
+  qt/pages/property_page_dialog.h
+  qt/qsettings_property_bag.h
+  qt/settings_metatypes.h
+  qt/spreadsheet_widget.h)
+set(tabulon_installed_headers ${TABULON_PUBLIC_HEADERS})
+if(TABULON_PACKAGE_HAS_WIDGETS)
+  list(APPEND tabulon_installed_headers ${TABULON_PUBLIC_WIDGET_HEADERS})
 endif()
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/
-  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tabulon
-  FILES_MATCHING PATTERN "*.h" PATTERN "testing" EXCLUDE ${tabulon_header_excludes})
+foreach(header IN LISTS tabulon_installed_headers)
+  get_filename_component(folder ${header} DIRECTORY)
+  install(FILES ${PROJECT_SOURCE_DIR}/src/${header}
+    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tabulon/${folder})
+endforeach()
 
 # --- CMake package
 configure_package_config_file(

@@ -5,6 +5,7 @@
 #include <QTest>
 #include <QTreeWidget>
 
+#include "control/control_access.h"
 #include "demo_window.h"
 #include "qt/bindings/grid_view.h"
 #include "qt/bindings/tree_binding.h"
@@ -66,7 +67,7 @@ QString DemoScript::runStep(const DemoStep& step) {
 
 QString DemoScript::clickNode(const QString& key) {
     SpreadsheetWidget& spreadsheet = window_.spreadsheet();
-    TreeView& tree = spreadsheet.control().form().treTreeView;
+    TreeView& tree = FormOf(spreadsheet.control()).treTreeView;
     const int index = tree.indexOf(ToStdString(key));
     auto* binding = static_cast<TreeBinding*>(spreadsheet.bindingFor(tree));
     QTreeWidgetItem* item = index == 0 ? nullptr : binding->itemFor(index);
@@ -81,7 +82,7 @@ QString DemoScript::clickNode(const QString& key) {
 QString DemoScript::clickCell(int row, int column) {
     SpreadsheetWidget& spreadsheet = window_.spreadsheet();
     auto* view =
-        static_cast<GridView*>(spreadsheet.widgetFor(spreadsheet.control().form().msgGridView));
+        static_cast<GridView*>(spreadsheet.widgetFor(FormOf(spreadsheet.control()).msgGridView));
     const QRect cell = view->cellRect(row, column);
     if (cell.isEmpty()) {
         return QStringLiteral("--click: cell %1, %2 is not in view").arg(row).arg(column);
@@ -102,7 +103,7 @@ QString DemoScript::type(const QString& text) {
 
 QString DemoScript::clickPrint() {
     SpreadsheetWidget& spreadsheet = window_.spreadsheet();
-    QWidget* button = spreadsheet.widgetFor(spreadsheet.control().form().cmdPrint);
+    QWidget* button = spreadsheet.widgetFor(FormOf(spreadsheet.control()).cmdPrint);
     if (button == nullptr || !button->isVisible() || !button->isEnabled()) {
         return QStringLiteral("--print: the View/Print button is hidden or disabled");
     }

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "command.h"
+#include "control/control_access.h"
 #include "control/save_gate.h"
 #include "headless_control.h"
 #include "testing/recording_host.h"
@@ -49,7 +50,7 @@ int RunReport(Arguments args, std::ostream& out, std::ostream& err) {
     HeadlessControl headless(err);
     Generic_SP_Control& control = headless.control();
     if (!control.Load(parsed.path)) return 1;
-    Form& form = control.form();
+    Form& form = FormOf(control);
     if (parsed.node) {
         const int index = form.treTreeView.indexOf(*parsed.node);
         if (index == 0) {
@@ -68,7 +69,7 @@ int RunReport(Arguments args, std::ostream& out, std::ostream& err) {
             return 1;
         }
     }
-    PrintButtonClick(control.core());
+    PrintButtonClick(CoreOf(control));
     const std::vector<RecordedEvent> prints = headless.host().eventsOf(HostEventKind::PrintClick);
     if (prints.empty()) return 1;
     const std::string& report = prints.front().text;

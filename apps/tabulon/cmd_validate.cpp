@@ -11,6 +11,7 @@
 #include <string>
 
 #include "command.h"
+#include "control/control_access.h"
 #include "headless_control.h"
 
 namespace tabulon::cli {
@@ -37,10 +38,10 @@ int RunValidate(Arguments args, std::ostream& out, std::ostream& err) {
     HeadlessControl headless(err);
     Generic_SP_Control& control = headless.control();
     const bool loaded = asText ? control.LoadXML(*text) : control.Load(*path);
-    const Form& form = control.form();
+    const Form& form = FormOf(control);
     const TreeView& tree = form.treTreeView;
     const FlexGrid& grid = form.msgGridView;
-    const bool shown = loaded && control.core().doc.blnGridLoaded && grid.enabled();
+    const bool shown = loaded && CoreOf(control).doc.blnGridLoaded && grid.enabled();
 
     out << "tree " << tree.count() << " nodes; ";
     if (shown) {

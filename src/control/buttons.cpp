@@ -2,6 +2,7 @@
 #include "control/generic_sp_control.h"
 #include "support/failure.h"
 #include "support/numeric.h"
+#include "view/control_core.h"
 
 namespace tabulon {
 

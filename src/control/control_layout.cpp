@@ -7,6 +7,7 @@
 #include "control/generic_sp_control.h"
 #include "support/failure.h"
 #include "support/numeric.h"
+#include "view/control_core.h"
 #include "view/design_geometry.h"
 #include "view/filter.h"
 
@@ -118,9 +119,8 @@ void Generic_SP_Control::PublishLargestTreeViewWidth() {
     SetLargestTreeViewWidth(Narrow(f.msgGridView.width() - kGridReserve + f.treTreeView.width()));
 }
 
-void Generic_SP_Control::SplitterDrag(int button, int shift, std::int32_t x, std::int32_t y) {
-    (void)shift;
-    (void)y;
+void Generic_SP_Control::SplitterDrag(int button, int /*shift*/, std::int32_t x,
+                                      std::int32_t /*y*/) {
     if (button != 1) return;
     Guarded(core_->sink, "1003", [&] {
         Form& f = core_->form;

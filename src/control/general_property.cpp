@@ -6,6 +6,7 @@
 #include "control/generic_sp_control.h"
 #include "support/failure.h"
 #include "support/numeric.h"
+#include "view/control_core.h"
 #include "view/filter.h"
 
 namespace tabulon {

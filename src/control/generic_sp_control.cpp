@@ -1,6 +1,7 @@
 // Generic_SP_Control: creation, first-time initialisation, first showing, the end of
 // life, and the members that only forward to a collaborator.
 #include "control/generic_sp_control.h"
+#include "view/control_core.h"
 
 #include "control/document_loading.h"
 #include "support/numeric.h"
@@ -95,17 +96,13 @@ std::string Generic_SP_Control::XML() const {
     return doc.objXMLDoc ? doc.objXMLDoc->Serialize() : std::string();
 }
 
-void Generic_SP_Control::SetXML(const std::string& value) {
-    (void)value;
-}
+void Generic_SP_Control::SetXML(const std::string& /*value*/) {}
 
 std::string Generic_SP_Control::FilterValue() const {
     return FilterValueText(*core_);
 }
 
-void Generic_SP_Control::SetFilterValue(const std::string& value) {
-    (void)value;
-}
+void Generic_SP_Control::SetFilterValue(const std::string& /*value*/) {}
 
 std::string Generic_SP_Control::DisplayColWidth() const {
     const FlexGrid& grid = core_->form.msgGridView;
@@ -117,8 +114,6 @@ std::string Generic_SP_Control::DisplayColWidth() const {
     return widths;
 }
 
-void Generic_SP_Control::SetDisplayColWidth(const std::string& value) {
-    (void)value;
-}
+void Generic_SP_Control::SetDisplayColWidth(const std::string& /*value*/) {}
 
 }  // namespace tabulon

@@ -4,7 +4,9 @@
 // see dispatch_table.h), the lifecycle and the settings the control owns itself, and
 // delegates everything else to the collaborators in view/ and document/, which share
 // one ControlCore. Message boxes go to the MessageSink, events to the HostEvents;
-// both must outlive the control.
+// both must outlive the control. The state shared with the collaborators stays out of
+// this header: the Qt front end, the tools and the tests reach it through
+// control_access.h, which is not installed.
 //
 // Threading: everything runs on the thread that created the instance. Per-thread
 // state (the conversion-name table, the grid the scroll bars drive, the largest
@@ -19,9 +21,15 @@
 
 #include "control/settings_records.h"
 #include "platform/property_bag.h"
-#include "view/control_core.h"
+#include "support/message_sink.h"
+#include "view/host_events.h"
 
 namespace tabulon {
+
+class Button;
+class Component;
+struct ControlCore;
+struct ControlAccess;
 
 class Generic_SP_Control {
 public:
@@ -114,16 +122,14 @@ public:
     // published again. Failures: "Unexpected Error - 1003".
     void SplitterDrag(int button, int shift, std::int32_t x, std::int32_t y);
 
-    // --- access for views and tools
-    ControlCore& core() { return *core_; }
-    const ControlCore& core() const { return *core_; }
-    Form& form() { return core_->form; }
-    const Form& form() const { return core_->form; }
+    // --- state
     bool terminated() const { return terminated_; }
     bool shown() const { return shown_; }
     VariantBool blnDefaultPos() const { return blnDefaultPos_; }
 
 private:
+    friend struct ControlAccess;
+
     void WireNotifications();
     // The resize steps (1003) with the control at its current size.
     void ResizeHandling();

@@ -1,5 +1,6 @@
 // Keyboard routing: the control previews every key before the focused component.
 #include "control/generic_sp_control.h"
+#include "view/control_core.h"
 #include "view/navigation.h"
 
 namespace tabulon {

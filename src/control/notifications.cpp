@@ -4,6 +4,7 @@
 #include "platform/key_codes.h"
 #include "view/cell_editors.h"
 #include "view/commit.h"
+#include "view/control_core.h"
 #include "view/filter.h"
 #include "view/grid_events.h"
 #include "view/node_selection.h"

@@ -4,6 +4,7 @@
 #include "control/generic_sp_control.h"
 #include "control/settings_keys.h"
 #include "support/failure.h"
+#include "view/control_core.h"
 
 namespace tabulon {
 

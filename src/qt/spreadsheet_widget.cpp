@@ -5,6 +5,11 @@
 #include <QResizeEvent>
 #include <QShowEvent>
 
+#include <unordered_map>
+#include <vector>
+
+#include "control/control_access.h"
+#include "qt/bindings/binding_host.h"
 #include "qt/bindings/button_binding.h"
 #include "qt/bindings/caption_binding.h"
 #include "qt/bindings/combo_box_binding.h"
@@ -16,42 +21,88 @@
 #include "qt/bindings/tree_binding.h"
 #include "qt/bindings/unit_drop_binding.h"
 #include "qt/bindings/unit_num_binding.h"
+#include "qt/qt_message_sink.h"
 #include "qt/qt_text.h"
+#include "qt/twips_scale.h"
 #include "qt/widget_host_events.h"
 #include "support/failure.h"
 
 namespace tabulon {
 
+// The widget's state and the host side of its bindings.
+class SpreadsheetWidget::Private : public BindingHost {
+public:
+    explicit Private(SpreadsheetWidget& widget)
+        : q_(widget),
+          sink_(&widget),
+          hostEvents_(std::make_unique<WidgetHostEvents>(widget)),
+          control_(std::make_unique<Generic_SP_Control>(sink_, *hostEvents_)),
+          scale_(widget.logicalDpiX(), widget.logicalDpiY()) {}
+
+    Generic_SP_Control& control() override { return *control_; }
+    const TwipsScale& scale() const override { return scale_; }
+    void syncFocusToModel() override;
+    void runGesture(const std::function<void()>& gesture) override;
+
+    void buildBindings();
+    template <class B, class... Args>
+    B& bind(Args&&... args);
+    ComponentBinding* bindingFor(const Component& model) const;
+    // Re-reads the screen's DPI; a change places every widget again. True when it
+    // changed.
+    bool updateScale();
+    // The host's size, in twips, to the control's resize handling.
+    void applySize();
+
+    SpreadsheetWidget& q_;
+    QtMessageSink sink_;
+    std::unique_ptr<WidgetHostEvents> hostEvents_;
+    std::unique_ptr<Generic_SP_Control> control_;
+    TwipsScale scale_;
+    std::vector<std::unique_ptr<ComponentBinding>> bindings_;
+    std::unordered_map<const Component*, ComponentBinding*> byModel_;
+    int focusToken_ = 0;
+};
+
 SpreadsheetWidget::SpreadsheetWidget(QWidget* parent, PropertyBag* savedSettings,
                                      MessageHandler messages)
-    : QWidget(parent),
-      sink_(this),
-      hostEvents_(std::make_unique<WidgetHostEvents>(*this)),
-      control_(std::make_unique<Generic_SP_Control>(sink_, *hostEvents_)),
-      scale_(logicalDpiX(), logicalDpiY()) {
+    : QWidget(parent), d_(std::make_unique<Private>(*this)) {
     setFocusPolicy(Qt::StrongFocus);
-    sink_.setHandler(std::move(messages));
-    control_->form().ilsTreeView.setLoader(LoadDecodedPicture);
+    d_->sink_.setHandler(std::move(messages));
+    Generic_SP_Control& control = *d_->control_;
+    FormOf(control).ilsTreeView.setLoader(LoadDecodedPicture);
     if (savedSettings != nullptr) {
-        control_->ReadProperties(*savedSettings);
+        control.ReadProperties(*savedSettings);
     } else {
-        control_->InitProperties();
+        control.InitProperties();
     }
-    buildBindings();
-    focusToken_ =
-        control_->form().focus.Subscribe([this](const ChangeInfo&) { syncFocusToModel(); });
+    d_->buildBindings();
+    d_->focusToken_ =
+        FormOf(control).focus.Subscribe([this](const ChangeInfo&) { d_->syncFocusToModel(); });
 }
 
 SpreadsheetWidget::~SpreadsheetWidget() {
-    control_->form().focus.Unsubscribe(focusToken_);
-    byModel_.clear();
-    bindings_.clear();
-    control_->Terminate();
-    control_.reset();
+    FormOf(*d_->control_).focus.Unsubscribe(d_->focusToken_);
+    d_->byModel_.clear();
+    d_->bindings_.clear();
+    d_->control_->Terminate();
+    d_->control_.reset();
+}
+
+Generic_SP_Control& SpreadsheetWidget::control() {
+    return *d_->control_;
+}
+
+const Generic_SP_Control& SpreadsheetWidget::control() const {
+    return *d_->control_;
+}
+
+const TwipsScale& SpreadsheetWidget::scale() const {
+    return d_->scale_;
 }
 
 template <class B, class... Args>
-B& SpreadsheetWidget::bind(Args&&... args) {
+B& SpreadsheetWidget::Private::bind(Args&&... args) {
     auto binding =
         std::make_unique<B>(static_cast<BindingHost&>(*this), std::forward<Args>(args)...);
     B& bound = *binding;
@@ -60,134 +111,139 @@ B& SpreadsheetWidget::bind(Args&&... args) {
     return bound;
 }
 
-void SpreadsheetWidget::buildBindings() {
-    Form& f = control_->form();
+void SpreadsheetWidget::Private::buildBindings() {
+    Form& f = FormOf(*control_);
+    QWidget* const self = &q_;
     // Created in stacking order: later widgets lie above earlier ones, the cell
     // editors above everything.
-    bind<TreeBinding>(f.treTreeView, f.ilsTreeView, this);
-    bind<SplitterBinding>(f.imgSplitter, f.treTreeView, this);
+    bind<TreeBinding>(f.treTreeView, f.ilsTreeView, self);
+    bind<SplitterBinding>(f.imgSplitter, f.treTreeView, self);
     QWidget* frame =
-        bind<CaptionBinding>(f.fraFilterView, CaptionBinding::Kind::GroupBox, this).widget();
+        bind<CaptionBinding>(f.fraFilterView, CaptionBinding::Kind::GroupBox, self).widget();
     bind<CaptionBinding>(f.lblFilter, CaptionBinding::Kind::Text, frame);
     bind<ComboBoxBinding>(f.cboFilter, frame);
-    bind<GridBinding>(f.msgGridView, this);
-    bind<ScrollBarBinding>(f.vscGrid, f.vscGrid.bar(), Qt::Vertical, this);
-    bind<ScrollBarBinding>(f.hscGrid, f.hscGrid.bar(), Qt::Horizontal, this);
-    bind<ButtonBinding>(f.cmdPrint, this);
-    bind<ButtonBinding>(f.cmdOK, this);
-    bind<ButtonBinding>(f.cmdCancel, this);
-    bind<ButtonBinding>(f.cmdHelp, this);
-    bind<TextBoxBinding>(f.txtTextBoxControl, this);
-    bind<ComboBoxBinding>(f.cboComboBoxControl, this);
-    bind<UnitNumBinding>(f.unitNumControl, this);
-    bind<UnitDropBinding>(f.unitDropControl, this);
+    bind<GridBinding>(f.msgGridView, self);
+    bind<ScrollBarBinding>(f.vscGrid, f.vscGrid.bar(), Qt::Vertical, self);
+    bind<ScrollBarBinding>(f.hscGrid, f.hscGrid.bar(), Qt::Horizontal, self);
+    bind<ButtonBinding>(f.cmdPrint, self);
+    bind<ButtonBinding>(f.cmdOK, self);
+    bind<ButtonBinding>(f.cmdCancel, self);
+    bind<ButtonBinding>(f.cmdHelp, self);
+    bind<TextBoxBinding>(f.txtTextBoxControl, self);
+    bind<ComboBoxBinding>(f.cboComboBoxControl, self);
+    bind<UnitNumBinding>(f.unitNumControl, self);
+    bind<UnitDropBinding>(f.unitDropControl, self);
     for (const auto& binding : bindings_)
         binding->refresh();
 }
 
-ComponentBinding* SpreadsheetWidget::bindingFor(const Component& model) const {
+ComponentBinding* SpreadsheetWidget::Private::bindingFor(const Component& model) const {
     const auto found = byModel_.find(&model);
     return found == byModel_.end() ? nullptr : found->second;
 }
 
+ComponentBinding* SpreadsheetWidget::bindingFor(const Component& model) const {
+    return d_->bindingFor(model);
+}
+
 QWidget* SpreadsheetWidget::widgetFor(const Component& model) const {
-    const ComponentBinding* binding = bindingFor(model);
+    const ComponentBinding* binding = d_->bindingFor(model);
     return binding == nullptr ? nullptr : binding->widget();
 }
 
 void SpreadsheetWidget::setMessageHandler(MessageHandler handler) {
-    sink_.setHandler(std::move(handler));
+    d_->sink_.setHandler(std::move(handler));
 }
 
 void SpreadsheetWidget::saveSettings(PropertyBag& bag) {
-    control_->WriteProperties(bag);
+    d_->control_->WriteProperties(bag);
 }
 
 // --- properties
 
 QString SpreadsheetWidget::XML() const {
-    return ToQString(control_->XML());
+    return ToQString(d_->control_->XML());
 }
 
 void SpreadsheetWidget::setXML(const QString& value) {
-    control_->SetXML(ToStdString(value));
+    d_->control_->SetXML(ToStdString(value));
 }
 
 QString SpreadsheetWidget::FilterValue() const {
-    return ToQString(control_->FilterValue());
+    return ToQString(d_->control_->FilterValue());
 }
 
 void SpreadsheetWidget::setFilterValue(const QString& value) {
-    control_->SetFilterValue(ToStdString(value));
+    d_->control_->SetFilterValue(ToStdString(value));
 }
 
 QString SpreadsheetWidget::DisplayColWidth() const {
-    return ToQString(control_->DisplayColWidth());
+    return ToQString(d_->control_->DisplayColWidth());
 }
 
 void SpreadsheetWidget::setDisplayColWidth(const QString& value) {
-    control_->SetDisplayColWidth(ToStdString(value));
+    d_->control_->SetDisplayColWidth(ToStdString(value));
 }
 
 gGeneralProperty_type SpreadsheetWidget::GeneralProperty() const {
-    return control_->GeneralProperty();
+    return d_->control_->GeneralProperty();
 }
 
 void SpreadsheetWidget::setGeneralProperty(const gGeneralProperty_type& value) {
-    control_->SetGeneralProperty(value);
+    d_->control_->SetGeneralProperty(value);
 }
 
 gButtonProperty_type SpreadsheetWidget::ButtonProperty() const {
-    return control_->ButtonProperty();
+    return d_->control_->ButtonProperty();
 }
 
 void SpreadsheetWidget::setButtonProperty(const gButtonProperty_type& value) {
-    control_->SetButtonProperty(value);
+    d_->control_->SetButtonProperty(value);
 }
 
 // --- members
 
 bool SpreadsheetWidget::Load(const QString& XMLSource) {
-    return control_->Load(ToStdString(XMLSource));
+    return d_->control_->Load(ToStdString(XMLSource));
 }
 
 bool SpreadsheetWidget::LoadXML(const QString& bstrXML) {
-    return control_->LoadXML(ToStdString(bstrXML));
+    return d_->control_->LoadXML(ToStdString(bstrXML));
 }
 
 void SpreadsheetWidget::Reposition_Button() {
-    control_->Reposition_Button();
+    d_->control_->Reposition_Button();
 }
 
 void SpreadsheetWidget::RefreshAdvanceScrollbars() {
-    control_->RefreshAdvanceScrollbars();
+    d_->control_->RefreshAdvanceScrollbars();
 }
 
 void SpreadsheetWidget::MoveNextCell(qint16 KeyAscii) {
-    control_->MoveNextCell(KeyAscii);
+    d_->control_->MoveNextCell(KeyAscii);
 }
 
 void SpreadsheetWidget::MovePreviousCell(qint16 KeyAscii) {
-    control_->MovePreviousCell(KeyAscii);
+    d_->control_->MovePreviousCell(KeyAscii);
 }
 
 void SpreadsheetWidget::MoveNextColumn() {
-    control_->MoveNextColumn();
+    d_->control_->MoveNextColumn();
 }
 
 void SpreadsheetWidget::MovePreviousColumn() {
-    control_->MovePreviousColumn();
+    d_->control_->MovePreviousColumn();
 }
 
 // --- size, showing, focus
 
 QSize SpreadsheetWidget::sizeHint() const {
-    const Component& self = control_->form().control;
-    return scale_.toPixels(0, 0, self.width(), self.height()).size();
+    const Component& self = FormOf(*d_->control_).control;
+    return d_->scale_.toPixels(0, 0, self.width(), self.height()).size();
 }
 
-bool SpreadsheetWidget::updateScale() {
-    const TwipsScale scale(logicalDpiX(), logicalDpiY());
+bool SpreadsheetWidget::Private::updateScale() {
+    const TwipsScale scale(q_.logicalDpiX(), q_.logicalDpiY());
     if (scale == scale_) return false;
     scale_ = scale;
     for (const auto& binding : bindings_)
@@ -195,44 +251,45 @@ bool SpreadsheetWidget::updateScale() {
     return true;
 }
 
-void SpreadsheetWidget::applySize() {
-    const std::int32_t width = scale_.toTwipsX(this->width());
-    const std::int32_t height = scale_.toTwipsY(this->height());
+void SpreadsheetWidget::Private::applySize() {
+    const std::int32_t width = scale_.toTwipsX(q_.width());
+    const std::int32_t height = scale_.toTwipsY(q_.height());
     runGesture([this, width, height] { control_->Resize(width, height); });
 }
 
 bool SpreadsheetWidget::event(QEvent* event) {
     const bool handled = QWidget::event(event);
     // Moved to a screen of another DPI: the same pixels are other twips now.
-    if (event->type() == QEvent::ScreenChangeInternal && updateScale() && control_->shown()) {
-        applySize();
+    if (event->type() == QEvent::ScreenChangeInternal && d_->updateScale() &&
+        d_->control_->shown()) {
+        d_->applySize();
     }
     return handled;
 }
 
 void SpreadsheetWidget::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    updateScale();
-    if (control_->shown()) applySize();
+    d_->updateScale();
+    if (d_->control_->shown()) d_->applySize();
 }
 
 void SpreadsheetWidget::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
-    updateScale();
-    if (control_->shown()) return;
-    runGesture([this] { control_->Show(); });
-    applySize();
+    d_->updateScale();
+    if (d_->control_->shown()) return;
+    d_->runGesture([this] { d_->control_->Show(); });
+    d_->applySize();
 }
 
 void SpreadsheetWidget::focusInEvent(QFocusEvent* event) {
     QWidget::focusInEvent(event);
-    syncFocusToModel();
+    d_->syncFocusToModel();
 }
 
-void SpreadsheetWidget::syncFocusToModel() {
+void SpreadsheetWidget::Private::syncFocusToModel() {
     // An open drop-down holds the focus for the combo that opened it.
     if (QApplication::activePopupWidget() != nullptr) return;
-    const Component* focused = control_->form().focus.focused();
+    const Component* focused = FormOf(*control_).focus.focused();
     const ComponentBinding* binding = focused == nullptr ? nullptr : bindingFor(*focused);
     QWidget* current = QApplication::focusWidget();
     if (binding != nullptr) {
@@ -241,12 +298,12 @@ void SpreadsheetWidget::syncFocusToModel() {
         binding->focusTarget()->setFocus(Qt::OtherFocusReason);
         return;
     }
-    if (current != nullptr && current != this && isAncestorOf(current)) {
-        setFocus(Qt::OtherFocusReason);
+    if (current != nullptr && current != &q_ && q_.isAncestorOf(current)) {
+        q_.setFocus(Qt::OtherFocusReason);
     }
 }
 
-void SpreadsheetWidget::runGesture(const std::function<void()>& gesture) {
+void SpreadsheetWidget::Private::runGesture(const std::function<void()>& gesture) {
     try {
         gesture();
     } catch (...) {

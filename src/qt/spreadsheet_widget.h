@@ -29,23 +29,21 @@
 #include <QString>
 #include <QWidget>
 #include <memory>
-#include <unordered_map>
-#include <vector>
 
 #include "control/generic_sp_control.h"
+#include "control/settings_records.h"
 #include "platform/property_bag.h"
 #include "platform/xml/xml_document.h"
-#include "qt/bindings/binding_host.h"
-#include "qt/qt_message_sink.h"
+#include "qt/message_handler.h"
 #include "qt/settings_metatypes.h"
-#include "qt/twips_scale.h"
 
 namespace tabulon {
 
+class Component;
 class ComponentBinding;
-class WidgetHostEvents;
+class TwipsScale;
 
-class SpreadsheetWidget : public QWidget, private BindingHost {
+class SpreadsheetWidget : public QWidget {
     Q_OBJECT
     // Writing XML, FilterValue or DisplayColWidth is accepted and discarded.
     Q_PROPERTY(QString XML READ XML WRITE setXML)
@@ -57,7 +55,7 @@ class SpreadsheetWidget : public QWidget, private BindingHost {
         tabulon::gButtonProperty_type ButtonProperty READ ButtonProperty WRITE setButtonProperty)
 
 public:
-    using MessageHandler = QtMessageSink::Handler;
+    using MessageHandler = tabulon::MessageHandler;
 
     // A new control. With savedSettings the control is restored from that bag (read
     // once, here); without, it gets its first-time initialisation. messages, when
@@ -85,9 +83,10 @@ public:
     void setButtonProperty(const gButtonProperty_type& value);
 
     // --- for advanced hosts and tests
-    Generic_SP_Control& control() override { return *control_; }
-    const Generic_SP_Control& control() const { return *control_; }
-    const TwipsScale& scale() const override { return scale_; }
+    Generic_SP_Control& control();
+    const Generic_SP_Control& control() const;
+    // Twips to pixels on the widget's screen.
+    const TwipsScale& scale() const;
     // The binding of a model of the control's form; null for a model without one.
     ComponentBinding* bindingFor(const Component& model) const;
     // The Qt widget shown for a model; null for a model without one.
@@ -121,25 +120,8 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
 
 private:
-    void syncFocusToModel() override;
-    void runGesture(const std::function<void()>& gesture) override;
-
-    void buildBindings();
-    template <class B, class... Args>
-    B& bind(Args&&... args);
-    // Re-reads the screen's DPI; a change places every widget again. True when it
-    // changed.
-    bool updateScale();
-    // The host's size, in twips, to the control's resize handling.
-    void applySize();
-
-    QtMessageSink sink_;
-    std::unique_ptr<WidgetHostEvents> hostEvents_;
-    std::unique_ptr<Generic_SP_Control> control_;
-    TwipsScale scale_;
-    std::vector<std::unique_ptr<ComponentBinding>> bindings_;
-    std::unordered_map<const Component*, ComponentBinding*> byModel_;
-    int focusToken_ = 0;
+    class Private;
+    std::unique_ptr<Private> d_;
 };
 
 }  // namespace tabulon

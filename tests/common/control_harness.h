@@ -5,7 +5,7 @@
 //
 //   TEST_F(ControlHarness, Something) {
 //       ASSERT_TRUE(LoadDataFile("shell_two_by_two.xml"));
-//       control().form().cmdOK.userClick();
+//       FormOf(control()).cmdOK.userClick();
 //       ExpectMessages({});
 //       EXPECT_EQ(host.events().size(), 1u);
 //   }
@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "common/files.h"
+#include "control/control_access.h"
 #include "control/generic_sp_control.h"
 #include "platform/property_bag.h"
 #include "testing/recording_host.h"
@@ -45,8 +46,8 @@ protected:
     ~ControlHarness() override { control_.reset(); }
 
     Generic_SP_Control& control() { return *control_; }
-    Form& form() { return control_->form(); }
-    ControlCore& core() { return control_->core(); }
+    Form& form() { return FormOf(*control_); }
+    ControlCore& core() { return CoreOf(*control_); }
 
     // Replaces the control by a brand-new one (first-time initialisation, then shown).
     void NewControl() {

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "common/control_harness.h"
+#include "control/control_access.h"
 #include "platform/xml/xml_document.h"
 #include "units/conversion_table.h"
 #include "widgets/horizontal_scroll.h"
@@ -55,11 +56,11 @@ TEST_F(ControlLifecycle, TheThreeLetsAcceptAndDiscardTheirValue) {
 
 TEST_F(ControlLifecycle, InitialisationAndASecondShowingChangeNothingVisible) {
     Generic_SP_Control fresh(sink, host);
-    fresh.form().cmdHelp.setVisible(false);
+    FormOf(fresh).cmdHelp.setVisible(false);
     fresh.InitProperties();
-    EXPECT_FALSE(fresh.form().cmdHelp.visible());
-    EXPECT_FALSE(fresh.form().hscGrid.visible());
-    EXPECT_FALSE(fresh.form().vscGrid.visible());
+    EXPECT_FALSE(FormOf(fresh).cmdHelp.visible());
+    EXPECT_FALSE(FormOf(fresh).hscGrid.visible());
+    EXPECT_FALSE(FormOf(fresh).vscGrid.visible());
     EXPECT_EQ(fresh.GeneralProperty().intScrollBars, 0);
     EXPECT_TRUE(host.events().empty());
     form().cmdOK.setLeft(10);  // showing a second time places no button
@@ -83,7 +84,7 @@ TEST_F(ControlLifecycle, TerminateReleasesTheDocumentAndThePerThreadState) {
 
 TEST_F(ControlLifecycle, TheLastInstanceCreatedOrTerminatedDecidesThePerThreadState) {
     Generic_SP_Control second(sink, host);
-    EXPECT_EQ(ScrollGrid(), &second.form().msgGridView);
+    EXPECT_EQ(ScrollGrid(), &FormOf(second).msgGridView);
     control().Terminate();
     EXPECT_FALSE(HasConversionTable());
     EXPECT_EQ(ScrollGrid(), nullptr);
@@ -97,7 +98,7 @@ TEST_F(ControlLifecycle, ScrollBarsKeepingAnEndedControlsGridMoveNothing) {
     ASSERT_TRUE(LoadDataFile("shell_report.xml"));
     ctlHorizontalScroll& bar = form().hscGrid;
     ASSERT_TRUE(bar.driver().gridTaken());
-    EXPECT_EQ(bar.driver().grid(), &second->form().msgGridView);
+    EXPECT_EQ(bar.driver().grid(), &FormOf(*second).msgGridView);
     second.reset();
 
     EXPECT_EQ(bar.driver().grid(), nullptr);

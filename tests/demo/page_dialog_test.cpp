@@ -14,6 +14,7 @@
 #include <string>
 #include <vector>
 
+#include "control/control_access.h"
 #include "qt/pages/property_page_dialog.h"
 #include "qt/qt_text.h"
 #include "qt/spreadsheet_widget.h"
@@ -218,7 +219,7 @@ TEST_F(PageDialogTest, HidingThreeButtonsIsAppliedToTheControlsButtons) {
 
     Click(dialog->okButton());
 
-    Form& form = widget->control().form();
+    Form& form = FormOf(widget->control());
     EXPECT_TRUE(widget->widgetFor(form.cmdPrint)->isVisible());
     EXPECT_FALSE(widget->widgetFor(form.cmdOK)->isVisible());
     EXPECT_FALSE(widget->widgetFor(form.cmdCancel)->isVisible());

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "control/control_access.h"
 #include "control/generic_sp_control.h"
 #include "platform/xml/xml_document.h"
 #include "testing/recording_sink.h"
@@ -31,21 +32,21 @@ TEST_P(GeneratedDocumentLoads, WithoutAnyMessageAndShowsEveryNode) {
     ASSERT_TRUE(control.LoadXML(GenerateDocument(shape)));
     EXPECT_TRUE(sink.messages().empty());
 
-    const int nodes = control.form().treTreeView.count();
+    const int nodes = FormOf(control).treTreeView.count();
     EXPECT_EQ(nodes, GeneratedTreeNodeCount(shape));
     // Every node shows a full grid in the document's units, also after the filter.
     for (int node = 1; node <= nodes; ++node) {
-        control.form().treTreeView.userClickNode(node);
+        FormOf(control).treTreeView.userClickNode(node);
         ASSERT_TRUE(sink.messages().empty()) << "node " << node << ": " << sink.messages()[0].text;
-        ASSERT_TRUE(control.core().doc.blnGridLoaded) << "node " << node;
-        EXPECT_EQ(control.form().msgGridView.rows(), NormalisedShape(shape).rows + 1);
-        EXPECT_EQ(control.form().msgGridView.cols(), NormalisedShape(shape).valueColumns + 1);
+        ASSERT_TRUE(CoreOf(control).doc.blnGridLoaded) << "node " << node;
+        EXPECT_EQ(FormOf(control).msgGridView.rows(), NormalisedShape(shape).rows + 1);
+        EXPECT_EQ(FormOf(control).msgGridView.cols(), NormalisedShape(shape).valueColumns + 1);
     }
     const std::vector<int> keyNodes = GeneratedKeyNodeIndices(shape);
     ASSERT_EQ(static_cast<int>(keyNodes.size()), NormalisedShape(shape).keys);
     for (std::size_t key = 0; key < keyNodes.size(); ++key) {
         const TreeNodeInfo& record =
-            control.core().doc.udtTreeNodes[static_cast<std::size_t>(keyNodes[key] - 1)];
+            CoreOf(control).doc.udtTreeNodes[static_cast<std::size_t>(keyNodes[key] - 1)];
         EXPECT_EQ(record.GridValueKey, record.KeyValue);
     }
 }

@@ -1,6 +1,7 @@
 // A host without Qt, built by the packaging test with nothing but the flags of the
-// installed tabulon.pc: it loads a document into the headless control and prints how
-// many tree nodes it shows, or the control's messages and exit status 1.
+// installed tabulon.pc and the installed public headers: it loads a document into the
+// headless control and prints the widths of the columns it shows, or the control's
+// messages and exit status 1.
 #include <iostream>
 #include <string_view>
 
@@ -30,7 +31,7 @@ int main(int argc, char** argv) {
     control.InitProperties();
     control.Show();
     const bool loaded = control.Load(argv[1]);
-    if (loaded) std::cout << control.form().treTreeView.count() << " tree nodes\n";
+    if (loaded) std::cout << "columns " << control.DisplayColWidth() << '\n';
     control.Terminate();
     return loaded ? 0 : 1;
 }

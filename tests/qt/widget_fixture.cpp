@@ -7,6 +7,7 @@
 #include <QTreeWidget>
 #include <filesystem>
 
+#include "control/control_access.h"
 #include "qt/bindings/grid_view.h"
 #include "qt/qt_text.h"
 
@@ -133,7 +134,7 @@ void WidgetFixture::PickFromPopup(QComboBox* combo, const QString& item) {
 }
 
 SessionRun WidgetFixture::RunSteps(const std::string& steps) const {
-    const Component& self = widget_->control().form().control;
+    const Component& self = FormOf(widget_->control()).control;
     return RunSession("new " + std::to_string(self.width()) + " " + std::to_string(self.height()) +
                       "\nshow\n" + steps);
 }

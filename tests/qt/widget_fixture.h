@@ -21,6 +21,7 @@
 
 #include "common/documents.h"
 #include "common/files.h"
+#include "control/control_access.h"
 #include "qt/spreadsheet_widget.h"
 #include "session/tool_runner.h"
 
@@ -51,7 +52,7 @@ protected:
     ~WidgetFixture() override;
 
     SpreadsheetWidget& widget() { return *widget_; }
-    Form& form() { return widget_->control().form(); }
+    Form& form() { return FormOf(widget_->control()); }
 
     // A file of samples/ copied to this test's temporary folder (OK writes back to it).
     std::string SampleCopy(const std::string& name);

@@ -14,6 +14,7 @@
 #include <QTreeWidget>
 
 #include "common/files.h"
+#include "control/control_access.h"
 #include "qt/bindings/scroll_bar_binding.h"
 #include "widget_fixture.h"
 
@@ -74,7 +75,7 @@ TEST(SpreadsheetWidgetLifecycle, FirstShowingPlacesTheButtonsOnce) {
     EXPECT_FALSE(widget.control().shown());
     widget.show();
     EXPECT_TRUE(widget.control().shown());
-    const Form& form = widget.control().form();
+    const Form& form = FormOf(widget.control());
     EXPECT_EQ(form.cmdHelp.left(), form.control.width() - 1265);
     EXPECT_EQ(form.cmdCancel.left(), form.control.width() - 2530);
 }

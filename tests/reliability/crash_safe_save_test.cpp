@@ -14,6 +14,7 @@
 
 #include "common/control_harness.h"
 #include "common/documents.h"
+#include "control/control_access.h"
 
 namespace tabulon::testing {
 namespace {
@@ -71,7 +72,7 @@ protected:
         child.Show();
         if (!child.Load(path_.string())) _exit(3);
         if (notify != -1 && write(notify, "s", 1) != 1) _exit(4);
-        child.form().cmdOK.userClick();
+        FormOf(child).cmdOK.userClick();
         _exit(childSink.messages().empty() && childHost.events().size() == 1 ? 0 : 5);
     }
 

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <sstream>
 
+#include "control/control_access.h"
 #include "control/generic_sp_control.h"
 #include "document/dtd_fast_check.h"
 #include "document/validate_document_text.h"
@@ -103,10 +104,10 @@ DriverOutcome RunLoadXmlInput(std::string_view bytes) {
     control.InitProperties();
     control.Show();
     AsHost(outcome, "LoadXML", [&] { control.LoadXML(std::string(bytes)); });
-    TreeView& tree = control.form().treTreeView;
+    TreeView& tree = FormOf(control).treTreeView;
     for (int index = 1; index <= tree.count(); ++index) {
         AsHost(outcome, "node click", [&] { tree.userClickNode(index); });
-        ClickFirstCells(outcome, control.form().msgGridView);
+        ClickFirstCells(outcome, FormOf(control).msgGridView);
     }
     AsHost(outcome, "XML", [&] { (void)control.XML(); });
     return outcome;

@@ -5,6 +5,7 @@
 #include <span>
 #include <vector>
 
+#include "control/control_access.h"
 #include "control/generic_sp_control.h"
 #include "support/failure.h"
 #include "support/numeric.h"
@@ -18,9 +19,9 @@ struct Context {
     Generic_SP_Control& control;
     const GestureOptions& options;
 
-    Form& form() const { return control.form(); }
-    const FlexGrid& grid() const { return control.form().msgGridView; }
-    const DocumentModel& doc() const { return control.core().doc; }
+    Form& form() const { return FormOf(control); }
+    const FlexGrid& grid() const { return FormOf(control).msgGridView; }
+    const DocumentModel& doc() const { return CoreOf(control).doc; }
 };
 
 using Line = std::optional<std::string>;
@@ -88,7 +89,7 @@ constexpr std::array<std::string_view, 8> kExtremeNumbers = {
 
 // An item offered by the open pick list or unit drop-down, typed rather than picked.
 std::optional<std::string> OfferedItem(const Context& c, ChoiceSource& choices) {
-    const Form& form = c.form();
+    const Form& form = FormOf(c);
     if (form.cboComboBoxControl.visible() && !form.cboComboBoxControl.items().empty()) {
         return OneOf<std::string>(form.cboComboBoxControl.items(), choices);
     }
@@ -152,7 +153,7 @@ Line TypeText(const Context& c, ChoiceSource& choices) {
 }
 
 Line PasteText(const Context& c, ChoiceSource& choices) {
-    const Form& form = c.form();
+    const Form& form = FormOf(c);
     const Component* focused = form.focus.focused();
     if (focused != &form.txtTextBoxControl && focused != &form.unitNumControl &&
         focused != &form.unitDropControl) {
@@ -174,13 +175,13 @@ Line Key(const Context&, ChoiceSource& choices) {
 }
 
 Line Pick(const Context& c, ChoiceSource& choices) {
-    const ComboBox& combo = c.form().cboComboBoxControl;
+    const ComboBox& combo = FormOf(c).cboComboBoxControl;
     if (!combo.visible() || combo.items().empty()) return std::nullopt;
     return "pick " + QuoteWord(OneOf<std::string>(combo.items(), choices));
 }
 
 Line PickUnit(const Context& c, ChoiceSource& choices) {
-    const UnitDropBox& box = c.form().unitDropControl;
+    const UnitDropBox& box = FormOf(c).unitDropControl;
     if (!box.visible() || box.Units().empty()) return std::nullopt;
     return "pick-unit " + QuoteWord(OneOf<std::string>(box.UnitLabels(), choices));
 }
@@ -188,7 +189,7 @@ Line PickUnit(const Context& c, ChoiceSource& choices) {
 // --- tree, filter, buttons, bars, focus, splitter
 
 std::optional<std::string> AnyNodeKey(const Context& c, ChoiceSource& choices) {
-    const TreeView& tree = c.form().treTreeView;
+    const TreeView& tree = FormOf(c).treTreeView;
     if (tree.count() == 0) return std::nullopt;
     return tree.node(1 + static_cast<int>(choices.Below(static_cast<std::size_t>(tree.count()))))
         .key;
@@ -207,7 +208,7 @@ Line CollapseOrExpand(const Context& c, ChoiceSource& choices) {
 }
 
 Line Filter(const Context& c, ChoiceSource& choices) {
-    const Form& form = c.form();
+    const Form& form = FormOf(c);
     if (!form.fraFilterView.visible() || !form.cboFilter.visible() || !form.cboFilter.enabled() ||
         form.cboFilter.items().empty()) {
         return std::nullopt;
@@ -224,7 +225,7 @@ Line ClickButton(const Context&, ChoiceSource& choices) {
 
 Line ButtonKey(const Context& c, ChoiceSource& choices) {
     const std::string_view name = OneOf<std::string_view>(kButtons, choices);
-    const Form& form = c.form();
+    const Form& form = FormOf(c);
     const Button& button = name == "OK"       ? form.cmdOK
                            : name == "Print"  ? form.cmdPrint
                            : name == "Cancel" ? form.cmdCancel

@@ -5,6 +5,7 @@
 #include <optional>
 #include <thread>
 
+#include "control/control_access.h"
 #include "document/validate_document_text.h"
 #include "support/number_format.h"
 #include "support/numeric.h"
@@ -140,8 +141,8 @@ bool MetricDocument(const DocumentModel& doc) {
 
 // The keys of the node selected in the tree, as the control read them.
 const TreeNodeInfo* SelectedRecord(const Generic_SP_Control& control) {
-    const int selected = control.form().treTreeView.selectedIndex();
-    const DocumentModel& doc = control.core().doc;
+    const int selected = FormOf(control).treTreeView.selectedIndex();
+    const DocumentModel& doc = CoreOf(control).doc;
     if (selected < 1 || selected > doc.treeRecordCount()) return nullptr;
     return &doc.udtTreeNodes[static_cast<std::size_t>(selected - 1)];
 }
@@ -291,7 +292,7 @@ GridSnapshot Snapshot(const FlexGrid& grid) {
 
 Problems CheckGridAgainstDocument(const Generic_SP_Control& control) {
     Problems problems;
-    const DocumentModel& doc = control.core().doc;
+    const DocumentModel& doc = CoreOf(control).doc;
     if (!doc.blnGridLoaded) return problems;
     const TreeNodeInfo* record = SelectedRecord(control);
     if (record == nullptr) return {"a grid is shown but no tree node is selected"};
@@ -305,7 +306,7 @@ Problems CheckGridAgainstDocument(const Generic_SP_Control& control) {
     }
     const DocumentGrid expected =
         ReadDocumentGrid(doc, doc.strCurrentHeaderKey, doc.strCurrentValueKey);
-    const FlexGrid& grid = control.form().msgGridView;
+    const FlexGrid& grid = FormOf(control).msgGridView;
     if (!expected.headerFound) return {"the grid is loaded for a missing GridHeader"};
     if (grid.cols() != static_cast<int>(expected.columns.size()) ||
         grid.rows() != static_cast<int>(expected.rows.size()) + 1) {
@@ -349,7 +350,7 @@ Problems CheckGridAgainstDocument(const Generic_SP_Control& control) {
 }
 
 CommittedRangeCheck::CommittedRangeCheck(const Generic_SP_Control& control) {
-    ForEachCellValue(control.core().doc,
+    ForEachCellValue(CoreOf(control).doc,
                      [&](int, const std::string&, int, xml::Node cell, std::size_t) {
                          loaded_.emplace_back(StoredText(cell), Attr(cell, "Valid"));
                      });
@@ -359,7 +360,7 @@ Problems CommittedRangeCheck::Check(const Generic_SP_Control& control) const {
     Problems problems;
     changed_ = 0;
     judged_ = 0;
-    const DocumentModel& doc = control.core().doc;
+    const DocumentModel& doc = CoreOf(control).doc;
     if (!doc.blnGridLoaded) return problems;
     const DocumentGrid shown =
         ReadDocumentGrid(doc, doc.strCurrentHeaderKey, doc.strCurrentValueKey);
@@ -409,8 +410,8 @@ Problems CheckDocumentValidates(const Generic_SP_Control& control) {
 
 Problems CheckAgainstFreshFill(const Generic_SP_Control& control) {
     const std::string text = control.XML();
-    const int node = control.form().treTreeView.selectedIndex();
-    const GridSnapshot live = Snapshot(control.form().msgGridView);
+    const int node = FormOf(control).treTreeView.selectedIndex();
+    const GridSnapshot live = Snapshot(FormOf(control).msgGridView);
     GridSnapshot fresh;
     Problems problems;
     std::thread([&] {
@@ -424,8 +425,8 @@ Problems CheckAgainstFreshFill(const Generic_SP_Control& control) {
                 problems.push_back("a fresh control does not load XML()");
                 return;
             }
-            if (node > 1) other.form().treTreeView.userClickNode(node);
-            fresh = Snapshot(other.form().msgGridView);
+            if (node > 1) FormOf(other).treTreeView.userClickNode(node);
+            fresh = Snapshot(FormOf(other).msgGridView);
         } catch (...) {
             problems.push_back("a fresh control failed: " + DescribeCurrentException());
         }
@@ -436,7 +437,7 @@ Problems CheckAgainstFreshFill(const Generic_SP_Control& control) {
                 ", a fresh fill gives " + std::to_string(fresh.rows) + " x " +
                 std::to_string(fresh.cols)};
     }
-    const DocumentModel& doc = control.core().doc;
+    const DocumentModel& doc = CoreOf(control).doc;
     const DocumentGrid shown =
         ReadDocumentGrid(doc, doc.strCurrentHeaderKey, doc.strCurrentValueKey);
     const auto roundedOnly = [&](int r, std::size_t i) {

@@ -3,6 +3,7 @@
 #include <array>
 #include <string>
 
+#include "control/control_access.h"
 #include "document/document_model.h"
 #include "session/command_table.h"
 #include "session/page_dump.h"
@@ -175,7 +176,7 @@ JsonObject ScrollbarsDump(const Form& form) {
 }
 
 JsonObject StateDump(const Generic_SP_Control& control) {
-    const ControlCore& core = control.core();
+    const ControlCore& core = CoreOf(control);
     const DocumentModel& doc = core.doc;
     return JsonObject()
         .Str("dump", "state")
@@ -216,15 +217,15 @@ struct DumpKind {
 };
 
 constexpr std::array<DumpKind, 9> kDumps = {{
-    {"grid", [](Generic_SP_Control& c) { return GridDump(c.form().msgGridView); }},
-    {"tree", [](Generic_SP_Control& c) { return TreeDump(c.form()); }},
-    {"editors", [](Generic_SP_Control& c) { return EditorsDump(c.form()); }},
-    {"filter", [](Generic_SP_Control& c) { return FilterDump(c.form()); }},
-    {"layout", [](Generic_SP_Control& c) { return LayoutDump(c.form()); }},
-    {"scrollbars", [](Generic_SP_Control& c) { return ScrollbarsDump(c.form()); }},
+    {"grid", [](Generic_SP_Control& c) { return GridDump(FormOf(c).msgGridView); }},
+    {"tree", [](Generic_SP_Control& c) { return TreeDump(FormOf(c)); }},
+    {"editors", [](Generic_SP_Control& c) { return EditorsDump(FormOf(c)); }},
+    {"filter", [](Generic_SP_Control& c) { return FilterDump(FormOf(c)); }},
+    {"layout", [](Generic_SP_Control& c) { return LayoutDump(FormOf(c)); }},
+    {"scrollbars", [](Generic_SP_Control& c) { return ScrollbarsDump(FormOf(c)); }},
     {"state", [](Generic_SP_Control& c) { return StateDump(c); }},
     {"conversion", [](Generic_SP_Control&) { return ConversionDump(); }},
-    {"custom-units", [](Generic_SP_Control& c) { return CustomUnitsDump(c.core().doc); }},
+    {"custom-units", [](Generic_SP_Control& c) { return CustomUnitsDump(CoreOf(c).doc); }},
 }};
 
 void Dump(Session& s, Args args) {

@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "control/control_access.h"
 #include "session/command_table.h"
 #include "session/key_strokes.h"
 #include "session/script_error.h"
@@ -16,7 +17,7 @@ namespace tabulon::cli::session {
 namespace {
 
 Form& FormOf(Session& s) {
-    return s.control().form();
+    return tabulon::FormOf(s.control());
 }
 
 int TreeNodeIndex(Session& s, std::string_view command, const std::string& key) {

@@ -2,19 +2,25 @@
 
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <set>
 #include <stdexcept>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 #include "propertypages/button_page.h"
 #include "propertypages/general_page.h"
+#include "propertypages/property_page.h"
+#include "qt/pages/page_binding.h"
 #include "qt/pages/page_control_bindings.h"
 #include "qt/pages/page_text_binding.h"
+#include "qt/qt_message_sink.h"
 #include "qt/qt_text.h"
 #include "qt/spreadsheet_widget.h"
+#include "qt/twips_scale.h"
 #include "support/failure.h"
 #include "widgets/numeric_text_box.h"
 
@@ -53,55 +59,92 @@ std::unique_ptr<PageBinding> BindControl(PageBindingHost& host, const PageContro
 
 }  // namespace
 
+// The dialog's state and the host side of its bindings.
+class PropertyPageDialog::Private : public PageBindingHost {
+public:
+    Private(PropertyPageDialog& dialog, Kind kind, SpreadsheetWidget& control)
+        : q_(dialog),
+          sink_(&dialog),
+          page_(MakePage(kind, sink_)),
+          control_(&control),
+          scale_(dialog.logicalDpiX(), dialog.logicalDpiY()) {}
+
+    PropertyPage& page() override { return *page_; }
+    const TwipsScale& scale() const override { return scale_; }
+    void runGesture(const std::function<void()>& gesture) override;
+
+    void buildBindings(QWidget* area);
+    // Qt's focus moved to now: the page's focus follows (see the decisions above).
+    void focusMoved(QWidget* now);
+    void updateApplyButton();
+
+    struct Bound {
+        std::unique_ptr<PageBinding> binding;
+        Component* focusPart;  // null for frames and labels
+    };
+
+    PropertyPageDialog& q_;
+    QtMessageSink sink_;
+    std::unique_ptr<PropertyPage> page_;
+    QPointer<SpreadsheetWidget> control_;
+    TwipsScale scale_;
+    std::vector<Bound> bound_;
+    QDialogButtonBox* buttons_ = nullptr;
+    int changedToken_ = 0;
+    QMetaObject::Connection focusConnection_;
+    QMetaObject::Connection controlConnection_;
+};
+
 PropertyPageDialog::PropertyPageDialog(Kind kind, SpreadsheetWidget& control, QWidget* parent,
                                        MessageHandler messages)
-    : QDialog(parent),
-      sink_(this),
-      page_(MakePage(kind, sink_)),
-      control_(&control),
-      scale_(logicalDpiX(), logicalDpiY()) {
-    sink_.setHandler(std::move(messages));
-    setWindowTitle(ToQString(page_->caption()));
+    : QDialog(parent), d_(std::make_unique<Private>(*this, kind, control)) {
+    Private& d = *d_;
+    d.sink_.setHandler(std::move(messages));
+    setWindowTitle(ToQString(d.page_->caption()));
 
     auto* area = new QWidget(this);
     QFont font = area->font();
-    font.setFamily(ToQString(page_->fontName()));
+    font.setFamily(ToQString(d.page_->fontName()));
     area->setFont(font);
-    area->setFixedSize(scale_.toPixels(0, 0, page_->width(), page_->height()).size());
-    buildBindings(area);
+    area->setFixedSize(d.scale_.toPixels(0, 0, d.page_->width(), d.page_->height()).size());
+    d.buildBindings(area);
 
-    buttons_ = new QDialogButtonBox(
+    d.buttons_ = new QDialogButtonBox(
         QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Apply, this);
-    connect(buttons_, &QDialogButtonBox::accepted, this, &PropertyPageDialog::accept);
-    connect(buttons_, &QDialogButtonBox::rejected, this, &PropertyPageDialog::reject);
+    connect(d.buttons_, &QDialogButtonBox::accepted, this, &PropertyPageDialog::accept);
+    connect(d.buttons_, &QDialogButtonBox::rejected, this, &PropertyPageDialog::reject);
     connect(applyButton(), &QPushButton::clicked, this, [this] { apply(); });
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(area);
-    layout->addWidget(buttons_);
+    layout->addWidget(d.buttons_);
     layout->setSizeConstraint(QLayout::SetFixedSize);
 
-    changedToken_ = page_->Subscribe([this](const ChangeInfo&) { updateApplyButton(); });
-    focusConnection_ = connect(qApp, &QApplication::focusChanged, this,
-                               [this](QWidget*, QWidget* now) { focusMoved(now); });
-    controlConnection_ = connect(&control, &QObject::destroyed, this, [this] {
-        page_->SelectControls({});
+    d.changedToken_ = d.page_->Subscribe([this](const ChangeInfo&) { d_->updateApplyButton(); });
+    d.focusConnection_ = connect(qApp, &QApplication::focusChanged, this,
+                                 [this](QWidget*, QWidget* now) { d_->focusMoved(now); });
+    d.controlConnection_ = connect(&control, &QObject::destroyed, this, [this] {
+        d_->page_->SelectControls({});
         reject();
     });
 
-    runGesture([this] { page_->SelectControls({&control_->control()}); });
-    updateApplyButton();
+    d.runGesture([this] { d_->page_->SelectControls({&d_->control_->control()}); });
+    d.updateApplyButton();
 }
 
 PropertyPageDialog::~PropertyPageDialog() {
     // Destroying the widgets below moves Qt's focus; the page must not hear it.
-    disconnect(focusConnection_);
-    disconnect(controlConnection_);
-    page_->Unsubscribe(changedToken_);
-    bound_.clear();
+    disconnect(d_->focusConnection_);
+    disconnect(d_->controlConnection_);
+    d_->page_->Unsubscribe(d_->changedToken_);
+    d_->bound_.clear();
 }
 
-void PropertyPageDialog::buildBindings(QWidget* area) {
+PropertyPage& PropertyPageDialog::page() {
+    return *d_->page_;
+}
+
+void PropertyPageDialog::Private::buildBindings(QWidget* area) {
     std::set<std::string_view> frames;
     for (const PageControl& control : page_->controls()) {
         if (!control.container.empty()) frames.insert(control.container);
@@ -120,44 +163,45 @@ void PropertyPageDialog::buildBindings(QWidget* area) {
 }
 
 void PropertyPageDialog::setMessageHandler(MessageHandler handler) {
-    sink_.setHandler(std::move(handler));
+    d_->sink_.setHandler(std::move(handler));
 }
 
 QWidget* PropertyPageDialog::widgetFor(std::string_view name, int index) const {
-    const PageControl* control = page_->findControl(name, index);
+    const PageControl* control = d_->page_->findControl(name, index);
     if (control == nullptr) return nullptr;
-    for (const Bound& bound : bound_) {
+    for (const Private::Bound& bound : d_->bound_) {
         if (&bound.binding->model() == control->component) return bound.binding->widget();
     }
     return nullptr;
 }
 
 QPushButton* PropertyPageDialog::okButton() const {
-    return buttons_->button(QDialogButtonBox::Ok);
+    return d_->buttons_->button(QDialogButtonBox::Ok);
 }
 
 QPushButton* PropertyPageDialog::cancelButton() const {
-    return buttons_->button(QDialogButtonBox::Cancel);
+    return d_->buttons_->button(QDialogButtonBox::Cancel);
 }
 
 QPushButton* PropertyPageDialog::applyButton() const {
-    return buttons_->button(QDialogButtonBox::Apply);
+    return d_->buttons_->button(QDialogButtonBox::Apply);
 }
 
 bool PropertyPageDialog::apply() {
-    runGesture([this] { page_->focus().setFocus(nullptr); });
-    runGesture([this] { page_->ApplyChanges(); });
+    Private& d = *d_;
+    d.runGesture([&d] { d.page_->focus().setFocus(nullptr); });
+    d.runGesture([&d] { d.page_->ApplyChanges(); });
     // Qt's focus may still be on a control (the keyboard pressed the button): the
     // page's focus goes back to it, so leaving it later runs its rule again.
-    focusMoved(QApplication::focusWidget());
-    return !page_->changed();
+    d.focusMoved(QApplication::focusWidget());
+    return !d.page_->changed();
 }
 
 void PropertyPageDialog::accept() {
     if (apply()) QDialog::accept();
 }
 
-void PropertyPageDialog::runGesture(const std::function<void()>& gesture) {
+void PropertyPageDialog::Private::runGesture(const std::function<void()>& gesture) {
     try {
         gesture();
     } catch (...) {
@@ -165,10 +209,10 @@ void PropertyPageDialog::runGesture(const std::function<void()>& gesture) {
     }
 }
 
-void PropertyPageDialog::focusMoved(QWidget* now) {
+void PropertyPageDialog::Private::focusMoved(QWidget* now) {
     // Focus leaving the dialog (a message box, another window) is not the user's
     // move between the page's controls.
-    if (now == nullptr || now->window() != this) return;
+    if (now == nullptr || now->window() != &q_) return;
     Component* part = nullptr;
     for (const Bound& bound : bound_) {
         QWidget* widget = bound.binding->widget();
@@ -181,8 +225,8 @@ void PropertyPageDialog::focusMoved(QWidget* now) {
     runGesture([this, part] { page_->focus().setFocus(part); });
 }
 
-void PropertyPageDialog::updateApplyButton() {
-    applyButton()->setEnabled(page_->changed());
+void PropertyPageDialog::Private::updateApplyButton() {
+    q_.applyButton()->setEnabled(page_->changed());
 }
 
 }  // namespace tabulon

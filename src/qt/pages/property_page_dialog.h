@@ -32,30 +32,25 @@
 #pragma once
 
 #include <QDialog>
-#include <QPointer>
 #include <QString>
 #include <memory>
 #include <string_view>
-#include <vector>
 
-#include "propertypages/property_page.h"
-#include "qt/pages/page_binding.h"
-#include "qt/qt_message_sink.h"
-#include "qt/twips_scale.h"
+#include "qt/message_handler.h"
 
-class QDialogButtonBox;
 class QPushButton;
 
 namespace tabulon {
 
+class PropertyPage;
 class SpreadsheetWidget;
 
-class PropertyPageDialog : public QDialog, private PageBindingHost {
+class PropertyPageDialog : public QDialog {
     Q_OBJECT
 
 public:
     enum class Kind { General, Buttons };
-    using MessageHandler = QtMessageSink::Handler;
+    using MessageHandler = tabulon::MessageHandler;
 
     // A dialog showing the page of that kind for control (which it selects on the
     // page). messages, when given, replaces the message boxes from the start.
@@ -64,7 +59,7 @@ public:
     ~PropertyPageDialog() override;
 
     // The page model the dialog shows.
-    PropertyPage& page() override { return *page_; }
+    PropertyPage& page();
     // Message boxes go to handler instead (empty: boxes again).
     void setMessageHandler(MessageHandler handler);
 
@@ -84,28 +79,8 @@ public Q_SLOTS:
     void accept() override;
 
 private:
-    const TwipsScale& scale() const override { return scale_; }
-    void runGesture(const std::function<void()>& gesture) override;
-
-    void buildBindings(QWidget* area);
-    // Qt's focus moved to now: the page's focus follows (see the decisions above).
-    void focusMoved(QWidget* now);
-    void updateApplyButton();
-
-    struct Bound {
-        std::unique_ptr<PageBinding> binding;
-        Component* focusPart;  // null for frames and labels
-    };
-
-    QtMessageSink sink_;
-    std::unique_ptr<PropertyPage> page_;
-    QPointer<SpreadsheetWidget> control_;
-    TwipsScale scale_;
-    std::vector<Bound> bound_;
-    QDialogButtonBox* buttons_ = nullptr;
-    int changedToken_ = 0;
-    QMetaObject::Connection focusConnection_;
-    QMetaObject::Connection controlConnection_;
+    class Private;
+    std::unique_ptr<Private> d_;
 };
 
 }  // namespace tabulon
