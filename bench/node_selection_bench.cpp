@@ -10,11 +10,11 @@
 
 #include "bench_documents.h"
 #include "control/document_loading.h"
+#include "subcontrols/scroll_grid.h"
 #include "testing/recording_sink.h"
 #include "units/conversion_table.h"
 #include "view/control_core.h"
 #include "view/node_selection.h"
-#include "widgets/scroll_grid.h"
 
 namespace tabulon::bench {
 namespace {

@@ -4,13 +4,13 @@
 #include "view/control_core.h"
 
 #include "control/document_loading.h"
+#include "subcontrols/scroll_grid.h"
 #include "support/numeric.h"
 #include "units/conversion_table.h"
 #include "view/design_geometry.h"
 #include "view/filter.h"
 #include "view/navigation.h"
 #include "view/scrollbar_refresh.h"
-#include "widgets/scroll_grid.h"
 
 namespace tabulon {
 

@@ -44,7 +44,7 @@
 #include "platform/check_box.h"
 #include "platform/combo_box.h"
 #include "propertypages/property_page.h"
-#include "widgets/numeric_text_box.h"
+#include "subcontrols/numeric_text_box.h"
 
 namespace tabulon {
 

@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "platform/caption_component.h"
+#include "subcontrols/numeric_text_box.h"
 #include "support/failure.h"
-#include "widgets/numeric_text_box.h"
 
 namespace tabulon {
 

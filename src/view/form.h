@@ -12,10 +12,10 @@
 #include "platform/image_list.h"
 #include "platform/text_box.h"
 #include "platform/tree_view.h"
+#include "subcontrols/horizontal_scroll.h"
+#include "subcontrols/vertical_scroll.h"
 #include "unitinput/unit_drop_box.h"
 #include "unitinput/unit_num_box.h"
-#include "widgets/horizontal_scroll.h"
-#include "widgets/vertical_scroll.h"
 
 namespace tabulon {
 

@@ -7,9 +7,9 @@
 #include "common/control_harness.h"
 #include "control/control_access.h"
 #include "platform/xml/xml_document.h"
+#include "subcontrols/horizontal_scroll.h"
+#include "subcontrols/scroll_grid.h"
 #include "units/conversion_table.h"
-#include "widgets/horizontal_scroll.h"
-#include "widgets/scroll_grid.h"
 
 namespace tabulon {
 namespace {

@@ -8,7 +8,7 @@
 
 #include "common/control_harness.h"
 #include "propertypages/property_page.h"
-#include "widgets/numeric_text_box.h"
+#include "subcontrols/numeric_text_box.h"
 
 namespace tabulon::testing {
 

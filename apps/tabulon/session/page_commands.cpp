@@ -22,7 +22,7 @@
 #include "session/script_error.h"
 #include "session/session.h"
 #include "session/values.h"
-#include "widgets/numeric_text_box.h"
+#include "subcontrols/numeric_text_box.h"
 
 namespace tabulon::cli::session {
 

@@ -6,8 +6,8 @@
 #include "platform/text_box.h"
 #include "session/script_error.h"
 #include "session/session.h"
+#include "subcontrols/numeric_text_box.h"
 #include "support/failure.h"
-#include "widgets/numeric_text_box.h"
 
 namespace tabulon::cli::session {
 

@@ -21,8 +21,8 @@
 #include "qt/qt_text.h"
 #include "qt/spreadsheet_widget.h"
 #include "qt/twips_scale.h"
+#include "subcontrols/numeric_text_box.h"
 #include "support/failure.h"
-#include "widgets/numeric_text_box.h"
 
 namespace tabulon {
 

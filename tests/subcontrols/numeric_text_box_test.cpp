@@ -1,4 +1,4 @@
-#include "widgets/numeric_text_box.h"
+#include "subcontrols/numeric_text_box.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "widgets/scroll_grid.h"
+#include "subcontrols/scroll_grid.h"
 
 namespace tabulon {
 

@@ -1,12 +1,12 @@
-#include "widgets/horizontal_scroll.h"
+#include "subcontrols/horizontal_scroll.h"
 
 #include <gtest/gtest.h>
 
 #include <vector>
 
+#include "subcontrols/scroll_grid.h"
 #include "support/failure.h"
 #include "testing/recording_sink.h"
-#include "widgets/scroll_grid.h"
 
 namespace tabulon {
 namespace {

@@ -1,8 +1,8 @@
-#include "widgets/horizontal_scroll.h"
+#include "subcontrols/horizontal_scroll.h"
 
 #include <utility>
 
-#include "widgets/int16.h"
+#include "subcontrols/int16.h"
 
 namespace tabulon {
 

@@ -1,9 +1,9 @@
-#include "widgets/numeric_text_box.h"
+#include "subcontrols/numeric_text_box.h"
 
 #include <utility>
 
+#include "subcontrols/int16.h"
 #include "support/numeric.h"
-#include "widgets/int16.h"
 
 namespace tabulon {
 

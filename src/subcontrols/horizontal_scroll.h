@@ -39,8 +39,8 @@
 #include "platform/flex_grid.h"
 #include "platform/property_bag.h"
 #include "platform/scroll_bar.h"
+#include "subcontrols/scroll_bar_driver.h"
 #include "support/message_sink.h"
-#include "widgets/scroll_bar_driver.h"
 
 namespace tabulon {
 

@@ -1,11 +1,11 @@
-#include "widgets/scroll_bar_driver.h"
+#include "subcontrols/scroll_bar_driver.h"
 
 #include <algorithm>
 #include <utility>
 
+#include "subcontrols/int16.h"
+#include "subcontrols/scroll_grid.h"
 #include "support/failure.h"
-#include "widgets/int16.h"
-#include "widgets/scroll_grid.h"
 
 namespace tabulon {
 

@@ -1,11 +1,11 @@
-#include "widgets/vertical_scroll.h"
+#include "subcontrols/vertical_scroll.h"
 
 #include <gtest/gtest.h>
 
 #include <vector>
 
+#include "subcontrols/scroll_grid.h"
 #include "testing/recording_sink.h"
-#include "widgets/scroll_grid.h"
 
 namespace tabulon {
 namespace {
