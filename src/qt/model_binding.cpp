@@ -39,9 +39,7 @@ void ModelBinding::onChange(const ChangeInfo& change) {
     }
 }
 
-void ModelBinding::applyState(const ChangeInfo& change) {
-    (void)change;
-}
+void ModelBinding::applyState(const ChangeInfo& /*change*/) {}
 
 void ModelBinding::placeWidget(const TwipsScale& scale, bool enabled) {
     const Mirroring mirroring(*this);

@@ -20,6 +20,7 @@ namespace tabulon {
 // When the environment variable TABULON_SAVE_FAULT is "after-write", the process
 // calls abort() once the first half of data is written to the temporary file: the
 // fault-injection point for crash-safety tests.
-bool WriteFileAtomically(const std::string& path, std::string_view data, std::string* reason);
+[[nodiscard]] bool WriteFileAtomically(const std::string& path, std::string_view data,
+                                       std::string* reason);
 
 }  // namespace tabulon

@@ -63,4 +63,15 @@ bool Guarded(MessageSink& sink, std::string_view code, Body&& body) {
 // exceptions a generic text.
 std::string DescribeCurrentException();
 
+// Runs statement and swallows the failure it raises, if any, for the statements that
+// are allowed to fail silently and go on with the next (the unit editors' look-ups and
+// registrations). Guarded reports; this one does not.
+template <class Statement>
+void IgnoringFailure(Statement&& statement) {
+    try {
+        statement();
+    } catch (const std::exception&) {
+    }
+}
+
 }  // namespace tabulon

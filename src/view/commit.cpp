@@ -17,6 +17,8 @@
 //   normally.
 #include "view/commit.h"
 
+#include <exception>
+
 #include "document/lookups.h"
 #include "support/failure.h"
 #include "support/number_format.h"
@@ -118,6 +120,8 @@ void CommitUnitDrop(ControlCore& core, const CommittedCell& cell, const RowInfo&
     const UnitRegistrar& registrar = EditorRegistrar(box);
     const int code = box.SelectedUnitIndex();
     const double english = registrar.Convert(value, code, UnitRegistrar::kToEnglish);
+    // Kept for its failure, not its text: a unit the registrar no longer knows ends the
+    // commit with its error before the document changes.
     (void)registrar.UnitName(code, UnitRegistrar::kToEnglish);
     // The unit stored is the one shown; the display pass resolves either system's label.
     cell.Target().setText(FormatNumber(AsWrittenText(english), kStorageFormat) + "(" + Trim(unit) +
@@ -163,6 +167,34 @@ private:
     DocumentModel& doc_;
 };
 
+// The wait cursor for as long as it lives, given back also when the host's handler
+// throws. Restoring it during that unwinding may not throw in turn: the host's first
+// failure is the one the commit reports.
+class WaitCursorGuard {
+public:
+    explicit WaitCursorGuard(HostEvents& host)
+        : host_(host), failuresBefore_(std::uncaught_exceptions()) {
+        host_.SetWaitCursor(true);
+    }
+    ~WaitCursorGuard() noexcept(false) {
+        if (std::uncaught_exceptions() == failuresBefore_) {
+            host_.SetWaitCursor(false);
+            return;
+        }
+        try {
+            host_.SetWaitCursor(false);
+        } catch (...) {
+            // The host's first failure is the one reported.
+        }
+    }
+    WaitCursorGuard(const WaitCursorGuard&) = delete;
+    WaitCursorGuard& operator=(const WaitCursorGuard&) = delete;
+
+private:
+    HostEvents& host_;
+    int failuresBefore_;
+};
+
 // Hands the column's GridValue element to the host when the cell asks for it, and
 // refills the column (converted again in a Metric document) if the host changed it.
 void ApplicationValidation(ControlCore& core, const CommittedCell& cell) {
@@ -173,12 +205,11 @@ void ApplicationValidation(ControlCore& core, const CommittedCell& cell) {
 
     xml::Node gridValue = doc.arrGridValueNodes.at(static_cast<std::size_t>(cell.col - 1));
     const std::string before = gridValue.serialize();
-    core.host.SetWaitCursor(true);
     {
+        const WaitCursorGuard busy(core.host);
         const StaleIndexOnExit stale(doc);
         core.host.AppGridEventHandler(gridValue);
     }
-    core.host.SetWaitCursor(false);
     if (gridValue.serialize() == before) return;
 
     const std::int16_t column = ToInt16(cell.col);

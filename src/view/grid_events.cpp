@@ -56,11 +56,8 @@ void GridScroll(ControlCore& core) {
     if (core.blnScrollCommit) CommitAndHide(core);
 }
 
-void GridMouseMove(ControlCore& core, int button, int shift, std::int32_t x, std::int32_t y) {
-    (void)button;
-    (void)shift;
-    (void)x;
-    (void)y;
+void GridMouseMove(ControlCore& core, int /*button*/, int /*shift*/, std::int32_t /*x*/,
+                   std::int32_t /*y*/) {
     Guarded(core.sink, "1011", [&] {
         AlignScrollBarMargins(core);
         FlexGrid& grid = core.form.msgGridView;

@@ -16,16 +16,16 @@ public:
 
     virtual void OKClick() {}
     virtual void HelpClick() {}
-    virtual void PrintClick(const std::string& strXML) { (void)strXML; }
+    virtual void PrintClick(const std::string& /*strXML*/) {}
     virtual void CancelClick() {}
     // ValidationXML is the GridValue element of the edited column, by reference: the
     // host may change it (and anything else in the document) before returning.
-    virtual void AppGridEventHandler(xml::Node& ValidationXML) { (void)ValidationXML; }
+    virtual void AppGridEventHandler(xml::Node& /*ValidationXML*/) {}
 
     // The named settings record ("ButtonProperty", "GeneralProperty") changed.
-    virtual void PropertyChanged(std::string_view name) { (void)name; }
+    virtual void PropertyChanged(std::string_view /*name*/) {}
     // The hourglass pointer while the host validates a column; false restores it.
-    virtual void SetWaitCursor(bool busy) { (void)busy; }
+    virtual void SetWaitCursor(bool /*busy*/) {}
 };
 
 }  // namespace tabulon

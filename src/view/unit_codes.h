@@ -48,14 +48,4 @@ std::string WithoutLastCharacter(std::string_view text);
 // significant digits) before it is formatted again.
 double AsWrittenText(double value);
 
-// Runs statement and swallows the run-time failure it raises, if any: the unit
-// look-ups and registrations of the unit editors go on with the next statement.
-template <class Statement>
-void IgnoringFailure(Statement&& statement) {
-    try {
-        statement();
-    } catch (const std::exception&) {
-    }
-}
-
 }  // namespace tabulon

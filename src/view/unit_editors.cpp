@@ -147,6 +147,8 @@ void ShowUnitNumEditor(ControlCore& core) {
         }
         box.SetValue(ReadNumber(grid.text()));
         box.SetFormat(row.Format);
+        // Kept for its failure, not its answer: a value too large to convert ends the
+        // opening with this procedure's error, before the editor is shown.
         (void)box.Check();
         ActivateEditor(core, box);
     });

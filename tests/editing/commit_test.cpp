@@ -106,6 +106,19 @@ TEST_F(CommitCellEdit, HostValidatesOnlyCommittedCellsThatAskForIt) {
     EXPECT_TRUE(core().doc.cellValuesIndexStale);
 }
 
+TEST_F(CommitCellEdit, AHostThatFailsGetsItsCursorBackAndTheCommitReportsTheFailure) {
+    Load({Row("TextBox")}, {Column({{"a", true, true, true}})});
+    host.onAppGridEventHandler = [](xml::Node&) { throw std::runtime_error("host failed"); };
+    Click(1, 1);
+    Paste("z");
+    PointAtHeader();
+    EXPECT_EQ(host.eventsOf(HostEventKind::WaitCursor),
+              (std::vector<RecordedEvent>{{HostEventKind::WaitCursor, "1"},
+                                          {HostEventKind::WaitCursor, "0"}}));
+    ExpectMessages({Critical("Unexpected Error - 1010")});
+    EXPECT_EQ(Stored(1, 1), "z");  // the value was written before the host ran
+}
+
 TEST_F(CommitCellEdit, ColumnIsRefilledOnlyWhenTheHostChangedIt) {
     Load({Row("TextBox"), Row("TextBox")}, {Column({{"a", true, true, true}, {"b"}})});
     grid().setTextMatrix(2, 1, "scribble");  // a refill would restore "b"

@@ -147,12 +147,12 @@ public:
     // document held. Text without any element fails ("No document element found").
     // On failure the document is empty and the error is returned through error
     // (when given).
-    bool Parse(std::string_view text, ParseError* error = nullptr);
+    [[nodiscard]] bool Parse(std::string_view text, ParseError* error = nullptr);
     // Reads and parses a file: UTF-8 with or without BOM, UTF-16 (either byte order)
     // with BOM. Without a BOM the file is read as UTF-8. A file that cannot be read
     // or is not valid UTF-16 fails with a reason naming the path; a parse error
     // reports line and column in the decoded text.
-    bool LoadFile(const std::string& path, ParseError* error = nullptr);
+    [[nodiscard]] bool LoadFile(const std::string& path, ParseError* error = nullptr);
 
     Node root() const;             // the document node (empty only after a move)
     Node documentElement() const;  // the first element child of the root
@@ -181,7 +181,7 @@ public:
     // Fault injection for crash-safety tests: when the environment variable
     // TABULON_SAVE_FAULT is "after-write", the process calls abort() once the first
     // half of the data is in the temporary file, so the target must come out intact.
-    bool SaveAtomic(const std::string& path, std::string* reason = nullptr) const;
+    [[nodiscard]] bool SaveAtomic(const std::string& path, std::string* reason = nullptr) const;
 
 private:
     struct Impl;

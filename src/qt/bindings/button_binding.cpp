@@ -16,8 +16,7 @@ ButtonBinding::ButtonBinding(BindingHost& bindingHost, Button& button, QWidget* 
     });
 }
 
-void ButtonBinding::applyState(const ChangeInfo& change) {
-    (void)change;
+void ButtonBinding::applyState(const ChangeInfo& /*change*/) {
     const Mirroring mirroring(*this);
     pushButton_->setText(ToQString(button_.caption()));
 }

@@ -16,8 +16,7 @@ QLabel* CaptionBinding::label() const {
     return qobject_cast<QLabel*>(widget());
 }
 
-void CaptionBinding::applyState(const ChangeInfo& change) {
-    (void)change;
+void CaptionBinding::applyState(const ChangeInfo& /*change*/) {
     ShowCaption(*widget(), component_.caption());
 }
 

@@ -56,8 +56,7 @@ void ComboBoxBinding::mirror() {
     MirrorComboBox(*comboBox_, items, combo_.listIndex(), ToQString(combo_.text()));
 }
 
-void ComboBoxBinding::applyState(const ChangeInfo& change) {
-    (void)change;
+void ComboBoxBinding::applyState(const ChangeInfo& /*change*/) {
     mirror();
 }
 

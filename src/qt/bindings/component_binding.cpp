@@ -51,8 +51,7 @@ void ComponentBinding::applyGeometry() {
     if (hadFocus && !model().visible()) host_.syncFocusToModel();
 }
 
-bool ComponentBinding::keyPress(QWidget* part, QKeyEvent* event) {
-    (void)part;
+bool ComponentBinding::keyPress(QWidget* /*part*/, QKeyEvent* event) {
     SendKeyStroke(host_, *event);
     return true;
 }

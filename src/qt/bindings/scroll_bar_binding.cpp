@@ -30,8 +30,7 @@ void ScrollBarBinding::applyGeometry() {
     scrollBar_->setEnabled(bar_.enabled());
 }
 
-void ScrollBarBinding::applyState(const ChangeInfo& change) {
-    (void)change;
+void ScrollBarBinding::applyState(const ChangeInfo& /*change*/) {
     mirrorValue();
 }
 

@@ -28,8 +28,7 @@ void UnitBoxBinding::applyGeometry() {
     layoutParts(QRect(QPoint(0, 0), widget()->size()));
 }
 
-void UnitBoxBinding::applyState(const ChangeInfo& change) {
-    (void)change;
+void UnitBoxBinding::applyState(const ChangeInfo& /*change*/) {
     mirrorNumber();
     mirrorUnits();
     layoutParts(QRect(QPoint(0, 0), widget()->size()));

@@ -22,8 +22,7 @@ QLabel* PageCaptionBinding::label() const {
     return qobject_cast<QLabel*>(widget());
 }
 
-void PageCaptionBinding::applyState(const ChangeInfo& change) {
-    (void)change;
+void PageCaptionBinding::applyState(const ChangeInfo& /*change*/) {
     ShowCaption(*widget(), component_.caption());
 }
 
@@ -41,8 +40,7 @@ PageCheckBinding::PageCheckBinding(PageBindingHost& bindingHost, CheckBox& check
     });
 }
 
-void PageCheckBinding::applyState(const ChangeInfo& change) {
-    (void)change;
+void PageCheckBinding::applyState(const ChangeInfo& /*change*/) {
     const Mirroring mirroring(*this);
     checkBox_->setChecked(check_.checked());
 }
@@ -62,8 +60,7 @@ PageComboBinding::PageComboBinding(PageBindingHost& bindingHost, ComboBox& combo
     });
 }
 
-void PageComboBinding::applyState(const ChangeInfo& change) {
-    (void)change;
+void PageComboBinding::applyState(const ChangeInfo& /*change*/) {
     const Mirroring mirroring(*this);
     QStringList items;
     for (const std::string& item : combo_.items())
