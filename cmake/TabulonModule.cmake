@@ -44,7 +44,8 @@ endfunction()
 function(tabulon_test name)
   cmake_parse_arguments(T "" "" "SOURCES;DEPS" ${ARGN})
   add_executable(${name} ${T_SOURCES})
-  target_link_libraries(${name} PRIVATE ${T_DEPS} Tabulon::testing GTest::gtest GTest::gmock GTest::gtest_main)
+  # nlohmann-json reads the session output back (tests/session/json_lines.h).
+  target_link_libraries(${name} PRIVATE ${T_DEPS} Tabulon::testing nlohmann_json::nlohmann_json GTest::gtest GTest::gmock GTest::gtest_main)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   tabulon_warnings(${name})
   target_compile_definitions(${name} PRIVATE

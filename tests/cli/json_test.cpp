@@ -1,14 +1,22 @@
-#include "session/json.h"
-
+// The session's JSON: the string literals of its output, and the property-bag files of
+// new-restore and save-bag.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <nlohmann/json.hpp>
 #include <random>
 
+#include "common/files.h"
+#include "session/json.h"
+#include "session/json_file_property_bag.h"
+#include "support/failure.h"
 #include "support/utf8.h"
 
 namespace tabulon::json {
 namespace {
+
+using testing::TempDir;
 
 TEST(JsonQuote, EscapesWhatJsonRequiresAndRepairsInvalidUtf8) {
     const std::pair<std::string, std::string> cases[] = {
@@ -30,7 +38,7 @@ TEST(JsonQuote, EscapesWhatJsonRequiresAndRepairsInvalidUtf8) {
         EXPECT_EQ(Quote(text), quoted) << text;
 }
 
-TEST(JsonQuote, AnyBytesGiveOneLineThatParsesBack) {
+TEST(JsonQuote, AnyBytesGiveOneLineThatAStrictParserReadsBack) {
     std::mt19937 random(7);
     std::uniform_int_distribution<int> byte(0, 255);
     std::uniform_int_distribution<int> codePoint(0, 0x10FFFF);
@@ -44,8 +52,7 @@ TEST(JsonQuote, AnyBytesGiveOneLineThatParsesBack) {
         for (const std::string* text : {&bytes, &valid}) {
             const std::string quoted = Quote(*text);
             ASSERT_EQ(quoted.find('\n'), std::string::npos);
-            const auto object = ParseFlatObject("{\"k\":" + quoted + "}");
-            const std::string& back = std::get<std::string>(object.at("k"));
+            const std::string back = nlohmann::json::parse(quoted).get<std::string>();
             EXPECT_EQ(Quote(back), quoted);  // the repaired text is stable
             if (text == &valid) {
                 EXPECT_EQ(back, valid);
@@ -54,70 +61,77 @@ TEST(JsonQuote, AnyBytesGiveOneLineThatParsesBack) {
     }
 }
 
-TEST(JsonParse, ReadsBooleansNumbersAndStrings) {
-    const auto object = ParseFlatObject(
+// The values of a bag file with that text.
+std::map<std::string, PropertyValue> Read(const std::string& text) {
+    TempDir dir;
+    return JsonFilePropertyBag::Load(dir.write("bag.json", text)).values();
+}
+
+TEST(JsonBagFile, ReadsBooleansNumbersAndStrings) {
+    const auto values = Read(
         " {\"t\": true, \"f\":false,\"i\" : -42,\"big\": 12345678901234567890,"
         "\"d\": 2.5e-1, \"one\": 1.0, \"s\": "
         "\"a\\\"\\\\\\/\\b\\f\\n\\r\\t\\u00e9\\ud83d\\ude00\"}\r\n");
-    EXPECT_EQ(object.at("t"), FlatValue(true));
-    EXPECT_EQ(object.at("f"), FlatValue(false));
-    EXPECT_EQ(object.at("i"), FlatValue(std::int64_t{-42}));
-    EXPECT_EQ(object.at("big"), FlatValue(12345678901234567890.0));
-    EXPECT_EQ(object.at("d"), FlatValue(0.25));
-    EXPECT_EQ(object.at("one"), FlatValue(1.0));
-    EXPECT_EQ(object.at("s"), FlatValue(std::string("a\"\\/\b\f\n\r\té😀")));
-    EXPECT_TRUE(ParseFlatObject("{}").empty());
+    EXPECT_EQ(values.at("t"), PropertyValue(true));
+    EXPECT_EQ(values.at("f"), PropertyValue(false));
+    EXPECT_EQ(values.at("i"), PropertyValue(std::int64_t{-42}));
+    EXPECT_EQ(values.at("big"), PropertyValue(12345678901234567890.0));
+    EXPECT_EQ(values.at("d"), PropertyValue(0.25));
+    EXPECT_EQ(values.at("one"), PropertyValue(1.0));
+    EXPECT_EQ(values.at("s"), PropertyValue(std::string("a\"\\/\b\f\n\r\té😀")));
+    EXPECT_TRUE(Read("{}").empty());
 }
 
-TEST(JsonParse, RejectsAnythingElseWithReasonAndOffset) {
-    struct Case {
-        std::string text;
-        const char* reason;
-        std::size_t offset;
+TEST(JsonBagFile, RefusesAnythingButOneFlatObjectAndSaysWhy) {
+    const std::pair<std::string, const char*> cases[] = {
+        {"", "parse error at line 1, column 1"},
+        {"{\"a\" 1}", "parse error at line 1, column 6"},
+        {"{\"a\":1,}", "parse error at line 1, column 8"},
+        {"{\"a\":1 \"b\":2}", "parse error"},
+        {"{\"a\":01}", "parse error"},
+        {"{\"a\":1} x", "parse error"},
+        {"{\"a\":null}", "null is not a setting's value"},
+        {"{\"a\":[1]}", "a setting's value cannot be an array"},
+        {"{\"a\":{\"b\":1}}", "a setting's value cannot be an object"},
+        {"[1]", "expected an object"},
+        {"1", "expected an object"},
+        {"{\"a\":tru}", "parse error"},
+        {"{\"a\":-}", "parse error"},
+        {"{\"a\":1e999}", "number overflow"},
+        {"{\"a\":1,\"a\":2}", "the key \"a\" is given twice"},
+        {"{\"a\":\"x", "parse error"},
+        {"{\"a\":\"\n\"}", "parse error"},
+        {"{\"a\":\"\\x\"}", "parse error"},
+        {"{\"a\":\"\\u12g4\"}", "parse error"},
+        {"{\"a\":\"\\ud800x\"}", "parse error"},
+        {"{\"a\":\"\xff\"}", "parse error"},
     };
-    const Case cases[] = {
-        {"", "expected '{'", 0},
-        {"{\"a\" 1}", "expected ':'", 5},
-        {"{\"a\":1,}", "expected a string key", 7},
-        {"{\"a\":1 \"b\":2}", "expected ',' or '}'", 7},
-        {"{\"a\":01}", "expected ',' or '}'", 6},
-        {"{\"a\":1} x", "unexpected text after the object", 8},
-        {"{\"a\":null}", "only booleans, numbers and strings allowed", 5},
-        {"{\"a\":tru}", "expected a value", 5},
-        {"{\"a\":-}", "invalid number", 5},
-        {"{\"a\":1e999}", "number out of range", 5},
-        {"{\"a\":1,\"a\":2}", "duplicate key", 7},
-        {"{\"a\":\"x", "unterminated string", 7},
-        {"{\"a\":\"\n\"}", "control character in string", 6},
-        {"{\"a\":\"\\x\"}", "invalid escape", 6},
-        {"{\"a\":\"\\u12g4\"}", "invalid \\u escape", 8},
-        {"{\"a\":\"\\ud800x\"}", "unpaired surrogate", 6},
-        {"{\"a\":\"\xff\"}", "invalid UTF-8", 6},
-    };
-    for (const Case& c : cases) {
+    for (const auto& [text, reason] : cases) {
         try {
-            ParseFlatObject(c.text);
-            ADD_FAILURE() << c.text << " parsed";
-        } catch (const ParseError& e) {
-            EXPECT_EQ(e.reason(), c.reason) << c.text;
-            EXPECT_EQ(e.offset(), c.offset) << c.text;
-            EXPECT_EQ(std::string(e.what()),
-                      std::string(c.reason) + " at offset " + std::to_string(c.offset));
+            Read(text);
+            ADD_FAILURE() << text << " read";
+        } catch (const RuntimeFailure& e) {
+            EXPECT_THAT(e.what(), ::testing::HasSubstr(std::string("': ") + reason)) << text;
         }
     }
 }
 
-TEST(JsonWrite, SortsKeysOnePerLineAndKeepsDoublesExact) {
-    const std::map<std::string, FlatValue> object = {
+TEST(JsonBagFile, WritesKeysSortedOnePerLineAndDoublesExact) {
+    JsonFilePropertyBag bag;
+    bag.values() = {
         {"b", std::int64_t{1}}, {"a", std::string("x\ny")}, {"c", 2.0}, {"d", 0.1}, {"e", true},
         {"f", 1e-300},
     };
-    EXPECT_EQ(WriteFlatObject(object),
+    EXPECT_EQ(bag.ToJson(),
               "{\n  \"a\": \"x\\ny\",\n  \"b\": 1,\n  \"c\": 2.0,\n  \"d\": 0.1,\n"
               "  \"e\": true,\n  \"f\": 1e-300\n}");
-    EXPECT_EQ(ParseFlatObject(WriteFlatObject(object)), object);
-    EXPECT_EQ(WriteFlatObject({}), "{}");
-    EXPECT_THROW(WriteFlatObject({{"n", std::nan("")}}), std::invalid_argument);
+    TempDir dir;
+    const std::string path = dir.file("bag.json");
+    bag.Save(path);
+    EXPECT_EQ(JsonFilePropertyBag::Load(path).values(), bag.values());
+    EXPECT_EQ(JsonFilePropertyBag().ToJson(), "{}");
+    bag.values() = {{"n", std::nan("")}};
+    EXPECT_THROW(bag.ToJson(), std::invalid_argument);
 }
 
 TEST(Utf8, CountsAndOffsetsTreatInvalidSequencesAsOneCharacter) {

@@ -1,10 +1,10 @@
+// The lines are read by nlohmann-json's strict parser through its event interface, so
+// members keep their written order and numbers their literal text.
 #include "session/json_lines.h"
 
-#include <cstdlib>
+#include <nlohmann/json.hpp>
 #include <sstream>
 #include <stdexcept>
-
-#include "support/utf8.h"
 
 namespace tabulon::testing {
 
@@ -12,120 +12,82 @@ namespace {
 
 const JsonValue kNull;
 
-class Parser {
-public:
-    explicit Parser(const std::string& text) : text_(text) {}
+using Json = nlohmann::json;
 
-    JsonValue Document() {
-        JsonValue value = Value();
-        Blanks();
-        if (pos_ != text_.size()) Fail("text after the value");
-        return value;
+// Builds one JsonValue from the parser's events.
+class ValueBuilder : public nlohmann::json_sax<Json> {
+public:
+    JsonValue result;
+
+    bool null() override { return Add(JsonValue::Type::Null); }
+    bool boolean(bool value) override {
+        Add(JsonValue::Type::Bool).boolean = value;
+        return true;
+    }
+    bool number_integer(number_integer_t value) override {
+        return Number(static_cast<double>(value), std::to_string(value));
+    }
+    bool number_unsigned(number_unsigned_t value) override {
+        return Number(static_cast<double>(value), std::to_string(value));
+    }
+    bool number_float(number_float_t value, const string_t& literal) override {
+        return Number(value, literal);
+    }
+    bool string(string_t& value) override {
+        Add(JsonValue::Type::String).text = std::move(value);
+        return true;
+    }
+    bool binary(binary_t&) override { return false; }
+    bool start_object(std::size_t) override {
+        open_.push_back(&Add(JsonValue::Type::Object));
+        return true;
+    }
+    bool key(string_t& name) override {
+        key_ = std::move(name);
+        return true;
+    }
+    bool end_object() override {
+        open_.pop_back();
+        return true;
+    }
+    bool start_array(std::size_t) override {
+        open_.push_back(&Add(JsonValue::Type::Array));
+        return true;
+    }
+    bool end_array() override {
+        open_.pop_back();
+        return true;
+    }
+    bool parse_error(std::size_t, const std::string&,
+                     const nlohmann::detail::exception& failure) override {
+        throw std::runtime_error(failure.what());
     }
 
 private:
-    [[noreturn]] void Fail(const std::string& why) const {
-        throw std::runtime_error(why + " at offset " + std::to_string(pos_));
-    }
-    void Blanks() {
-        while (pos_ < text_.size() && (text_[pos_] == ' ' || text_[pos_] == '\t'))
-            ++pos_;
-    }
-    bool Take(char c) {
-        Blanks();
-        if (pos_ < text_.size() && text_[pos_] == c) {
-            ++pos_;
-            return true;
+    // A new value in the innermost open object or array, or the result itself. The
+    // parent stays put while it is open: its own parent gets nothing new meanwhile.
+    JsonValue& Add(JsonValue::Type type) {
+        JsonValue* value = &result;
+        if (!open_.empty()) {
+            JsonValue& parent = *open_.back();
+            if (parent.type == JsonValue::Type::Object) {
+                value = &parent.members.emplace_back(key_, JsonValue{}).second;
+            } else {
+                value = &parent.items.emplace_back();
+            }
         }
-        return false;
+        value->type = type;
+        return *value;
     }
-    void Expect(char c) {
-        if (!Take(c)) Fail(std::string("expected '") + c + "'");
-    }
-    bool Word(const std::string& word) {
-        if (text_.compare(pos_, word.size(), word) != 0) return false;
-        pos_ += word.size();
+    bool Number(double value, std::string literal) {
+        JsonValue& number = Add(JsonValue::Type::Number);
+        number.number = value;
+        number.text = std::move(literal);
         return true;
     }
 
-    std::string String() {
-        Expect('"');
-        std::string out;
-        while (pos_ < text_.size() && text_[pos_] != '"') {
-            const char c = text_[pos_++];
-            if (static_cast<unsigned char>(c) < 0x20) Fail("raw control character in a string");
-            if (c != '\\') {
-                out.push_back(c);
-                continue;
-            }
-            if (pos_ == text_.size()) Fail("unfinished escape");
-            const char e = text_[pos_++];
-            if (e == 'u') {
-                if (pos_ + 4 > text_.size()) Fail("short \\u escape");
-                const auto code = std::strtoul(text_.substr(pos_, 4).c_str(), nullptr, 16);
-                pos_ += 4;
-                AppendUtf8(out, static_cast<char32_t>(code));
-                continue;
-            }
-            static const std::string kEscapes = "\"\"\\\\//b\bf\fn\nr\rt\t";
-            const std::size_t at = kEscapes.find(e);
-            if (at == std::string::npos || at % 2 != 0) Fail("unknown escape");
-            out.push_back(kEscapes[at + 1]);
-        }
-        Expect('"');
-        return out;
-    }
-
-    JsonValue Value() {
-        Blanks();
-        if (pos_ == text_.size()) Fail("missing value");
-        JsonValue value;
-        const char c = text_[pos_];
-        if (c == '{') {
-            value.type = JsonValue::Type::Object;
-            ++pos_;
-            if (Take('}')) return value;
-            do {
-                Blanks();
-                std::string key = String();
-                Expect(':');
-                value.members.emplace_back(std::move(key), Value());
-            } while (Take(','));
-            Expect('}');
-        } else if (c == '[') {
-            value.type = JsonValue::Type::Array;
-            ++pos_;
-            if (Take(']')) return value;
-            do {
-                value.items.push_back(Value());
-            } while (Take(','));
-            Expect(']');
-        } else if (c == '"') {
-            value.type = JsonValue::Type::String;
-            value.text = String();
-        } else if (Word("true")) {
-            value.type = JsonValue::Type::Bool;
-            value.boolean = true;
-        } else if (Word("false")) {
-            value.type = JsonValue::Type::Bool;
-        } else if (Word("null")) {
-            value.type = JsonValue::Type::Null;
-        } else {
-            const std::size_t start = pos_;
-            while (pos_ < text_.size() &&
-                   std::string("+-.eE0123456789").find(text_[pos_]) != std::string::npos) {
-                ++pos_;
-            }
-            if (pos_ == start) Fail("unexpected character");
-            value.type = JsonValue::Type::Number;
-            value.text = text_.substr(start, pos_ - start);
-            value.number = std::strtod(value.text.c_str(), nullptr);
-        }
-        return value;
-    }
-
-    const std::string& text_;
-    std::size_t pos_ = 0;
+    std::vector<JsonValue*> open_;
+    std::string key_;
 };
 
 }  // namespace
@@ -169,7 +131,9 @@ std::vector<JsonValue> ParseJsonLines(const std::string& text) {
     while (std::getline(lines, line)) {
         if (line.empty()) continue;
         try {
-            values.push_back(Parser(line).Document());
+            ValueBuilder builder;
+            Json::sax_parse(line, &builder);
+            values.push_back(std::move(builder.result));
         } catch (const std::exception& error) {
             JsonValue bad;
             bad.parseError = std::string(error.what()) + ": " + line;
