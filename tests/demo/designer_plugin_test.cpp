@@ -10,6 +10,7 @@
 #include <QtUiPlugin/QDesignerCustomWidgetInterface>
 #include <memory>
 
+#include "propertypages/property_page.h"
 #include "qt/pages/property_page_dialog.h"
 #include "qt/spreadsheet_widget.h"
 #include "spreadsheet_task_menu.h"

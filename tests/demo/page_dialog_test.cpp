@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "control/control_access.h"
+#include "propertypages/property_page.h"
 #include "qt/pages/property_page_dialog.h"
 #include "qt/qt_text.h"
 #include "qt/spreadsheet_widget.h"

@@ -89,7 +89,7 @@ constexpr std::array<std::string_view, 8> kExtremeNumbers = {
 
 // An item offered by the open pick list or unit drop-down, typed rather than picked.
 std::optional<std::string> OfferedItem(const Context& c, ChoiceSource& choices) {
-    const Form& form = FormOf(c);
+    const Form& form = c.form();
     if (form.cboComboBoxControl.visible() && !form.cboComboBoxControl.items().empty()) {
         return OneOf<std::string>(form.cboComboBoxControl.items(), choices);
     }
@@ -153,7 +153,7 @@ Line TypeText(const Context& c, ChoiceSource& choices) {
 }
 
 Line PasteText(const Context& c, ChoiceSource& choices) {
-    const Form& form = FormOf(c);
+    const Form& form = c.form();
     const Component* focused = form.focus.focused();
     if (focused != &form.txtTextBoxControl && focused != &form.unitNumControl &&
         focused != &form.unitDropControl) {
@@ -175,13 +175,13 @@ Line Key(const Context&, ChoiceSource& choices) {
 }
 
 Line Pick(const Context& c, ChoiceSource& choices) {
-    const ComboBox& combo = FormOf(c).cboComboBoxControl;
+    const ComboBox& combo = c.form().cboComboBoxControl;
     if (!combo.visible() || combo.items().empty()) return std::nullopt;
     return "pick " + QuoteWord(OneOf<std::string>(combo.items(), choices));
 }
 
 Line PickUnit(const Context& c, ChoiceSource& choices) {
-    const UnitDropBox& box = FormOf(c).unitDropControl;
+    const UnitDropBox& box = c.form().unitDropControl;
     if (!box.visible() || box.Units().empty()) return std::nullopt;
     return "pick-unit " + QuoteWord(OneOf<std::string>(box.UnitLabels(), choices));
 }
@@ -189,7 +189,7 @@ Line PickUnit(const Context& c, ChoiceSource& choices) {
 // --- tree, filter, buttons, bars, focus, splitter
 
 std::optional<std::string> AnyNodeKey(const Context& c, ChoiceSource& choices) {
-    const TreeView& tree = FormOf(c).treTreeView;
+    const TreeView& tree = c.form().treTreeView;
     if (tree.count() == 0) return std::nullopt;
     return tree.node(1 + static_cast<int>(choices.Below(static_cast<std::size_t>(tree.count()))))
         .key;
@@ -208,7 +208,7 @@ Line CollapseOrExpand(const Context& c, ChoiceSource& choices) {
 }
 
 Line Filter(const Context& c, ChoiceSource& choices) {
-    const Form& form = FormOf(c);
+    const Form& form = c.form();
     if (!form.fraFilterView.visible() || !form.cboFilter.visible() || !form.cboFilter.enabled() ||
         form.cboFilter.items().empty()) {
         return std::nullopt;
@@ -225,7 +225,7 @@ Line ClickButton(const Context&, ChoiceSource& choices) {
 
 Line ButtonKey(const Context& c, ChoiceSource& choices) {
     const std::string_view name = OneOf<std::string_view>(kButtons, choices);
-    const Form& form = FormOf(c);
+    const Form& form = c.form();
     const Button& button = name == "OK"       ? form.cmdOK
                            : name == "Print"  ? form.cmdPrint
                            : name == "Cancel" ? form.cmdCancel

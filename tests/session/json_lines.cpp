@@ -19,7 +19,10 @@ class ValueBuilder : public nlohmann::json_sax<Json> {
 public:
     JsonValue result;
 
-    bool null() override { return Add(JsonValue::Type::Null); }
+    bool null() override {
+        Add(JsonValue::Type::Null);
+        return true;
+    }
     bool boolean(bool value) override {
         Add(JsonValue::Type::Bool).boolean = value;
         return true;
