@@ -36,6 +36,7 @@ void Generic_SP_Control::WireNotifications() {
     grid.onMouseMove = [&core](int button, int shift, std::int32_t x, std::int32_t y) {
         GridMouseMove(core, button, shift, x, y);
     };
+    grid.onUserColResize = [&core](int) { GridUserColResize(core); };
 
     f.hscGrid.onGotFocus = [&core] { ScrollBarGotFocus(core); };
     f.vscGrid.onGotFocus = [&core] { ScrollBarGotFocus(core); };

@@ -413,4 +413,13 @@ void FlexGrid::userScroll(int rowDelta, int colDelta) {
     if (movedRow || movedCol) Raise(onScroll);
 }
 
+void FlexGrid::userResizeCol(int col, std::int32_t width) {
+    checkCol(col);
+    if (!acceptsInput() || colWidths_.stored(col) == 0) return;
+    width = std::clamp(width, kMinUserColWidth, kMaxUserColWidth);
+    if (colWidths_.stored(col) == width) return;
+    setColWidth(col, width);
+    Raise(onUserColResize, col);
+}
+
 }  // namespace tabulon

@@ -52,6 +52,11 @@
 // notifications; otherwise the current cell stays. Click runs in every case.
 // UserMouseMove records MouseRow/MouseCol and raises MouseMove. UserScroll (wheel)
 // moves TopRow/LeftCol within the scroll range and raises Scroll once if it moved.
+// UserResizeCol (the user drags a column header's border) sets the column's width,
+// kept within [kMinUserColWidth, kMaxUserColWidth] so that a dragged column never
+// vanishes and stays reachable, then raises UserColResize when the width changed. A
+// column of width 0 (hidden by code) has no border to grab and is left alone; so is
+// every column while the grid ignores input.
 #pragma once
 
 #include <cstdint>
@@ -101,6 +106,9 @@ class FlexGrid : public Component {
 public:
     static constexpr Rgb kFixedBackColor = 0xF0F0F0;
     static constexpr Rgb kBackColor = 0xFFFFFF;
+    // Limits of a width the user gives a column by dragging its border (twips).
+    static constexpr std::int32_t kMinUserColWidth = 120;
+    static constexpr std::int32_t kMaxUserColWidth = 30000;
 
     explicit FlexGrid(std::string name = "msgGridView");
 
@@ -190,6 +198,7 @@ public:
     // top-left corner of the cell under the pointer as x/y (0 along an axis of -1).
     void userMouseMove(int row, int col, int button = 0, int shift = 0);
     void userScroll(int rowDelta, int colDelta);
+    void userResizeCol(int col, std::int32_t width);
 
     GridHandle handle() { return life_.of(this); }
 
@@ -200,6 +209,7 @@ public:
     std::function<void()> onScroll;
     std::function<void()> onClick;
     std::function<void(int button, int shift, std::int32_t x, std::int32_t y)> onMouseMove;
+    std::function<void(int col)> onUserColResize;
 
 protected:
     void geometryChanged() override;

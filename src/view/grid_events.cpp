@@ -67,6 +67,11 @@ void GridMouseMove(ControlCore& core, int /*button*/, int /*shift*/, std::int32_
     });
 }
 
+void GridUserColResize(ControlCore& core) {
+    CommitAndHide(core);
+    RefreshAdvanceScrollbars(core);
+}
+
 void ScrollBarGotFocus(ControlCore& core) {
     CommitAndHide(core);
 }

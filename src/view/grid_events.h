@@ -12,6 +12,10 @@ void GridRowColChange(ControlCore& core);
 void GridScroll(ControlCore& core);
 void GridMouseMove(ControlCore& core, int button, int shift, std::int32_t x,
                    std::int32_t y);  // 1011
+// The user dragged a column's border: the open editor, placed over the old geometry,
+// is committed and hidden as by a scroll, and the control's own bars take the new
+// widths.
+void GridUserColResize(ControlCore& core);
 // One of the control's own scroll bars takes the focus: commit, hide the editors.
 void ScrollBarGotFocus(ControlCore& core);
 

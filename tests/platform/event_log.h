@@ -37,6 +37,9 @@ inline void RecordGrid(FlexGrid& grid, EventLog& log) {
         log.add("MouseMove " + std::to_string(button) + " " + std::to_string(shift) + " " +
                 std::to_string(x) + " " + std::to_string(y));
     };
+    grid.onUserColResize = [&log, &grid](int col) {
+        log.add("UserColResize " + std::to_string(col) + " " + std::to_string(grid.colWidth(col)));
+    };
 }
 
 // A grid of rows x cols with one fixed row and column, every row 240 and every

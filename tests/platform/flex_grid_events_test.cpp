@@ -162,5 +162,32 @@ TEST_F(FlexGridEvents, HandlersMayShrinkTheGridOrClearTheirOwnCallback) {
     EXPECT_EQ(log.take(), (Events{"once"}));
 }
 
+// A dragged border gives the column a width a person can still see and grab; a hidden
+// column has no border, and a grid that takes no input takes no drag.
+TEST_F(FlexGridEvents, UserResizeKeepsWidthsWithinLimitsAndRaisesOnlyForAChange) {
+    grid.setColWidth(4, 0);
+    const struct {
+        int col;
+        std::int32_t asked;
+        std::int32_t width;
+        Events raised;
+    } cases[] = {
+        {2, 1500, 1500, {"UserColResize 2 1500"}},
+        {2, 1500, 1500, {}},
+        {0, 10, FlexGrid::kMinUserColWidth, {"UserColResize 0 120"}},
+        {3, 1 << 30, FlexGrid::kMaxUserColWidth, {"UserColResize 3 30000"}},
+        {4, 900, 0, {}},
+    };
+    for (const auto& c : cases) {
+        grid.userResizeCol(c.col, c.asked);
+        EXPECT_EQ(grid.colWidth(c.col), c.width) << c.col << " " << c.asked;
+        EXPECT_EQ(log.take(), c.raised) << c.col << " " << c.asked;
+    }
+    grid.setEnabled(false);
+    grid.userResizeCol(1, 2000);
+    EXPECT_EQ(grid.colWidth(1), 1000);
+    EXPECT_TRUE(log.take().empty());
+}
+
 }  // namespace
 }  // namespace tabulon

@@ -72,6 +72,24 @@ TEST(SessionGestures, TypedTabsMoveLikeTabKeys) {
     EXPECT_EQ(run.lines[2]["col"].number, 3);
 }
 
+// A border drag is a move over the header (which commits and hides the editor) and a
+// new width that every reader sees: DisplayColWidth, the bars' range, the report.
+TEST(SessionGestures, DraggingAColumnBorderCommitsTheEditorAndEveryReaderSeesTheWidth) {
+    const SessionRun run = RunSession(
+        "set-general intScrollBars=1\nload samples/english.xml\nclick 3 1\nset-text \"7\"\n"
+        "dump scrollbars\ndrag-col-border 1 3000\ndump state\ndump scrollbars\n"
+        "drag-col-border 0 -5000\ndisplaycolwidth\nbutton Print\nxml\n");
+    ASSERT_EQ(run.status, 0);
+    ASSERT_EQ(run.lines.size(), 8u);
+    EXPECT_FALSE(run.lines[2]["hscGrid"]["enabled"].boolean);
+    EXPECT_FALSE(run.lines[3]["blnEditorActive"].boolean);
+    EXPECT_TRUE(run.lines[4]["hscGrid"]["enabled"].boolean) << "the wider column no longer fits";
+    EXPECT_EQ(run.lines[5]["result"].text, "120,4080,1080,1080");
+    EXPECT_NE(run.lines[6]["strXML"].text.find("<ColumnCaption>North Wing</ColumnCaption>"),
+              std::string::npos);
+    EXPECT_NE(run.lines[7]["result"].text.find(">7</CellValue>"), std::string::npos);
+}
+
 std::vector<std::string> RowTexts(const JsonValue& gridDump, std::size_t row) {
     std::vector<std::string> texts;
     for (const JsonValue& cell : gridDump["cells"][row].items)

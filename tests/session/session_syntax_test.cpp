@@ -86,7 +86,9 @@ INSTANTIATE_TEST_SUITE_P(
                       MalformedCase{"dump page", "dump page: no property page is open"},
                       MalformedCase{"set-text \"1\"", "set-text: no component has the focus"},
                       MalformedCase{"pick \"Yes\"", "pick: the pick-list editor is not open"},
-                      MalformedCase{"pick-unit \"ft\"", "pick-unit: the unit drop-down editor"}));
+                      MalformedCase{"pick-unit \"ft\"", "pick-unit: the unit drop-down editor"},
+                      MalformedCase{"drag-col-border 0 10",
+                                    "drag-col-border: the grid has no column"}));
 
 TEST(SessionScript, ReadsAScriptFileWithCrLfLineEnds) {
     const std::string script =

@@ -1,6 +1,8 @@
 // User gestures on the control's child components, and the scripted host's behaviour
 // while AppGridEventHandler runs.
+#include <algorithm>
 #include <array>
+#include <cstdint>
 #include <string>
 #include <utility>
 
@@ -72,6 +74,24 @@ void Wheel(Session& s, Args args) {
     const std::int32_t rows = Int32Argument("wheel", args[0], "ROWS");
     const std::int32_t cols = args.size() > 1 ? Int32Argument("wheel", args[1], "COLS") : 0;
     FormOf(s).msgGridView.userScroll(rows, cols);
+}
+
+// The pointer goes over column C's header and drags its right border by DX twips;
+// the border must be on screen, as it is for a person.
+void DragColBorder(Session& s, Args args) {
+    FlexGrid& grid = FormOf(s).msgGridView;
+    const auto col = static_cast<int>(IntegerArgument("drag-col-border", args[0], "C", 0, 1 << 30));
+    const std::int32_t dx = Int32Argument("drag-col-border", args[1], "DX");
+    if (col >= grid.cols() || grid.rows() == 0) {
+        throw ScriptError("drag-col-border: the grid has no column " + args[0].text + " (" +
+                          std::to_string(grid.cols()) + " cols)");
+    }
+    if (!grid.colIsVisible(col)) {
+        throw ScriptError("drag-col-border: column " + args[0].text + " is not on screen");
+    }
+    grid.userMouseMove(0, col, 1);
+    grid.userResizeCol(col, static_cast<std::int32_t>(std::clamp<std::int64_t>(
+                                std::int64_t{grid.colWidth(col)} + dx, 0, 1 << 30)));
 }
 
 void SendKeys(Session& s, const std::vector<KeyStroke>& keys) {
@@ -274,6 +294,11 @@ constexpr ScriptCommand kCommands[] = {
      false, MouseMove},
     {"wheel", "ROWS [COLS]", "The mouse wheel scrolls the grid by ROWS rows (and COLS cols).", 1, 2,
      false, Wheel},
+    {"drag-col-border", "C DX",
+     "The pointer moves over column C's header (the grid's MouseMove, left button down) "
+     "and drags the column's right border by DX twips: the column takes its width + DX, "
+     "kept between 120 and 30000 twips. Column 0 is the row-caption column.",
+     2, 2, false, DragColBorder},
     {"type", "\"TEXT\"",
      "Key strokes into the focused component, one per character (tab is the Tab key, CR and "
      "LF the Enter key); the control sees each key first.",
