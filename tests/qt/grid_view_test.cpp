@@ -1,10 +1,14 @@
 // GridView: what is painted where, and what the pointer hits.
 #include <QApplication>
+#include <QHelpEvent>
 #include <QTest>
+#include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
+#include <optional>
 
 #include "qt/bindings/grid_view.h"
+#include "support/numeric.h"
 #include "widget_fixture.h"
 
 namespace tabulon::testing {
@@ -18,6 +22,9 @@ protected:
     }
     GridView& view() { return *static_cast<GridView*>(widget().widgetFor(form().msgGridView)); }
     FlexGrid& grid() { return form().msgGridView; }
+    Qt::Alignment TextAlignment(int col) {
+        return GridView::TextAlignment(grid().cellAlignment(2, col), grid().textMatrix(2, col));
+    }
     // Narrows the data columns so that the grid ends before the view's right edge.
     void NarrowColumns() {
         for (int c = 1; c < grid().cols(); ++c)
@@ -101,6 +108,83 @@ TEST_F(GridViewTest, PaintsCellColoursGridLinesAndTheAreaPastTheCells) {
     EXPECT_EQ(image.pixel(header.right(), header.center().y()), qRgb(0x80, 0x80, 0x80));
     const QRect last = view().cellRect(1, 8);
     EXPECT_EQ(image.pixel(last.right() + 2, last.center().y()), qRgb(0x80, 0x80, 0x80));
+}
+
+// What remains of a cut text before its ellipsis; nothing when it has none.
+std::optional<QString> BeforeEllipsis(const QString& shown) {
+    for (const QString& ellipsis : {QString(QChar(0x2026)), QStringLiteral("...")}) {
+        if (shown.endsWith(ellipsis)) return shown.chopped(ellipsis.size());
+    }
+    return std::nullopt;
+}
+
+// A value that does not fit is never shown silently cut: a number keeps every digit
+// before an ellipsis or turns into "#"s, other text ends in an ellipsis; exactly then
+// the cell offers its whole text as a tooltip. Only the painting changes.
+TEST_F(GridViewTest, TextThatDoesNotFitIsCutVisiblyAndOfferedWholeInATooltip) {
+    const std::pair<const char*, CellAlignment> texts[] = {
+        {"3024493(kWh)", CellAlignment::RightTop},
+        {"75.1899", CellAlignment::RightTop},
+        {"-1.5E+20", CellAlignment::General},
+        {"Level 10 North wing", CellAlignment::LeftTop},
+        {"12", CellAlignment::RightTop},
+        {"Ab", CellAlignment::LeftTop},
+        {"Centrifugal chiller", CellAlignment::CenterCenter}};
+    int col = 1;
+    for (const auto& [text, alignment] : texts) {
+        grid().setColWidth(col, 600);
+        for (const int row : {2, 3}) {
+            grid().setTextMatrix(row, col, text);
+            grid().setCellAlignment(row, col, alignment);
+        }
+        ++col;
+    }
+    ProcessEvents();
+    int cut = 0;
+    for (int c = 1; c < col; ++c) {
+        SCOPED_TRACE(grid().textMatrix(2, c));
+        const QString whole = QString::fromStdString(grid().textMatrix(2, c));
+        const QString shown = view().shownText(2, c);
+        const bool isCut = view().textCut(2, c);
+        if (!isCut) {
+            EXPECT_EQ(shown, whole);
+        } else if (TextAlignment(c) & Qt::AlignRight) {
+            ++cut;
+            const std::optional<QString> kept = BeforeEllipsis(shown);
+            const QString number =
+                whole.left(static_cast<qsizetype>(NumericPrefixLength(grid().textMatrix(2, c))));
+            EXPECT_TRUE(kept ? whole.startsWith(*kept) && kept->startsWith(number)
+                             : !shown.isEmpty() && shown.count(QLatin1Char('#')) == shown.size())
+                << shown.toStdString();
+        } else {
+            ++cut;
+            const std::optional<QString> kept = BeforeEllipsis(shown);
+            EXPECT_TRUE(kept && whole.startsWith(*kept)) << shown.toStdString();
+        }
+        // Row 3 is painted as row 2 shows it (a general number stays on the right).
+        grid().setTextMatrix(3, c, shown.toStdString());
+        if (grid().cellAlignment(3, c) == CellAlignment::General) {
+            grid().setCellAlignment(3, c, CellAlignment::RightCenter);
+        }
+        const QPoint centre = view().cellRect(2, c).center();
+        QHelpEvent help(QEvent::ToolTip, centre, view().mapToGlobal(centre));
+        QApplication::sendEvent(&view(), &help);
+        EXPECT_EQ(help.isAccepted(), isCut);
+        if (isCut) {
+            EXPECT_EQ(QToolTip::text(), whole);
+        }
+    }
+    EXPECT_GE(cut, 4);
+    EXPECT_FALSE(view().textCut(2, 5)) << "12 fits";
+    ProcessEvents();
+    const QImage image = view().grab().toImage();
+    for (int c = 1; c < col; ++c) {
+        const QRect two = view().cellRect(2, c);
+        const QRect three = view().cellRect(3, c);
+        EXPECT_EQ(image.copy(two), image.copy(three.x(), three.y(), two.width(), two.height()))
+            << "cell 2, " << c << " does not paint what it shows";
+    }
+    EXPECT_EQ(grid().textMatrix(2, 1), "3024493(kWh)");
 }
 
 struct AlignmentCase {

@@ -47,7 +47,7 @@ bool WhollyNumeric(const std::string& text) {
 }  // namespace
 
 GridView::GridView(BindingHost& host, FlexGrid& grid, QWidget* parent)
-    : QWidget(parent), host_(host), grid_(grid) {
+    : QWidget(parent), host_(host), grid_(grid), borderDrag_(host, grid, *this) {
     setMouseTracking(true);
     setFocusPolicy(Qt::ClickFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -169,51 +169,8 @@ void GridView::paintCell(QPainter& painter, int row, int col, const QRect& rect)
     painter.fillRect(QRect(rect.left(), rect.bottom(), rect.width(), 1), line);
 
     if (cell.text.empty()) return;
-    const QRect textRect = rect.adjusted(kTextPadding, 0, -kTextPadding - 1, -1);
     painter.setPen(fore);
-    paintText(painter, textRect, TextAlignment(cell.alignment, cell.text), cell.text);
-}
-
-// Laying a text out is most of the cost of a frame, so plain ASCII texts are laid out
-// once and kept; they are put exactly where drawText puts them (aligned by their laid-out
-// size, clipped to the rectangle only when they do not fit). Anything else, where
-// direction, tabs or line breaks could matter, goes through drawText itself.
-void GridView::paintText(QPainter& painter, const QRect& rect, Qt::Alignment alignment,
-                         const std::string& text) const {
-    const bool plain =
-        std::all_of(text.begin(), text.end(), [](char c) { return c >= 0x20 && c < 0x7F; });
-    if (!plain) {
-        painter.drawText(rect, static_cast<int>(alignment) | Qt::TextSingleLine, ToQString(text));
-        return;
-    }
-    const QString key = QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
-    auto laidOut = textCache_.find(key);
-    if (laidOut == textCache_.end()) {
-        if (textCache_.size() >= kTextCacheSize) textCache_.clear();
-        QStaticText staticText(key);
-        staticText.setTextFormat(Qt::PlainText);
-        laidOut = textCache_.insert(key, staticText);
-    }
-    const QSizeF size = laidOut->size();
-    qreal x = 0;
-    qreal y = 0;
-    if (alignment & Qt::AlignRight) {
-        x = rect.width() - size.width();
-    } else if (alignment & Qt::AlignHCenter) {
-        x = (rect.width() - size.width()) / 2;
-    }
-    if (alignment & Qt::AlignBottom) {
-        y = rect.height() - size.height();
-    } else if (alignment & Qt::AlignVCenter) {
-        y = (rect.height() - size.height()) / 2;
-    }
-    const bool clip = size.width() > rect.width() || size.height() > rect.height();
-    if (clip) {
-        painter.save();
-        painter.setClipRect(rect, Qt::IntersectClip);
-    }
-    painter.drawStaticText(QPointF(rect.x() + x, rect.y() + y), *laidOut);
-    if (clip) painter.restore();
+    text_.paint(painter, textArea(cell, rect), TextAlignment(cell.alignment, cell.text), cell.text);
 }
 
 void GridView::paintFocusRect(QPainter& painter) const {
@@ -278,11 +235,6 @@ void GridView::paintBackground(QPainter& painter, const QRect& area, const std::
 
 void GridView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    // Texts laid out in another font are of no use any more.
-    if (painter.font() != textCacheFont_) {
-        textCache_.clear();
-        textCacheFont_ = painter.font();
-    }
     if (grid_.rows() == 0 || grid_.cols() == 0) {
         painter.fillRect(event->rect(), ToColor(kBackgroundColor));
         return;
@@ -297,6 +249,7 @@ void GridView::paintEvent(QPaintEvent* event) {
         }
     }
     paintFocusRect(painter);
+    borderDrag_.paint(painter);
 }
 
 void GridView::pointerAt(const QPoint& position, Qt::MouseButtons buttons,
@@ -312,14 +265,31 @@ void GridView::pointerAt(const QPoint& position, Qt::MouseButtons buttons,
 }
 
 void GridView::mousePressEvent(QMouseEvent* event) {
-    const bool click = event->button() == Qt::LeftButton;
+    const bool onBorder = borderDrag_.press(event);
+    const bool click = event->button() == Qt::LeftButton && !onBorder;
     pointerAt(event->position().toPoint(), event->buttons(), event->modifiers(), click);
     event->accept();
 }
 
 void GridView::mouseMoveEvent(QMouseEvent* event) {
+    borderDrag_.move(event);
     pointerAt(event->position().toPoint(), event->buttons(), event->modifiers(), false);
     event->accept();
+}
+
+void GridView::mouseReleaseEvent(QMouseEvent* event) {
+    borderDrag_.release(event);
+    event->accept();
+}
+
+// A double click on a border fits the column; anywhere else it is a second press, as
+// the platform's grid takes it.
+void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (borderDrag_.doubleClick(event)) {
+        event->accept();
+        return;
+    }
+    mousePressEvent(event);
 }
 
 void GridView::wheelEvent(QWheelEvent* event) {

@@ -9,10 +9,15 @@
 //
 // Gestures, all into the model: a left press -> userMouseMove then userClick on the
 // cell under the pointer (only the mouse move when the pointer is outside every row
-// or column, and for the other buttons); pointer moves, pressed or not ->
-// userMouseMove with the buttons held and the shift state; the wheel -> a user
-// scroll of the model (QApplication::wheelScrollLines() rows per notch, one column per
-// notch of a horizontal wheel).
+// or column, on a column header's border, and for the other buttons); pointer moves,
+// pressed or not -> userMouseMove with the buttons held and the shift state; the
+// wheel -> a user scroll of the model (QApplication::wheelScrollLines() rows per
+// notch, one column per notch of a horizontal wheel); dragging or double-clicking a
+// column header's border -> userResizeCol (ColumnBorderDrag).
+//
+// A text that does not fit its cell is shown cut visibly, never silently (CellText),
+// and a tooltip over such a cell shows the whole text; so does one over a cell whose
+// text runs past the view's edge.
 //
 // Decisions on what the model does not say:
 // - The area past the last row and column is the classic flex grid's dark grey. It is
@@ -24,22 +29,18 @@
 //   left; both centred vertically.
 // - Selected cells other than the current one use the palette's highlight colours;
 //   the current cell of the scrollable area always carries the dotted focus rectangle.
-// - Text sits 2 pixels inside the cell, on one line, cut at the cell's edge.
-// - Plain ASCII cell texts are laid out once and kept, up to kTextCacheSize of them per
-//   view (the store is emptied when full or when the font changes); they are painted
-//   pixel for pixel as QPainter::drawText paints them. Other texts are laid out on
-//   every paint.
+// - Text sits 2 pixels inside the cell (and 1 before its grid line), on one line.
 #pragma once
 
-#include <QFont>
-#include <QHash>
-#include <QStaticText>
+#include <QString>
 #include <QWidget>
 #include <utility>
 #include <vector>
 
 #include "platform/flex_grid.h"
 #include "qt/bindings/binding_host.h"
+#include "qt/bindings/cell_text.h"
+#include "qt/bindings/column_border_drag.h"
 
 namespace tabulon {
 
@@ -51,7 +52,6 @@ public:
     static constexpr Rgb kGridLineColor = 0xC0C0C0;
     static constexpr Rgb kFixedGridLineColor = 0x808080;
     static constexpr int kTextPadding = 2;
-    static constexpr qsizetype kTextCacheSize = 4096;
 
     GridView(BindingHost& host, FlexGrid& grid, QWidget* parent);
 
@@ -68,10 +68,20 @@ public:
     // The alignment used for a cell's text (see decisions).
     static Qt::Alignment TextAlignment(CellAlignment alignment, const std::string& text);
 
+    // What the cell shows of its text: the text itself, or its cut form when it does
+    // not fit (CellText). Empty for a cell out of view.
+    QString shownText(int row, int col) const;
+    // Whether the cell's text is not wholly seen: cut to fit, or running past the
+    // view's edge. Such a cell offers its whole text as a tooltip.
+    bool textCut(int row, int col) const;
+
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
@@ -79,8 +89,13 @@ private:
     bool colInView(int col) const;
     QRect unclippedCellRect(int row, int col) const;
     void paintCell(QPainter& painter, int row, int col, const QRect& rect) const;
-    void paintText(QPainter& painter, const QRect& rect, Qt::Alignment alignment,
-                   const std::string& text) const;
+    // Where a cell's text is laid out: its padded rectangle when the text is wholly
+    // seen there; else the part of that rectangle that is seen (the view's right edge
+    // and the control's own vertical bar, laid over the grid, end it), where the text
+    // is shown whole when it fits and cut (CellText) when not.
+    QRect textArea(const GridCell& cell, const QRect& cellRect) const;
+    // The first pixel column, at the height of rect, that is not seen.
+    int seenRight(const QRect& rect) const;
     void paintFocusRect(QPainter& painter) const;
     std::vector<std::pair<int, int>> coveredSpans(const std::vector<int>& indices,
                                                   bool columns) const;
@@ -92,9 +107,8 @@ private:
 
     BindingHost& host_;
     FlexGrid& grid_;
-    // Laid-out cell texts by text, all in textCacheFont_.
-    mutable QHash<QString, QStaticText> textCache_;
-    mutable QFont textCacheFont_;
+    CellText text_;
+    ColumnBorderDrag borderDrag_;
     QPoint wheelRemainder_;
 };
 

@@ -1,0 +1,56 @@
+// CellText: how the grid lays out and paints one cell's text, and what it shows when
+// the text does not fit.
+//
+// A text that does not fit its cell is never shown silently cut:
+// - right-aligned text that starts with a number (the values of unit rows, "general"
+//   cells that are wholly a number) keeps that whole number: it is cut after the
+//   number with an ellipsis ("3534670(Bt…", "3534670…"), or, when not even the number
+//   and the ellipsis fit, replaced by as many "#" as fit; a digit is never dropped;
+// - any other text is cut at its end with an ellipsis ("…").
+// The cell's text itself (TextMatrix, the report) is never changed; the view offers
+// the whole text as a tooltip wherever it was cut.
+//
+// Plain ASCII texts are laid out once and kept, up to kCacheSize of them (the store is
+// emptied when full or when the font changes), and painted pixel for pixel as
+// QPainter::drawText paints them; other texts are laid out on every paint.
+#pragma once
+
+#include <QFont>
+#include <QHash>
+#include <QRect>
+#include <QStaticText>
+#include <QString>
+#include <string>
+
+class QPainter;
+
+namespace tabulon {
+
+class CellText {
+public:
+    static constexpr qsizetype kCacheSize = 4096;
+    static constexpr QChar kNumberFill = QLatin1Char('#');
+
+    // The width text takes on one line in font.
+    qreal width(const QFont& font, const std::string& text) const;
+    // Whether text fits a rectangle of that width on one line.
+    bool fits(const QFont& font, qreal available, const std::string& text) const;
+    // What a rectangle of that width shows of text with that alignment: the text
+    // itself when it fits, else its cut form (see above). Empty when even one "#" or
+    // the ellipsis does not fit.
+    QString shown(const QFont& font, qreal available, Qt::Alignment alignment,
+                  const std::string& text) const;
+    // Paints shown(...) of text into rect with the painter's font and pen, on one
+    // line, clipped to rect's height when taller.
+    void paint(QPainter& painter, const QRect& rect, Qt::Alignment alignment,
+               const std::string& text) const;
+
+private:
+    // The laid-out form of a plain ASCII text in font; null for other texts.
+    const QStaticText* laidOut(const QFont& font, const std::string& text) const;
+
+    mutable QHash<QString, QStaticText> cache_;
+    mutable QFont cacheFont_;
+};
+
+}  // namespace tabulon

@@ -1,0 +1,74 @@
+// GridView: where a cell's text goes, what is shown of it, and the tooltip that shows
+// what was cut.
+#include <QHelpEvent>
+#include <QToolTip>
+#include <algorithm>
+
+#include "control/control_access.h"
+#include "qt/bindings/grid_view.h"
+#include "qt/qt_text.h"
+
+namespace tabulon {
+
+int GridView::seenRight(const QRect& rect) const {
+    int right = width();
+    const Form& form = FormOf(host_.control());
+    const Component& bar = form.vscGrid;
+    if (!bar.visible()) return right;
+    const TwipsScale& scale = host_.scale();
+    const int barTop = scale.toPixelsY(bar.top()) - scale.toPixelsY(grid_.top());
+    const int barBottom = scale.toPixelsY(bar.top() + bar.height()) - scale.toPixelsY(grid_.top());
+    if (rect.bottom() < barTop || rect.top() >= barBottom) return right;
+    return std::min(right, scale.toPixelsX(bar.left()) - scale.toPixelsX(grid_.left()));
+}
+
+QRect GridView::textArea(const GridCell& cell, const QRect& cellRect) const {
+    const QRect padded = cellRect.adjusted(kTextPadding, 0, -kTextPadding - 1, -1);
+    const int seen = seenRight(cellRect);
+    if (padded.right() < seen) return padded;
+    // Where the text lies in its rectangle, against what is seen of it.
+    const qreal width = text_.width(font(), cell.text);
+    const Qt::Alignment alignment = TextAlignment(cell.alignment, cell.text);
+    qreal left = padded.left();
+    if (alignment & Qt::AlignRight) {
+        left = padded.right() + 1 - width;
+    } else if (alignment & Qt::AlignHCenter) {
+        left = padded.left() + (padded.width() - width) / 2;
+    }
+    if (width <= padded.width() && left + width <= seen) return padded;
+    QRect area = padded;
+    area.setRight(std::min(padded.right(), seen - 1 - kTextPadding));
+    return area;
+}
+
+QString GridView::shownText(int row, int col) const {
+    const QRect rect = cellRect(row, col);
+    if (rect.isEmpty()) return {};
+    const GridCell& cell = grid_.cell(row, col);
+    return text_.shown(font(), textArea(cell, rect).width(),
+                       TextAlignment(cell.alignment, cell.text), cell.text);
+}
+
+bool GridView::textCut(int row, int col) const {
+    const QRect rect = cellRect(row, col);
+    if (rect.isEmpty()) return false;
+    const GridCell& cell = grid_.cell(row, col);
+    return !cell.text.empty() && !text_.fits(font(), textArea(cell, rect).width(), cell.text);
+}
+
+bool GridView::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const int row = rowAt(help->pos().y());
+    const int col = colAt(help->pos().x());
+    if (row >= 0 && col >= 0 && textCut(row, col)) {
+        QToolTip::showText(help->globalPos(), ToQString(grid_.textMatrix(row, col)), this,
+                           cellRect(row, col));
+    } else {
+        QToolTip::hideText();
+        event->ignore();
+    }
+    return true;
+}
+
+}  // namespace tabulon
