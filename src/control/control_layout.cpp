@@ -18,6 +18,9 @@ namespace {
 // The control never gets smaller than it was designed.
 constexpr std::int32_t kMinimumWidth = design::kControlWidth;
 constexpr std::int32_t kMinimumHeight = design::kControlHeight;
+static_assert(Generic_SP_Control::kMinimumWidth == kMinimumWidth &&
+                  Generic_SP_Control::kMinimumHeight == kMinimumHeight,
+              "the public minimum size is the design size");
 constexpr std::int32_t kMinimumTreeWidth = 1500;
 // Width the grid keeps when the tree takes all it may.
 constexpr std::int32_t kGridReserve = 4950;

@@ -33,6 +33,10 @@ struct ControlAccess;
 
 class Generic_SP_Control {
 public:
+    // The smallest size the control lays itself out at (twips).
+    static constexpr std::int32_t kMinimumWidth = 8200;
+    static constexpr std::int32_t kMinimumHeight = 6300;
+
     // Creation: builds the per-thread conversion table, points the scroll bars' grid
     // reference at this instance's grid and records the design size.
     Generic_SP_Control(MessageSink& sink, HostEvents& host);

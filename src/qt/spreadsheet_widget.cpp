@@ -4,6 +4,7 @@
 #include <QFocusEvent>
 #include <QResizeEvent>
 #include <QShowEvent>
+#include <cmath>
 
 #include <unordered_map>
 #include <vector>
@@ -53,6 +54,8 @@ public:
     bool updateScale();
     // The host's size, in twips, to the control's resize handling.
     void applySize();
+    // The control's smallest layout, in pixels, as the widget's minimum size.
+    void applyMinimumSize();
 
     SpreadsheetWidget& q_;
     QtMessageSink sink_;
@@ -77,6 +80,7 @@ SpreadsheetWidget::SpreadsheetWidget(QWidget* parent, PropertyBag* savedSettings
         control.InitProperties();
     }
     d_->buildBindings();
+    d_->applyMinimumSize();
     d_->focusToken_ =
         FormOf(control).focus.Subscribe([this](const ChangeInfo&) { d_->syncFocusToModel(); });
 }
@@ -246,9 +250,19 @@ bool SpreadsheetWidget::Private::updateScale() {
     const TwipsScale scale(q_.logicalDpiX(), q_.logicalDpiY());
     if (scale == scale_) return false;
     scale_ = scale;
+    applyMinimumSize();
     for (const auto& binding : bindings_)
         binding->refresh();
     return true;
+}
+
+// Rounded up: the whole of the control's smallest layout fits.
+void SpreadsheetWidget::Private::applyMinimumSize() {
+    const auto pixels = [](std::int32_t twips, double dpi) {
+        return static_cast<int>(std::ceil(twips * dpi / TwipsScale::kTwipsPerInch));
+    };
+    q_.setMinimumSize(pixels(Generic_SP_Control::kMinimumWidth, scale_.dpiX()),
+                      pixels(Generic_SP_Control::kMinimumHeight, scale_.dpiY()));
 }
 
 void SpreadsheetWidget::Private::applySize() {

@@ -16,7 +16,9 @@
 //   the application's override cursor while the host validates a column.
 // - The host's size in pixels is the control's size in twips (pixels * 1440 / DPI);
 //   every resize runs the control's resize handling, and the first showing runs the
-//   control's first showing (Show) before it.
+//   control's first showing (Show) before it. The widget's minimum size is the
+//   control's smallest layout (8200 x 6300 twips) at the screen's DPI, so layouts and
+//   windows that hold it never cut off its buttons.
 // - Keyboard focus kept with the model's: the focused component's widget has Qt's
 //   focus; when no component has it, the widget itself may take it, and keys then
 //   belong to the host (Tab leaves the control as usual).

@@ -5,7 +5,6 @@
 #include <QScrollBar>
 #include <QTest>
 #include <QTreeWidget>
-#include <sstream>
 
 #include "qt/bindings/scroll_bar_binding.h"
 #include "qt/bindings/unit_drop_binding.h"
@@ -13,48 +12,6 @@
 
 namespace tabulon::testing {
 namespace {
-
-std::string Hex(Rgb rgb) {
-    char text[8];
-    std::snprintf(text, sizeof text, "#%06x", static_cast<unsigned>(rgb));
-    return text;
-}
-
-int Int(const JsonValue& value) {
-    return static_cast<int>(value.number);
-}
-
-// The grid model against the session's "dump grid".
-void ExpectGridMatches(const FlexGrid& grid, const JsonValue& dump) {
-    ASSERT_TRUE(dump.has("cells")) << "no grid dump";
-    const std::pair<const char*, int> fields[] = {
-        {"rows", grid.rows()},     {"cols", grid.cols()},      {"row", grid.row()},
-        {"col", grid.col()},       {"rowSel", grid.rowSel()},  {"colSel", grid.colSel()},
-        {"topRow", grid.topRow()}, {"leftCol", grid.leftCol()}};
-    for (const auto& [name, value] : fields)
-        EXPECT_EQ(value, Int(dump[name])) << name;
-    for (int c = 0; c < grid.cols(); ++c) {
-        EXPECT_EQ(grid.colWidth(c), Int(dump["colWidths"][static_cast<std::size_t>(c)])) << c;
-        for (int r = 0; r < grid.rows(); ++r) {
-            const JsonValue& cell =
-                dump["cells"][static_cast<std::size_t>(r)][static_cast<std::size_t>(c)];
-            EXPECT_EQ(grid.textMatrix(r, c), cell["text"].text) << r << ", " << c;
-            EXPECT_EQ(Hex(grid.cellBackColor(r, c)), cell["back"].text) << r << ", " << c;
-        }
-    }
-}
-
-// Two documents are the same text; a difference is reported by its first line only.
-void ExpectSameDocument(const std::string& actual, const std::string& expected) {
-    if (actual == expected) return;
-    std::istringstream a(actual), e(expected);
-    std::string lineA, lineE;
-    int number = 1;
-    while (std::getline(a, lineA) && std::getline(e, lineE) && lineA == lineE)
-        ++number;
-    ADD_FAILURE() << "documents differ at line " << number << ":\n  widget:  " << lineA
-                  << "\n  session: " << lineE;
-}
 
 class SessionParity : public WidgetFixture {
 protected:
@@ -70,15 +27,6 @@ protected:
         const SessionRun run = RunSteps("load \"" + document + "\"\n" + steps + "dump grid\nxml\n");
         ExpectSameOutcome(run);
         return run;
-    }
-    void ExpectSameOutcome(const SessionRun& run) {
-        ASSERT_EQ(run.status, 0) << run.err;
-        ExpectGridMatches(form().msgGridView, LastDump(run, "grid"));
-        const std::vector<JsonValue> results = Results(run);
-        ExpectSameDocument(widget().XML().toStdString(),
-                           results.empty() ? "<no result>" : results.back().text);
-        EXPECT_EQ(events, SessionEvents(run));
-        EXPECT_EQ(messages, SessionMessages(run));
     }
 };
 

@@ -6,6 +6,7 @@
 #include <QTest>
 #include <QTreeWidget>
 #include <filesystem>
+#include <sstream>
 
 #include "control/control_access.h"
 #include "qt/bindings/grid_view.h"
@@ -137,6 +138,62 @@ SessionRun WidgetFixture::RunSteps(const std::string& steps) const {
     const Component& self = FormOf(widget_->control()).control;
     return RunSession("new " + std::to_string(self.width()) + " " + std::to_string(self.height()) +
                       "\nshow\n" + steps);
+}
+
+namespace {
+
+std::string Hex(Rgb rgb) {
+    char text[8];
+    std::snprintf(text, sizeof text, "#%06x", static_cast<unsigned>(rgb));
+    return text;
+}
+
+}  // namespace
+
+int Int(const JsonValue& value) {
+    return static_cast<int>(value.number);
+}
+
+// The grid model against the session's "dump grid".
+void ExpectGridMatches(const FlexGrid& grid, const JsonValue& dump) {
+    ASSERT_TRUE(dump.has("cells")) << "no grid dump";
+    const std::pair<const char*, int> fields[] = {
+        {"rows", grid.rows()},     {"cols", grid.cols()},      {"row", grid.row()},
+        {"col", grid.col()},       {"rowSel", grid.rowSel()},  {"colSel", grid.colSel()},
+        {"topRow", grid.topRow()}, {"leftCol", grid.leftCol()}};
+    for (const auto& [name, value] : fields)
+        EXPECT_EQ(value, Int(dump[name])) << name;
+    for (int c = 0; c < grid.cols(); ++c) {
+        EXPECT_EQ(grid.colWidth(c), Int(dump["colWidths"][static_cast<std::size_t>(c)])) << c;
+        for (int r = 0; r < grid.rows(); ++r) {
+            const JsonValue& cell =
+                dump["cells"][static_cast<std::size_t>(r)][static_cast<std::size_t>(c)];
+            EXPECT_EQ(grid.textMatrix(r, c), cell["text"].text) << r << ", " << c;
+            EXPECT_EQ(Hex(grid.cellBackColor(r, c)), cell["back"].text) << r << ", " << c;
+        }
+    }
+}
+
+// Two documents are the same text; a difference is reported by its first line only.
+void ExpectSameDocument(const std::string& actual, const std::string& expected) {
+    if (actual == expected) return;
+    std::istringstream a(actual), e(expected);
+    std::string lineA, lineE;
+    int number = 1;
+    while (std::getline(a, lineA) && std::getline(e, lineE) && lineA == lineE)
+        ++number;
+    ADD_FAILURE() << "documents differ at line " << number << ":\n  widget:  " << lineA
+                  << "\n  session: " << lineE;
+}
+
+void WidgetFixture::ExpectSameOutcome(const SessionRun& run) {
+    ASSERT_EQ(run.status, 0) << run.err;
+    ExpectGridMatches(form().msgGridView, LastDump(run, "grid"));
+    const std::vector<JsonValue> results = Results(run);
+    ExpectSameDocument(widget().XML().toStdString(),
+                       results.empty() ? "<no result>" : results.back().text);
+    EXPECT_EQ(events, SessionEvents(run));
+    EXPECT_EQ(messages, SessionMessages(run));
 }
 
 std::vector<std::string> SessionEvents(const SessionRun& run) {

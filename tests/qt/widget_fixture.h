@@ -77,6 +77,9 @@ protected:
     // --- the session tool for the same steps
     // "new W H" and "show" for the control's size, then steps.
     SessionRun RunSteps(const std::string& steps) const;
+    // The run ended well with the widget's grid (its last "dump grid"), document (its
+    // last result), events and messages.
+    void ExpectSameOutcome(const SessionRun& run);
 
     std::vector<std::string> events;
     std::vector<std::string> messages;
@@ -85,6 +88,13 @@ private:
     std::unique_ptr<SpreadsheetWidget> widget_;
     std::optional<TempDir> tempDir_;
 };
+
+// The grid model against a session's "dump grid": counts, current cell, selection,
+// scroll position, column widths, every cell's text and back colour.
+void ExpectGridMatches(const FlexGrid& grid, const JsonValue& dump);
+// Two documents are the same text; a difference is reported by its first line only.
+void ExpectSameDocument(const std::string& actual, const std::string& expected);
+int Int(const JsonValue& value);
 
 // What a session run printed, in the records' text form.
 std::vector<std::string> SessionEvents(const SessionRun& run);
