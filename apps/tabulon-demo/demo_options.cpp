@@ -20,6 +20,21 @@ constexpr StepOption kStepOptions[] = {
     {"--save", DemoStep::Kind::Save, 1},
 };
 
+constexpr const char* kQtOptionsWithValue[] = {
+    "platform",    "platformpluginpath", "platformtheme", "plugin",  "qwindowgeometry",
+    "qwindowicon", "qwindowtitle",       "session",       "display", "geometry",
+    "style",       "stylesheet",         "qmljsdebugger",
+};
+constexpr const char* kQtFlags[] = {"reverse", "widgetcount", "nograb", "dograb", "sync"};
+
+template <std::size_t N>
+bool Among(const QString& name, const char* const (&names)[N]) {
+    for (const char* candidate : names) {
+        if (name == QLatin1String(candidate)) return true;
+    }
+    return false;
+}
+
 std::optional<int> ReadCount(const QString& text, int minimum) {
     static const QRegularExpression digits(QStringLiteral("^[0-9]{1,9}$"));
     if (!digits.match(text).hasMatch()) return std::nullopt;
@@ -124,6 +139,31 @@ std::optional<DemoOptions> ParseDemoOptions(const QStringList& arguments, QStrin
         options.document = argument;
     }
     return options;
+}
+
+QStringList WithoutQtOptions(const QStringList& arguments) {
+    QStringList kept;
+    for (qsizetype i = 0; i < arguments.size(); ++i) {
+        const QString& argument = arguments[i];
+        QString name = argument;
+        if (name.startsWith(QLatin1String("--"))) {
+            name.remove(0, 2);
+        } else if (name.startsWith(QLatin1Char('-'))) {
+            name.remove(0, 1);
+        } else {
+            kept.append(argument);
+            continue;
+        }
+        const qsizetype equals = name.indexOf(QLatin1Char('='));
+        const bool valueAttached = equals >= 0;
+        if (valueAttached) name.truncate(equals);
+        if (Among(name, kQtOptionsWithValue)) {
+            if (!valueAttached) ++i;
+        } else if (!Among(name, kQtFlags)) {
+            kept.append(argument);
+        }
+    }
+    return kept;
 }
 
 QString DemoUsage() {

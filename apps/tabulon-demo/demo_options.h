@@ -5,8 +5,9 @@
 //                [--size WxH] [--print-log]
 //
 // Steps: --node KEY, --click R C, --type TEXT, --print, --page general|buttons,
-// --pdf FILE, --save FILE. Qt's own options (-platform offscreen ...) are taken by
-// QApplication before these are read.
+// --pdf FILE, --save FILE. Qt's own options (-platform offscreen ...) are QApplication's;
+// the demo reads its own before QApplication exists (WithoutQtOptions), so that --help
+// and usage errors need no display.
 //
 // Decisions:
 // - DOCUMENT goes through Load, --xml-text FILE through LoadXML (the file's text);
@@ -55,6 +56,13 @@ struct DemoOptions {
 // Parses the arguments after the program name. On a usage error returns nothing and
 // sets error to one line saying what is wrong.
 std::optional<DemoOptions> ParseDemoOptions(const QStringList& arguments, QString& error);
+
+// The arguments without Qt's own command-line options (one or two dashes; "-style=x"
+// or "-style x"): -platform, -platformpluginpath, -platformtheme, -plugin,
+// -qwindowgeometry, -qwindowicon, -qwindowtitle, -session, -display, -geometry,
+// -style, -stylesheet, -qmljsdebugger take a value; -reverse, -widgetcount, -nograb,
+// -dograb, -sync do not.
+QStringList WithoutQtOptions(const QStringList& arguments);
 
 // The usage text printed for --help and after a usage error.
 QString DemoUsage();

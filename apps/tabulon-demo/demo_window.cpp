@@ -30,20 +30,20 @@ QString YesNo(bool value) {
 
 DemoWindow::DemoWindow(PropertyBag* savedSettings, QWidget* parent)
     : QMainWindow(parent),
+      savedSettings_(savedSettings),
+      designSettings_(savedSettings == nullptr ? nullptr
+                                               : std::make_unique<DesignSettings>(*savedSettings)),
       boxes_(this),
       log_(new EventLog(this)),
       logDock_(new QDockWidget(tr("Log"), this)),
-      spreadsheet_(new SpreadsheetWidget(
-          this, savedSettings,
-          [this](MessageIcon icon, const QString& text) { showMessage(icon, text); })) {
-    setCentralWidget(spreadsheet_);
+      spreadsheet_(nullptr) {
+    makeSpreadsheet();
     logDock_->setObjectName(QStringLiteral("log"));
     logDock_->setWidget(log_);
     logDock_->setFeatures(QDockWidget::DockWidgetClosable | QDockWidget::DockWidgetMovable);
     addDockWidget(Qt::BottomDockWidgetArea, logDock_);
     resizeDocks({logDock_}, {150}, Qt::Vertical);
     buildMenus();
-    connectSignals();
     setDocumentTitle(QString());
     statusBar()->showMessage(tr("No document"));
 }
@@ -75,6 +75,48 @@ void DemoWindow::buildMenus() {
     view->addAction(logDock_->toggleViewAction());
 }
 
+void DemoWindow::makeSpreadsheet() {
+    spreadsheet_ = new SpreadsheetWidget(
+        this, savedSettings_,
+        [this](MessageIcon icon, const QString& text) { showMessage(icon, text); });
+    setCentralWidget(spreadsheet_);
+    connectSignals();
+    spreadsheetUsed_ = false;
+}
+
+SpreadsheetWidget& DemoWindow::controlForDocument() {
+    if (spreadsheetUsed_) {
+        // The pages edit the control that ends now.
+        for (const QPointer<PropertyPageDialog>& page : openPages_)
+            delete page;
+        openPages_.clear();
+        // The old control ends before the new one starts: the last control created or
+        // ended on a thread decides the thread's tables.
+        delete takeCentralWidget();
+        makeSpreadsheet();
+        if (isVisible()) spreadsheet_->show();
+    }
+    spreadsheetUsed_ = true;
+    return *spreadsheet_;
+}
+
+bool DemoWindow::loadLogged(const QString& what,
+                            const std::function<bool(SpreadsheetWidget&)>& load) {
+    SpreadsheetWidget& control = controlForDocument();
+    criticalDuringLoad_.clear();
+    loading_ = true;
+    const bool loaded = load(control);
+    loading_ = false;
+    QString entry = what + QStringLiteral(": ") + YesNo(loaded);
+    if (loaded && !criticalDuringLoad_.isEmpty()) {
+        entry += QStringLiteral(" (the document is valid, but the control reported \"") +
+                 criticalDuringLoad_.first() +
+                 QStringLiteral("\" while showing it: what it shows may be incomplete)");
+    }
+    log_->note(entry);
+    return loaded;
+}
+
 void DemoWindow::connectSignals() {
     SpreadsheetWidget* w = spreadsheet_;
     connect(w, &SpreadsheetWidget::OKClick, this,
@@ -89,10 +131,12 @@ void DemoWindow::connectSignals() {
     });
     connect(w, &SpreadsheetWidget::PropertyChanged, this, [this](const QString& name) {
         log_->note(QStringLiteral("PropertyChanged: ") + name);
+        if (designSettings_ != nullptr) designSettings_->recordChanged(*spreadsheet_);
     });
 }
 
 void DemoWindow::showMessage(MessageIcon icon, const QString& text) {
+    if (loading_ && icon == MessageIcon::Critical) criticalDuringLoad_.append(text);
     log_->message(icon, text);
     if (interactive_) boxes_.Show(icon, ToStdString(text));
 }
@@ -105,17 +149,18 @@ void DemoWindow::setDocumentTitle(const QString& name) {
 }
 
 bool DemoWindow::openDocument(const QString& path) {
-    const bool loaded = spreadsheet_->Load(path);
-    log_->note(QStringLiteral("Load ") + path + QStringLiteral(": ") + YesNo(loaded));
+    const bool loaded =
+        loadLogged(QStringLiteral("Load ") + path,
+                   [&path](SpreadsheetWidget& control) { return control.Load(path); });
     setDocumentTitle(QFileInfo(path).fileName());
     statusBar()->showMessage(loaded ? path : tr("%1 was not loaded").arg(path));
     return loaded;
 }
 
 bool DemoWindow::openXmlText(const QString& text, const QString& origin) {
-    const bool loaded = spreadsheet_->LoadXML(text);
-    log_->note(QStringLiteral("LoadXML ") + origin +
-               QStringLiteral(" (%1 characters): ").arg(text.size()) + YesNo(loaded));
+    const bool loaded = loadLogged(
+        QStringLiteral("LoadXML ") + origin + QStringLiteral(" (%1 characters)").arg(text.size()),
+        [&text](SpreadsheetWidget& control) { return control.LoadXML(text); });
     setDocumentTitle(origin);
     statusBar()->showMessage(loaded ? origin : tr("%1 was not loaded").arg(origin));
     return loaded;
@@ -183,6 +228,7 @@ PropertyPageDialog* DemoWindow::openPropertyPage(PropertyPageDialog::Kind kind) 
     const auto messages = [this](MessageIcon icon, const QString& text) {
         showMessage(icon, text);
     };
+    if (designSettings_ != nullptr) designSettings_->pageOpened(*spreadsheet_);
     if (interactive_) {
         PropertyPageDialog dialog(kind, *spreadsheet_, this, messages);
         dialog.exec();
@@ -191,6 +237,7 @@ PropertyPageDialog* DemoWindow::openPropertyPage(PropertyPageDialog::Kind kind) 
     auto* dialog = new PropertyPageDialog(kind, *spreadsheet_, this, messages);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->show();
+    openPages_.append(dialog);
     return dialog;
 }
 

@@ -9,6 +9,15 @@
 // every host action is written to the log pane (EventLog).
 //
 // Decisions:
+// - Each document is opened in a fresh control (the one before it ends first, so the
+//   per-thread tables are the new control's): custom units a document declares stay
+//   with the control that loaded it, and a second document declaring the same units
+//   would fail in it. Every new control is restored from the same design settings.
+// - The design settings are written only when the user changes them on a property
+//   page (DesignSettings), never at exit.
+// - A load that returns true although the control showed a critical message (the file
+//   is valid but could not be shown whole) is logged with that message, so the log
+//   never says "true" beside an error without explaining it.
 // - Interactive (the default), a message box is shown as well as logged and each
 //   PrintClick opens the print preview once the control's handler has finished.
 //   Not interactive (scripted runs, --screenshot), nothing modal ever opens: messages
@@ -17,9 +26,15 @@
 //   current directory.
 #pragma once
 
+#include <QList>
 #include <QMainWindow>
 #include <QPointer>
 #include <QString>
+#include <QStringList>
+#include <functional>
+#include <memory>
+
+#include "design_settings.h"
 
 #include "qt/pages/property_page_dialog.h"
 #include "qt/qt_message_sink.h"
@@ -40,8 +55,9 @@ class DemoWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    // savedSettings: the control's design-time settings, restored once when the control
-    // is made (null: the control's first-time initialisation).
+    // savedSettings: the control's design-time settings, restored into every control
+    // the window makes and written when a property page changes them (null: each
+    // control gets its first-time initialisation and nothing is written).
     explicit DemoWindow(PropertyBag* savedSettings = nullptr, QWidget* parent = nullptr);
     ~DemoWindow() override;
 
@@ -51,9 +67,11 @@ public:
     bool interactive() const { return interactive_; }
     void setInteractive(bool interactive) { interactive_ = interactive; }
 
-    // Load with a file path; the result is logged and returned.
+    // Load with a file path, into a fresh control once the current one has been given a
+    // document; the result is logged and returned.
     bool openDocument(const QString& path);
-    // LoadXML with a document's text; origin names it in the log.
+    // LoadXML with a document's text, into a fresh control as Load; origin names it in
+    // the log.
     bool openXmlText(const QString& text, const QString& origin);
     // LoadXML with the text of a file; false (logged) when it cannot be read.
     bool openXmlTextFile(const QString& path);
@@ -73,6 +91,13 @@ public:
     PropertyPageDialog* openPropertyPage(PropertyPageDialog::Kind kind);
 
 private:
+    // The control a document is loaded into: the current one while it never had one,
+    // else a fresh one in its place.
+    SpreadsheetWidget& controlForDocument();
+    void makeSpreadsheet();
+    // Runs a Load or LoadXML and logs its result as "<what>: true|false", with the
+    // critical message shown meanwhile when there was one; returns the result.
+    bool loadLogged(const QString& what, const std::function<bool(SpreadsheetWidget&)>& load);
     void buildMenus();
     void connectSignals();
     void showMessage(MessageIcon icon, const QString& text);
@@ -89,6 +114,13 @@ private:
     // The log and the message mode exist before the control, which may show messages
     // while it starts.
     bool interactive_ = true;
+    PropertyBag* savedSettings_;
+    std::unique_ptr<DesignSettings> designSettings_;
+    bool spreadsheetUsed_ = false;
+    // The critical messages shown since the current load began.
+    QStringList criticalDuringLoad_;
+    bool loading_ = false;
+    QList<QPointer<PropertyPageDialog>> openPages_;
     QtMessageSink boxes_;
     EventLog* log_;
     QDockWidget* logDock_;

@@ -6,17 +6,23 @@
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPointer>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <functional>
 
+#include "control/control_access.h"
 #include "demo_script.h"
 #include "demo_window.h"
 #include "event_log.h"
+#include "platform/property_bag.h"
 #include "qt/pages/property_page_dialog.h"
+#include "qt/spreadsheet_widget.h"
 #include "report_preview.h"
 
 namespace tabulon::demo {
@@ -114,6 +120,86 @@ TEST_F(DemoWindowTest, ThePropertiesMenuOpensEachPageModally) {
         action->trigger();
     }
     EXPECT_EQ(opened, QStringList({QStringLiteral("General"), QStringLiteral("Advanced")}));
+}
+
+// Each document gets a fresh control, so custom units a first document declared do not
+// make a second one fail; a load that is true although the user saw an error says why.
+TEST_F(DemoWindowTest, EachDocumentOpensInAFreshControlAndTheLogExplainsAnErrorShown) {
+    window.setInteractive(false);
+    const QString units = QStringLiteral("tests/data/shell_custom_units.xml");
+    ASSERT_TRUE(window.openDocument(units));
+    const SpreadsheetWidget* first = &window.spreadsheet();
+    ASSERT_TRUE(window.openDocument(units));
+    EXPECT_NE(&window.spreadsheet(), first);
+    EXPECT_EQ(FormOf(window.spreadsheet().control()).treTreeView.count(), 1);
+    EXPECT_FALSE(LogText().contains(QStringLiteral("critical"))) << LogText().toStdString();
+
+    QFile original(units);
+    ASSERT_TRUE(original.open(QIODevice::ReadOnly));
+    QTemporaryDir dir;
+    const QString clash = dir.filePath(QStringLiteral("clash.xml"));
+    QFile copy(clash);
+    ASSERT_TRUE(copy.open(QIODevice::WriteOnly));
+    copy.write(original.readAll().replace("TONDAY_TO_KGS\"", "FT_TO_M\""));  // a built-in name
+    copy.close();
+    ASSERT_TRUE(window.openDocument(clash));
+    EXPECT_TRUE(LogText().contains(QStringLiteral("Load ") + clash +
+                                   QStringLiteral(": true (the document is valid, but the control "
+                                                  "reported \"Unexpected Error - 1032\"")))
+        << LogText().toStdString();
+}
+
+// A window made small keeps the control at its minimum size, buttons included.
+TEST_F(DemoWindowTest, ShrinkingTheWindowStopsAtTheControlsMinimumSize) {
+    ASSERT_TRUE(window.openDocument(QStringLiteral("samples/english.xml")));
+    window.resize(200, 150);
+    SettleEvents();
+    SpreadsheetWidget& control = window.spreadsheet();
+    EXPECT_GE(control.width(), control.minimumWidth());
+    EXPECT_GE(control.height(), control.minimumHeight());
+    QWidget* ok = control.widgetFor(FormOf(control.control()).cmdOK);
+    EXPECT_TRUE(control.rect().contains(ok->geometry()));
+}
+
+// Using the window never changes the saved settings; a page's change does, and only
+// the keys it changed, so every later start lays the control out alike.
+TEST(DemoSettings, OnlyWhatAPageChangesIsSavedAndRestartsLayOutAlike) {
+    QDir::setCurrent(QString::fromUtf8(TABULON_SOURCE_DIR));
+    MemoryPropertyBag store;
+    const auto start = [&store](const std::function<void(DemoWindow&)>& use) {
+        DemoWindow window(&store);
+        window.setInteractive(false);
+        window.resize(1024, 700);
+        window.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+        SettleEvents();
+        EXPECT_TRUE(window.openDocument(QStringLiteral("samples/filtered.xml")));
+        const std::int32_t tree = window.spreadsheet().GeneralProperty().lngTreeViewWidth;
+        use(window);
+        return tree;
+    };
+    const std::int32_t tree = start([](DemoWindow& window) {
+        window.resize(1200, 800);
+        SettleEvents();
+        window.resize(900, 640);
+        SettleEvents();
+    });
+    EXPECT_TRUE(store.values().empty());
+
+    start([](DemoWindow& window) {
+        PropertyPageDialog* page = window.openPropertyPage(PropertyPageDialog::Kind::General);
+        auto* caption = qobject_cast<QLineEdit*>(page->widgetFor("txtFilterCaption", -1));
+        ASSERT_NE(caption, nullptr);
+        QTest::mouseClick(caption, Qt::LeftButton);
+        QTest::keyClick(caption, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(caption, QStringLiteral("Equipment"));
+        SettleEvents();
+        ASSERT_TRUE(page->apply());
+    });
+    ASSERT_EQ(store.values().size(), 1u);
+    EXPECT_EQ(PropertyToString(store.values().at("GeneralProperty.strFilterCaption")), "Equipment");
+    for (int run = 0; run < 2; ++run)
+        EXPECT_EQ(start([](DemoWindow&) {}), tree) << "start " << run;
 }
 
 }  // namespace
