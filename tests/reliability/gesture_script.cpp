@@ -254,6 +254,16 @@ Line DragSplitter(const Context&, ChoiceSource& choices) {
     return "drag-splitter " + Number(static_cast<int>(choices.Below(4001)) - 2000);
 }
 
+// A column header's border dragged either way, the row-caption column's included.
+Line DragColBorder(const Context& c, ChoiceSource& choices) {
+    const FlexGrid& grid = c.grid();
+    if (grid.cols() == 0 || grid.rows() == 0) return std::nullopt;
+    const int col = static_cast<int>(choices.Below(static_cast<std::size_t>(grid.cols())));
+    if (!grid.colIsVisible(col)) return std::nullopt;
+    return "drag-col-border " + Number(col) + " " +
+           Number(static_cast<int>(choices.Below(6001)) - 3000);
+}
+
 // The scripted host changes the GridValue element it is handed: flags, texts, or
 // nothing any more.
 Line HostChange(const Context& c, ChoiceSource& choices) {
@@ -277,7 +287,7 @@ struct WeightedGesture {
     Gesture gesture;
 };
 
-constexpr std::array<WeightedGesture, 18> kGestures = {{
+constexpr std::array<WeightedGesture, 19> kGestures = {{
     {22, ClickValueCell},
     {3, ClickAnyCell},
     {3, MouseMove},
@@ -295,6 +305,7 @@ constexpr std::array<WeightedGesture, 18> kGestures = {{
     {3, ScrollBars},
     {2, Focus},
     {1, DragSplitter},
+    {1, DragColBorder},
     {2, HostChange},
 }};
 
