@@ -12,34 +12,45 @@ namespace tabulon {
 
 namespace {
 
+constexpr QChar kEllipsis(0x2026);
+
+// Printable ASCII, and the ellipsis a cut text ends with: nothing whose direction,
+// tabs or line breaks could change how it is laid out.
+bool Simple(const QString& text) {
+    return std::all_of(text.begin(), text.end(), [](QChar c) {
+        return (c.unicode() >= 0x20 && c.unicode() < 0x7F) || c == kEllipsis;
+    });
+}
+
 bool PlainAscii(const std::string& text) {
     return std::all_of(text.begin(), text.end(), [](char c) { return c >= 0x20 && c < 0x7F; });
 }
 
-constexpr QChar kEllipsis(0x2026);
+}  // namespace
 
-QString Latin1(const std::string& text) {
-    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+void CellText::useFont(const QFont& font) const {
+    if (font == cacheFont_) return;
+    cache_.clear();
+    cuts_.clear();
+    cacheFont_ = font;
 }
 
-}  // namespace
+const QStaticText* CellText::laidOut(const QFont& font, const QString& text) const {
+    useFont(font);
+    auto found = cache_.find(text);
+    if (found == cache_.end()) {
+        if (cache_.size() >= kCacheSize) cache_.clear();
+        QStaticText staticText(text);
+        staticText.setTextFormat(Qt::PlainText);
+        staticText.prepare(QTransform(), font);
+        found = cache_.insert(text, staticText);
+    }
+    return &*found;
+}
 
 const QStaticText* CellText::laidOut(const QFont& font, const std::string& text) const {
     if (!PlainAscii(text)) return nullptr;
-    if (font != cacheFont_) {
-        cache_.clear();
-        cacheFont_ = font;
-    }
-    const QString key = Latin1(text);
-    auto found = cache_.find(key);
-    if (found == cache_.end()) {
-        if (cache_.size() >= kCacheSize) cache_.clear();
-        QStaticText staticText(key);
-        staticText.setTextFormat(Qt::PlainText);
-        staticText.prepare(QTransform(), font);
-        found = cache_.insert(key, staticText);
-    }
-    return &*found;
+    return laidOut(font, QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size())));
 }
 
 qreal CellText::width(const QFont& font, const std::string& text) const {
@@ -54,47 +65,62 @@ bool CellText::fits(const QFont& font, qreal available, const std::string& text)
 QString CellText::shown(const QFont& font, qreal available, Qt::Alignment alignment,
                         const std::string& text) const {
     if (fits(font, available, text)) return ToQString(text);
-    const QFontMetricsF metrics(font);
-    available = std::max<qreal>(available, 0);
-    const QString whole = ToQString(text);
-    const QString elided = metrics.elidedText(whole, Qt::ElideRight, available, Qt::TextSingleLine);
-    const std::size_t number = NumericPrefixLength(text);
-    if (!(alignment & Qt::AlignRight) || number == 0) return elided;
-    // What is kept of the text before the ellipsis (a font without the ellipsis glyph
-    // gets three dots). The number is ASCII: its length in UTF-16 units is its length.
-    qsizetype kept = 0;
-    if (elided.endsWith(kEllipsis)) {
-        kept = elided.size() - 1;
-    } else if (elided.endsWith(QLatin1String("..."))) {
-        kept = elided.size() - 3;
-    }
-    if (kept >= static_cast<qsizetype>(number)) return elided;
-    const qreal fill = metrics.horizontalAdvance(kNumberFill);
-    return QString(static_cast<qsizetype>(std::floor(available / fill)), kNumberFill);
+    return cut(font, static_cast<int>(std::floor(std::max<qreal>(available, 0))),
+               alignment & Qt::AlignRight, text);
 }
 
-// Laying a text out is most of the cost of a frame, so a plain text is put exactly
-// where drawText puts it (aligned by its laid-out size, clipped to the rectangle only
-// when it is taller) from its kept layout. Anything else, where direction, tabs or line
-// breaks could matter, goes through drawText itself.
+const QString& CellText::cut(const QFont& font, int available, bool right,
+                             const std::string& text) const {
+    useFont(font);
+    const QString whole = ToQString(text);
+    const std::pair<QString, int> key(whole, available * 2 + (right ? 1 : 0));
+    if (const auto found = cuts_.constFind(key); found != cuts_.constEnd()) return *found;
+    if (cuts_.size() >= kCacheSize) cuts_.clear();
+
+    const QFontMetricsF metrics(font);
+    QString shownText = metrics.elidedText(whole, Qt::ElideRight, available, Qt::TextSingleLine);
+    const std::size_t number = NumericPrefixLength(text);
+    if (right && number > 0) {
+        // What is kept of the text before the ellipsis (a font without the ellipsis
+        // glyph gets three dots). The number is ASCII: its length in UTF-16 units is its
+        // length in bytes.
+        qsizetype kept = 0;
+        if (shownText.endsWith(kEllipsis)) {
+            kept = shownText.size() - 1;
+        } else if (shownText.endsWith(QLatin1String("..."))) {
+            kept = shownText.size() - 3;
+        }
+        if (kept < static_cast<qsizetype>(number)) {
+            const qreal fill = metrics.horizontalAdvance(kNumberFill);
+            shownText = QString(static_cast<qsizetype>(std::floor(available / fill)), kNumberFill);
+        }
+    }
+    return *cuts_.insert(key, shownText);
+}
+
+// Laying a text out is most of the cost of a frame, so a simple text (and a cut form)
+// is laid out once and put exactly where drawText puts it (aligned by its laid-out
+// size, clipped to the rectangle only when it is taller). Anything else goes through
+// drawText itself.
 void CellText::paint(QPainter& painter, const QRect& rect, Qt::Alignment alignment,
                      const std::string& text) const {
     const QFont& font = painter.font();
-    std::string fitting;
-    const std::string* painted = &text;
-    if (!fits(font, rect.width(), text)) {
-        const QString cut = shown(font, rect.width(), alignment, text);
-        if (cut.isEmpty()) return;
-        fitting = ToStdString(cut);
-        painted = &fitting;
+    const QStaticText* layout = laidOut(font, text);
+    const qreal width = layout != nullptr ? layout->size().width() : this->width(font, text);
+    QString other;
+    if (width > rect.width()) {
+        const QString& cutText = cut(font, rect.width(), alignment & Qt::AlignRight, text);
+        if (cutText.isEmpty()) return;
+        layout = Simple(cutText) ? laidOut(font, cutText) : nullptr;
+        if (layout == nullptr) other = cutText;
+    } else if (layout == nullptr) {
+        other = ToQString(text);
     }
-    const QStaticText* plain = laidOut(font, *painted);
-    if (plain == nullptr) {
-        painter.drawText(rect, static_cast<int>(alignment) | Qt::TextSingleLine,
-                         ToQString(*painted));
+    if (layout == nullptr) {
+        painter.drawText(rect, static_cast<int>(alignment) | Qt::TextSingleLine, other);
         return;
     }
-    const QSizeF size = plain->size();
+    const QSizeF size = layout->size();
     qreal x = 0;
     qreal y = 0;
     if (alignment & Qt::AlignRight) {
@@ -112,7 +138,7 @@ void CellText::paint(QPainter& painter, const QRect& rect, Qt::Alignment alignme
         painter.save();
         painter.setClipRect(rect, Qt::IntersectClip);
     }
-    painter.drawStaticText(QPointF(rect.x() + x, rect.y() + y), *plain);
+    painter.drawStaticText(QPointF(rect.x() + x, rect.y() + y), *layout);
     if (clip) painter.restore();
 }
 

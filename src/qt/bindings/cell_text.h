@@ -10,9 +10,10 @@
 // The cell's text itself (TextMatrix, the report) is never changed; the view offers
 // the whole text as a tooltip wherever it was cut.
 //
-// Plain ASCII texts are laid out once and kept, up to kCacheSize of them (the store is
-// emptied when full or when the font changes), and painted pixel for pixel as
-// QPainter::drawText paints them; other texts are laid out on every paint.
+// Plain ASCII texts, and cut forms of plain texts, are laid out once and kept, up to
+// kCacheSize of them, and painted pixel for pixel as QPainter::drawText paints them;
+// other texts are laid out on every paint. The cut form of a text for a width is kept
+// too. Both stores are emptied when full or when the font changes.
 #pragma once
 
 #include <QFont>
@@ -21,6 +22,7 @@
 #include <QStaticText>
 #include <QString>
 #include <string>
+#include <utility>
 
 class QPainter;
 
@@ -46,10 +48,17 @@ public:
                const std::string& text) const;
 
 private:
+    // Empties the stores when the font is not the one they were made with.
+    void useFont(const QFont& font) const;
     // The laid-out form of a plain ASCII text in font; null for other texts.
     const QStaticText* laidOut(const QFont& font, const std::string& text) const;
+    // The laid-out form of a text known to be simple.
+    const QStaticText* laidOut(const QFont& font, const QString& text) const;
+    // The cut form of a text that does not fit available pixels (right: right-aligned).
+    const QString& cut(const QFont& font, int available, bool right, const std::string& text) const;
 
     mutable QHash<QString, QStaticText> cache_;
+    mutable QHash<std::pair<QString, int>, QString> cuts_;
     mutable QFont cacheFont_;
 };
 
