@@ -8,7 +8,6 @@
 #include <algorithm>
 
 #include "qt/key_translation.h"
-#include "qt/qt_text.h"
 #include "support/numeric.h"
 #include "support/text.h"
 
