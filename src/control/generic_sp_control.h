@@ -109,11 +109,13 @@ public:
     void KeyPress(int& keyAscii);
     // Key up with a key code and the shift state (1 Shift, 2 Ctrl, 4 Alt).
     void KeyUp(int& keyCode, int shift);
-    // A whole keystroke to the focused component: KeyPress preview (only for keys with
-    // a character, keyAscii != 0), then the component's own key press unless the
-    // preview swallowed it, then the KeyUp preview. The text box, the unit editors and
-    // the buttons take key presses; other components ignore them. When no component of
-    // the control has the focus the keystroke is not the control's and nothing runs.
+    // A whole keystroke to the focused component: the component's key down (the unit
+    // editors' caret keys), the KeyPress preview (only for keys with a character,
+    // keyAscii != 0), then the component's own key press unless the preview swallowed
+    // it, then the KeyUp preview. The text box, the unit editors and the buttons take
+    // key presses; a character typed on the grid opens the current cell's editor and
+    // goes to it (GridTypingTarget); other components ignore them. When no component
+    // of the control has the focus the keystroke is not the control's and nothing runs.
     void UserKeyStroke(int keyCode, int keyAscii, int shift);
 
     // The splitter between tree and grid dragged by x twips with the left button
@@ -150,7 +152,9 @@ private:
     void KeepDefaultColWidth();
     // Shows both scroll bars and refreshes them with move grid true, or hides both.
     void ShowScrollBars(bool show);
-    // The component that holds the focus receives a key press that was not swallowed.
+    // The component that holds the focus receives the key going down, and then a key
+    // press that was not swallowed.
+    void DeliverKeyDown(Component* target, int keyCode, int shift);
     void DeliverKeyPress(Component* target, int keyAscii);
     // The four buttons in record order: Print, OK, Cancel, Help.
     std::array<Button*, 4> Buttons();

@@ -1,6 +1,7 @@
 // Keyboard routing: the control previews every key before the focused component.
 #include "control/generic_sp_control.h"
 #include "view/control_core.h"
+#include "view/grid_events.h"
 #include "view/navigation.h"
 
 namespace tabulon {
@@ -18,6 +19,7 @@ void Generic_SP_Control::UserKeyStroke(int keyCode, int keyAscii, int shift) {
     // if the preview moves the focus.
     Component* target = core_->form.focus.focused();
     if (target == nullptr) return;
+    DeliverKeyDown(target, keyCode, shift);
     if (keyAscii != 0) {
         KeyPress(keyAscii);
         if (keyAscii != 0) DeliverKeyPress(target, keyAscii);
@@ -25,8 +27,19 @@ void Generic_SP_Control::UserKeyStroke(int keyCode, int keyAscii, int shift) {
     KeyUp(keyCode, shift);
 }
 
+void Generic_SP_Control::DeliverKeyDown(Component* target, int keyCode, int shift) {
+    Form& f = core_->form;
+    if (target == &f.unitNumControl) {
+        f.unitNumControl.UserKeyDown(keyCode, shift);
+    } else if (target == &f.unitDropControl) {
+        f.unitDropControl.UserKeyDown(keyCode, shift);
+    }
+}
+
 void Generic_SP_Control::DeliverKeyPress(Component* target, int keyAscii) {
     Form& f = core_->form;
+    // Typing on the grid itself goes to the current cell's editor.
+    if (target == &f.msgGridView) target = GridTypingTarget(*core_, keyAscii);
     if (target == &f.txtTextBoxControl) {
         f.txtTextBoxControl.userKeyPress(keyAscii);
     } else if (target == &f.unitNumControl) {

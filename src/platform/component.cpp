@@ -1,5 +1,7 @@
 #include "platform/component.h"
 
+#include <algorithm>
+
 #include "support/failure.h"
 
 namespace tabulon {
@@ -27,7 +29,7 @@ void Component::setEnabled(bool enabled) {
 }
 
 void Component::dropFocusIfHeld() {
-    if (hasFocus()) focus_->setFocus(nullptr);
+    if (hasFocus()) focus_->setFocus(focus_->nextInTabOrder(this));
 }
 
 void Component::setLeft(std::int32_t v) {
@@ -96,6 +98,17 @@ void FocusManager::setFocus(Component* component) {
         component->Notify(Change::Focus);
         Raise(component->onGotFocus);
     }
+}
+
+Component* FocusManager::nextInTabOrder(const Component* from) const {
+    const auto at = std::find(tabOrder_.begin(), tabOrder_.end(), from);
+    if (at == tabOrder_.end()) return nullptr;
+    const std::size_t start = static_cast<std::size_t>(at - tabOrder_.begin());
+    for (std::size_t step = 1; step < tabOrder_.size(); ++step) {
+        Component* candidate = tabOrder_[(start + step) % tabOrder_.size()];
+        if (candidate->acceptsInput()) return candidate;
+    }
+    return nullptr;
 }
 
 void FocusManager::forget(Component* component) {

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "platform/observable.h"
 
@@ -22,7 +23,8 @@ public:
     const std::string& name() const { return name_; }
 
     // Hiding or disabling the component that has the focus takes the focus away
-    // from it (its LostFocus runs; no component has the focus afterwards).
+    // from it (its LostFocus runs): to the next component of the manager's tab order
+    // that can take it, or to none (see FocusManager::setTabOrder).
     bool visible() const { return visible_; }
     void setVisible(bool visible);
     bool enabled() const { return enabled_; }
@@ -87,10 +89,19 @@ public:
     // Forgets a component (it is going away); no notification runs.
     void forget(Component* component);
 
+    // The order in which the user tabs through the form. When the focused component
+    // is hidden or disabled, the focus moves to the first component after it in this
+    // order (going round) that is visible and enabled; a component outside the order,
+    // or with none able to take it, leaves no component focused. Empty by default.
+    void setTabOrder(std::vector<Component*> order) { tabOrder_ = std::move(order); }
+    // Where the focus goes when from can no longer hold it (null: nowhere).
+    Component* nextInTabOrder(const Component* from) const;
+
 private:
     Component* focused_ = nullptr;
     Component* arriving_ = nullptr;  // given the focus, GotFocus not yet raised
     unsigned moves_ = 0;
+    std::vector<Component*> tabOrder_;
 };
 
 }  // namespace tabulon

@@ -64,12 +64,9 @@ void TextBox::commitText(std::string text, int caret) {
 }
 
 void TextBox::replaceRange(int start, int length, const std::string& insert) {
-    const std::size_t begin = Utf8Offset(text_, static_cast<std::size_t>(start));
-    const std::size_t end = Utf8Offset(text_, static_cast<std::size_t>(start + length));
-    std::string text = text_.substr(0, begin);
-    text += insert;
-    text.append(text_, end);
-    commitText(std::move(text), start + static_cast<int>(CountUtf8(insert)));
+    commitText(ReplaceUtf8Range(text_, static_cast<std::size_t>(start),
+                                static_cast<std::size_t>(length), insert),
+               start + static_cast<int>(CountUtf8(insert)));
 }
 
 void TextBox::userKeyPress(int keyAscii) {

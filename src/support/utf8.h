@@ -88,4 +88,16 @@ inline std::size_t Utf8Offset(std::string_view text, std::size_t index) {
     return pos;
 }
 
+// text with its characters [start, start + length) replaced by insert; positions past
+// the end count as the end.
+inline std::string ReplaceUtf8Range(std::string_view text, std::size_t start, std::size_t length,
+                                    std::string_view insert) {
+    const std::size_t begin = Utf8Offset(text, start);
+    const std::size_t end = begin + Utf8Offset(text.substr(begin), length);
+    std::string replaced(text.substr(0, begin));
+    replaced += insert;
+    replaced += text.substr(end);
+    return replaced;
+}
+
 }  // namespace tabulon

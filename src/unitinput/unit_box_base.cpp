@@ -1,5 +1,8 @@
 #include "unitinput/unit_box_base.h"
 
+#include <exception>
+#include <string_view>
+
 #include "platform/key_codes.h"
 #include "support/numeric.h"
 #include "unitinput/unit_catalogue.h"
@@ -9,14 +12,27 @@ namespace tabulon {
 namespace {
 
 using keys::kBackspace;
+using keys::kDelete;
+constexpr int kLetterA = 'A';
 
-// Removes the last UTF-8 code point (continuation bytes are 10xxxxxx).
-void RemoveLastCharacter(std::string& text) {
-    while (!text.empty()) {
-        const auto byte = static_cast<unsigned char>(text.back());
-        text.pop_back();
-        if ((byte & 0xC0u) != 0x80u) return;
-    }
+struct CaretKey {
+    int keyCode;
+    EditLine::Move move;
+};
+
+constexpr CaretKey kCaretKeys[] = {
+    {keys::kLeft, EditLine::Move::Left},
+    {keys::kRight, EditLine::Move::Right},
+    {keys::kHome, EditLine::Move::Home},
+    {keys::kEnd, EditLine::Move::End},
+};
+
+bool Holds(std::string_view text, std::string_view characters) {
+    return text.find_first_of(characters) != std::string_view::npos;
+}
+
+bool IsExponent(char c) {
+    return c == 'e' || c == 'E';
 }
 
 }  // namespace
@@ -28,14 +44,49 @@ void UnitBoxBase::SetRegistrar(std::shared_ptr<UnitRegistrar> registrar) {
 }
 
 void UnitBoxBase::SetNumberText(std::string text) {
-    if (text == numberText_) return;
-    numberText_ = std::move(text);
-    NumberTextReplaced();
-    Notify(Change::Content);
+    if (text == field_.text()) return;
+    EditLine edited = field_;
+    edited.setText(std::move(text));
+    Apply(edited);
+}
+
+void UnitBoxBase::SetSelection(int start, int length) {
+    EditLine edited = field_;
+    edited.select(start, start + length);
+    Apply(edited);
 }
 
 double UnitBoxBase::Number() const {
-    return ReadNumber(numberText_);
+    return ReadNumber(field_.text());
+}
+
+void UnitBoxBase::Apply(const EditLine& edited) {
+    if (edited == field_) return;
+    const bool textChanged = edited.text() != field_.text();
+    field_ = edited;
+    if (textChanged) NumberTextReplaced();
+    Notify(textChanged ? Change::Content : Change::Selection);
+}
+
+bool UnitBoxBase::Fits(char c, const EditLine& field) const {
+    const std::string before = field.beforeSelection();
+    const std::string after = field.afterSelection();
+    const std::string rest = before + after;
+    if (c >= '0' && c <= '9') return true;
+    switch (c) {
+        case '.':
+            return !Holds(rest, ".") && !Holds(before, "eE");
+        case 'e':
+        case 'E':
+            return !Holds(rest, "eE") && Holds(before, "0123456789") && !Holds(after, ".");
+        case '+':
+        case '-':
+            if (!after.empty() && (after.front() == '+' || after.front() == '-')) return false;
+            if (!before.empty() && IsExponent(before.back())) return true;
+            return c == '-' && before.empty() && NegativesAllowed();
+        default:
+            return false;
+    }
 }
 
 void UnitBoxBase::UserSetText(std::string text) {
@@ -44,13 +95,55 @@ void UnitBoxBase::UserSetText(std::string text) {
 
 void UnitBoxBase::UserKeyPress(int keyAscii) {
     if (!acceptsInput()) return;
-    std::string text = numberText_;
+    EditLine edited = field_;
     if (keyAscii == kBackspace) {
-        RemoveLastCharacter(text);
-    } else if (keyAscii >= 32 && keyAscii <= 126) {
-        text.push_back(static_cast<char>(keyAscii));
+        edited.deleteBackward();
+    } else if (keyAscii >= 32 && keyAscii <= 126 && Fits(static_cast<char>(keyAscii), edited)) {
+        edited.replaceSelection(std::string(1, static_cast<char>(keyAscii)));
     }
-    SetNumberText(std::move(text));
+    Apply(edited);
+}
+
+void UnitBoxBase::UserKeyDown(int keyCode, int shift) {
+    if (!acceptsInput()) return;
+    EditLine edited = field_;
+    for (const CaretKey& key : kCaretKeys) {
+        // Plain, the key moves the caret; with Shift alone it selects.
+        if (key.keyCode == keyCode && (shift == 0 || shift == kShiftBit)) {
+            edited.move(key.move, shift == kShiftBit);
+        }
+    }
+    if (keyCode == kDelete && shift == 0) edited.deleteForward();
+    if (keyCode == kLetterA && shift == kCtrlBit) edited.selectAll();
+    Apply(edited);
+}
+
+void UnitBoxBase::UserPaste(const std::string& text) {
+    if (!acceptsInput()) return;
+    EditLine edited = field_;
+    for (const char c : text) {
+        if (c == '\r' || c == '\n') break;
+        if (Fits(c, edited)) edited.replaceSelection(std::string(1, c));
+    }
+    // A paste of which nothing fits leaves the selection as it was.
+    Apply(edited);
+}
+
+void UnitBoxBase::UserSelect(int anchor, int caret) {
+    if (!acceptsInput()) return;
+    EditLine edited = field_;
+    edited.select(anchor, caret);
+    Apply(edited);
+}
+
+bool UnitBoxBase::MinimumBelowZero(double minimum, double maximum, int code) const {
+    if (minimum == 0 && maximum == 0) return true;
+    if (!MetricSystem()) return minimum < 0;
+    try {
+        return registrar_->Convert(minimum, code, UnitRegistrar::kToMetric) < 0;
+    } catch (const std::exception&) {
+        return minimum < 0;
+    }
 }
 
 bool UnitBoxBase::Accepts(int code) const {

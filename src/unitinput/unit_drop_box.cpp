@@ -110,4 +110,10 @@ void UnitDropBox::DropUnknownUnits() {
     selected_ = FindByCode(selectedCode);
 }
 
+bool UnitDropBox::NegativesAllowed() const {
+    if (selected_ < 0) return true;
+    const Unit& unit = units_[static_cast<std::size_t>(selected_)];
+    return MinimumBelowZero(unit.minimum, unit.maximum, unit.code);
+}
+
 }  // namespace tabulon

@@ -82,6 +82,8 @@ public:
 
 private:
     void DropUnknownUnits() override;
+    // By the selected unit's limits in that unit; with none selected there are none.
+    bool NegativesAllowed() const override;
     // Position of the unit whose label is text; -1 when none.
     int FindByLabel(const std::string& text) const;
     int FindByCode(int code) const;

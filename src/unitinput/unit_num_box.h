@@ -61,6 +61,10 @@ public:
 private:
     void DropUnknownUnits() override;
     void NumberTextReplaced() override { rendered_ = false; }
+    // By the applied limits, in the box's unit.
+    bool NegativesAllowed() const override {
+        return MinimumBelowZero(appliedMinimum_, appliedMaximum_, unitCode_);
+    }
     // After a format change: rewrites a number the box wrote itself, then notifies.
     void FormatChanged();
 

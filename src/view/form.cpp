@@ -33,6 +33,12 @@ Form::Form() {
         c->attachFocus(&focus);
     }
     control.attachFocus(&focus);
+    // The editors come right before the grid, so an editor hidden while it has the
+    // focus hands it to the grid and the grid's keys keep working. The scroll bars are
+    // not tab stops: taking the focus is how the user starts to operate them.
+    focus.setTabOrder({&treTreeView, &cboFilter, &txtTextBoxControl, &cboComboBoxControl,
+                       &unitNumControl, &unitDropControl, &msgGridView, &cmdPrint, &cmdOK,
+                       &cmdCancel, &cmdHelp});
 }
 
 std::vector<Component*> Form::children() {

@@ -1,5 +1,10 @@
 // Form: every child component of the control, placed at its design-time geometry
 // and sharing one focus manager. The control's own size is the `control` component.
+//
+// Tab order (decision): tree, filter combo, the four cell editors, grid, then the
+// buttons Print, OK, Cancel, Help. A focused component that is hidden or disabled
+// hands the focus on along it (FocusManager), so hiding the open editor leaves the
+// grid focused.
 #pragma once
 
 #include <vector>

@@ -76,4 +76,24 @@ void ScrollBarGotFocus(ControlCore& core) {
     CommitAndHide(core);
 }
 
+Component* GridTypingTarget(ControlCore& core, int keyAscii) {
+    constexpr int kFirstPrintable = 32;
+    constexpr int kDeleteCharacter = 127;
+    if (keyAscii < kFirstPrintable || keyAscii == kDeleteCharacter) return nullptr;
+    Form& form = core.form;
+    Component* const editors[] = {&form.txtTextBoxControl, &form.cboComboBoxControl,
+                                  &form.unitNumControl, &form.unitDropControl};
+    Component* open = nullptr;
+    for (Component* editor : editors) {
+        if (editor->visible()) open = editor;
+    }
+    if (open != nullptr) {
+        open->setFocus();
+    } else {
+        OpenCellEditor(core);
+    }
+    Component* focused = form.focus.focused();
+    return focused == &form.msgGridView ? nullptr : focused;
+}
+
 }  // namespace tabulon

@@ -18,5 +18,12 @@ void GridMouseMove(ControlCore& core, int button, int shift, std::int32_t x,
 void GridUserColResize(ControlCore& core);
 // One of the control's own scroll bars takes the focus: commit, hide the editors.
 void ScrollBarGotFocus(ControlCore& core);
+// A character typed while the grid itself has the focus (after a move that scrolled,
+// a refused OK, a pointer over the header): the current cell's editor opens as on
+// entering the cell, or, when an editor is still open over it, that editor takes the
+// focus back with what was typed in it kept. Returns the component that has the focus
+// then and is to receive the character; null for a key without a printable character
+// (below 32, or 127) and when no editor took the focus (a disabled cell, a fixed one).
+Component* GridTypingTarget(ControlCore& core, int keyAscii);
 
 }  // namespace tabulon

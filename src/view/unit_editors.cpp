@@ -20,6 +20,8 @@
 //   number in the last unit's format.
 // - The width check comes after the registrar is made: a hidden column still replaces
 //   the registrar, and nothing else happens.
+// - Both editors open with the whole number selected, as the text editor does, so
+//   what the user types replaces it.
 #include <string>
 #include <vector>
 
@@ -151,6 +153,7 @@ void ShowUnitNumEditor(ControlCore& core) {
         // opening with this procedure's error, before the editor is shown.
         (void)box.Check();
         ActivateEditor(core, box);
+        box.SelectAll();
     });
 }
 
@@ -194,6 +197,7 @@ void ShowUnitDropEditor(ControlCore& core) {
             box.SetNumberText(FormatNumber(number, box.FormatOf(box.SelectedUnitIndex())));
         }
         ActivateEditor(core, box);
+        box.SelectAll();
     });
 }
 

@@ -157,6 +157,7 @@ TEST_F(SessionParity, ScrollBarClicksCommitTheEditorAndMoveTheGridLikeTheSession
     UseScrollBars();
     ASSERT_TRUE(Load("samples/filtered.xml"));
     ClickCell(1, 1);
+    KeyClick(Qt::Key_End);  // the number opens selected: to its end
     KeyClick(Qt::Key_Backspace);
     TypeText(QStringLiteral("9"));
     QScrollBar* bar =
@@ -172,7 +173,8 @@ TEST_F(SessionParity, ScrollBarClicksCommitTheEditorAndMoveTheGridLikeTheSession
     ProcessEvents();
 
     const SessionRun run = RunSteps(
-        "set-general intScrollBars=1\nload samples/filtered.xml\nclick 1 1\nkey Backspace\n"
+        "set-general intScrollBars=1\nload samples/filtered.xml\nclick 1 1\nkey End\nkey "
+        "Backspace\n"
         "type \"9\"\nhscroll +1\nhscroll =" +
         std::to_string(form().hscGrid.bar().value()) + "\ndump grid\nxml\ndump scrollbars\n");
     ExpectSameOutcome(run);

@@ -114,8 +114,8 @@ KeyStroke KeyArguments(std::string_view command, Args args) {
     const std::optional<KeyStroke> key = NamedKey(args[0].text, *modifiers);
     if (!key) {
         throw ScriptError(std::string(command) + ": unknown key \"" + args[0].text +
-                          "\" (Tab, Enter, Space, Escape, Backspace, Left, Right, Up, Down, "
-                          "F1..F12 or one character)");
+                          "\" (Tab, Enter, Space, Escape, Backspace, Home, End, Delete, Left, "
+                          "Right, Up, Down, F1..F12 or one character)");
     }
     return *key;
 }
@@ -138,6 +138,35 @@ void SetText(Session& s, Args args) {
             "set-text: " + (focused == nullptr ? std::string("no component") : focused->name()) +
             " has the focus, not a text or number editor");
     }
+}
+
+// The number editor that has the focus, for the gestures only its field takes.
+UnitBoxBase& FocusedNumberField(Session& s, std::string_view command) {
+    Form& form = FormOf(s);
+    Component* focused = form.focus.focused();
+    if (focused == &form.unitNumControl) return form.unitNumControl;
+    if (focused == &form.unitDropControl) return form.unitDropControl;
+    throw ScriptError(std::string(command) + ": " +
+                      (focused == nullptr ? std::string("no component") : focused->name()) +
+                      " has the focus, not a unit editor");
+}
+
+void Paste(Session& s, Args args) {
+    FocusedNumberField(s, "paste").UserPaste(args[0].text);
+}
+
+void SelectText(Session& s, Args args) {
+    const auto start =
+        static_cast<int>(IntegerArgument("select-text", args[0], "START", 0, 1 << 30));
+    const auto length =
+        static_cast<int>(IntegerArgument("select-text", args[1], "LENGTH", 0, 1 << 30));
+    Form& form = FormOf(s);
+    if (form.focus.focused() == &form.txtTextBoxControl) {
+        form.txtTextBoxControl.setSelStart(start);
+        form.txtTextBoxControl.setSelLength(length);
+        return;
+    }
+    FocusedNumberField(s, "select-text").UserSelect(start, start + length);
 }
 
 void Pick(Session& s, Args args) {
@@ -305,11 +334,19 @@ constexpr ScriptCommand kCommands[] = {
      1, 1, false, Type},
     {"key", "NAME [ctrl|shift|alt|ctrl+shift ...]",
      "One key stroke (key down, key press where the key has a character, key up) to the "
-     "focused component. NAME: Tab, Enter, Space, Escape, Backspace, Left, Right, Up, Down, "
-     "F1..F12 or one character.",
+     "focused component. NAME: Tab, Enter, Space, Escape, Backspace, Home, End, Delete, Left, "
+     "Right, Up, Down, F1..F12 or one character.",
      1, kAnyCount, false, Key},
     {"set-text", "\"TEXT\"", "Replaces the focused editor's text at once, as a paste.", 1, 1, false,
      SetText},
+    {"paste", "\"TEXT\"",
+     "Pastes TEXT into the focused unit editor's number field at its selection, as Ctrl+V "
+     "does: only the characters that can stand in a number there are taken.",
+     1, 1, false, Paste},
+    {"select-text", "START LENGTH",
+     "The user selects LENGTH characters from START in the focused text or number editor "
+     "with the mouse.",
+     2, 2, false, SelectText},
     {"pick", "\"ITEM\"", "Chooses an item of the open pick-list editor.", 1, 1, false, Pick},
     {"pick-unit", "\"UNIT\"", "Chooses a unit in the open unit drop-down editor.", 1, 1, false,
      PickUnit},

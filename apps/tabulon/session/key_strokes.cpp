@@ -20,16 +20,19 @@ struct NamedKeyRow {
     int keyAscii;
 };
 
-constexpr std::array<NamedKeyRow, 9> kNamedKeys = {{
+constexpr std::array<NamedKeyRow, 12> kNamedKeys = {{
     {"Tab", kTab, kTab},
     {"Enter", kEnter, kEnter},
     {"Space", keys::kSpace, keys::kSpace},
     {"Escape", keys::kEscape, keys::kEscape},
     {"Backspace", keys::kBackspace, keys::kBackspace},
+    {"End", keys::kEnd, 0},
+    {"Home", keys::kHome, 0},
     {"Left", keys::kLeft, 0},
     {"Up", keys::kUp, 0},
     {"Right", keys::kRight, 0},
     {"Down", keys::kDown, 0},
+    {"Delete", keys::kDelete, 0},
 }};
 
 // Punctuation of the US layout: the character typed without and with Shift.

@@ -3,18 +3,18 @@
 // state (1 Shift, 2 Ctrl, 4 Alt).
 //
 // Decisions (a US keyboard layout, as the platform reports keys):
-// - Key codes: Tab 9, Enter 13, Escape 27, Space 32, Backspace 8, Left 37, Up 38,
-//   Right 39, Down 40, F1..F12 112..123; letters the upper-case letter's code, digits
-//   their own code, punctuation the US layout's key (";" 186, "=" 187, "," 188,
-//   "-" 189, "." 190, "/" 191, "`" 192, "[" 219, "\" 220, "]" 221, "'" 222), a
-//   character that needs Shift on that layout ("A", "(", ":" ...) the key it is on,
-//   with the Shift bit added. Characters beyond ASCII have key code 0 and their code
-//   point as character code.
-// - Character codes: arrows and F-keys have none. With Alt held no key has one. With
-//   Ctrl held only letters (1..26, the control characters) and Enter (10, a line
-//   feed) have one. Tab with Shift or Ctrl has none, so those combinations reach only
-//   the key-up handling. Otherwise the key's own character (Tab 9, Enter 13, Escape
-//   27, Space 32, Backspace 8, the printable character).
+// - Key codes: Tab 9, Enter 13, Escape 27, Space 32, Backspace 8, End 35, Home 36,
+//   Left 37, Up 38, Right 39, Down 40, Delete 46, F1..F12 112..123; letters the
+//   upper-case letter's code, digits their own code, punctuation the US layout's key
+//   (";" 186, "=" 187, "," 188, "-" 189, "." 190, "/" 191, "`" 192, "[" 219, "\" 220,
+//   "]" 221, "'" 222), a character that needs Shift on that layout ("A", "(", ":" ...)
+//   the key it is on, with the Shift bit added. Characters beyond ASCII have key code
+//   0 and their code point as character code.
+// - Character codes: arrows, Home, End, Delete and F-keys have none. With Alt held no
+//   key has one. With Ctrl held only letters (1..26, the control characters) and
+//   Enter (10, a line feed) have one. Tab with Shift or Ctrl has none, so those
+//   combinations reach only the key-up handling. Otherwise the key's own character
+//   (Tab 9, Enter 13, Escape 27, Space 32, Backspace 8, the printable character).
 // - Typed text: a tab character is the Tab key, a CR or an LF the Enter key.
 #pragma once
 
@@ -29,9 +29,9 @@
 
 namespace tabulon::cli::session {
 
-// A named key (Tab, Enter, Space, Escape, Backspace, Left, Right, Up, Down, F1..F12,
-// any letter case) or one character, with the modifiers held; nullopt for anything
-// else.
+// A named key (Tab, Enter, Space, Escape, Backspace, Home, End, Delete, Left, Right,
+// Up, Down, F1..F12, any letter case) or one character, with the modifiers held;
+// nullopt for anything else.
 std::optional<KeyStroke> NamedKey(std::string_view name, int modifiers);
 
 // Modifier words such as "ctrl", "shift", "alt" and "ctrl+shift" (any letter case),

@@ -9,6 +9,11 @@
 
 namespace tabulon {
 
+namespace {
+// The Delete key's code: cutting deletes the selection as Delete does.
+constexpr int kDeleteKeyCode = 46;
+}  // namespace
+
 UnitBoxBinding::UnitBoxBinding(BindingHost& bindingHost, UnitBoxBase& box, QWidget* parent)
     : ComponentBinding(bindingHost, box, new QWidget(parent)),
       box_(box),
@@ -21,6 +26,12 @@ UnitBoxBinding::UnitBoxBinding(BindingHost& bindingHost, UnitBoxBase& box, QWidg
     numberEdit_->setAcceptDrops(false);
     numberEdit_->setAttribute(Qt::WA_InputMethodEnabled, false);
     adopt(numberEdit_);
+    connect(numberEdit_, &QLineEdit::cursorPositionChanged, this, [this] {
+        if (!mirroring()) pushSelection();
+    });
+    connect(numberEdit_, &QLineEdit::selectionChanged, this, [this] {
+        if (!mirroring()) pushSelection();
+    });
 }
 
 void UnitBoxBinding::applyGeometry() {
@@ -35,18 +46,52 @@ void UnitBoxBinding::applyState(const ChangeInfo& /*change*/) {
 }
 
 void UnitBoxBinding::mirrorNumber() {
-    const QString text = ToQString(box_.NumberText());
+    const std::string& number = box_.NumberText();
+    const QString text = ToQString(number);
+    const int anchor =
+        Utf16Index(number, box_.Caret() == box_.SelStart() ? box_.SelStart() + box_.SelLength()
+                                                           : box_.SelStart());
+    const int caret = Utf16Index(number, box_.Caret());
     const Mirroring mirroring(*this);
     if (numberEdit_->text() != text) numberEdit_->setText(text);
-    numberEdit_->setCursorPosition(static_cast<int>(text.size()));
+    // setSelection puts the caret at start + length, before start for a negative length.
+    numberEdit_->setSelection(anchor, caret - anchor);
+}
+
+void UnitBoxBinding::pushSelection() {
+    const QString text = numberEdit_->text();
+    int anchor = numberEdit_->cursorPosition();
+    if (numberEdit_->hasSelectedText()) {
+        const int start = numberEdit_->selectionStart();
+        anchor = anchor == start ? numberEdit_->selectionEnd() : start;
+    }
+    const int first = CharacterIndex(text, anchor);
+    const int last = CharacterIndex(text, numberEdit_->cursorPosition());
+    host().runGesture([this, first, last] { box_.UserSelect(first, last); });
+    mirrorNumber();
+}
+
+bool UnitBoxBinding::clipboardKey(const QKeyEvent& event) {
+    QClipboard* clipboard = QGuiApplication::clipboard();
+    if (event.matches(QKeySequence::Copy)) {
+        if (box_.SelLength() > 0) clipboard->setText(ToQString(box_.SelText()));
+    } else if (event.matches(QKeySequence::Cut)) {
+        if (box_.SelLength() == 0) return true;
+        clipboard->setText(ToQString(box_.SelText()));
+        host().runGesture([this] { box_.UserKeyDown(kDeleteKeyCode, 0); });
+    } else if (event.matches(QKeySequence::Paste)) {
+        const std::string text = ToStdString(FirstLine(clipboard->text()));
+        host().runGesture([this, text] { box_.UserPaste(text); });
+    } else {
+        return false;
+    }
+    return true;
 }
 
 bool UnitBoxBinding::keyPress(QWidget* part, QKeyEvent* event) {
     SendKeyStroke(host(), *event);
-    if (part == numberEdit_ && box_.hasFocus() && event->matches(QKeySequence::Paste)) {
-        const std::string text = ToStdString(FirstLine(QGuiApplication::clipboard()->text()));
-        host().runGesture([this, text] { box_.UserSetText(text); });
-    }
+    // The preview may have moved on (Tab, Enter): then the key was only the control's.
+    if (part == numberEdit_ && box_.hasFocus()) clipboardKey(*event);
     return true;
 }
 

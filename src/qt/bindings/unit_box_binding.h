@@ -2,11 +2,13 @@
 // at the component's place with the number field (a QLineEdit) in it, and the unit
 // part each subclass adds beside it.
 //
-// The number field shows the model's number text with the caret at its end: the
-// model appends typed characters and Backspace removes the last one, so the field
-// has no caret of its own to move. Every key goes to the control's keyboard routing.
-// Paste replaces the whole number text with the clipboard's first line (the model's
-// UserSetText). The context menu and drag and drop are off.
+// The number field shows the model's number text, caret and selection. Every key goes
+// to the control's keyboard routing, which edits the model's field (typing, Backspace,
+// Delete, the caret keys, Ctrl+A); Qt never edits the field itself. The clipboard keys
+// work on the model too: paste hands the clipboard's text to the model's filtered
+// paste, cut copies the selection and deletes it, copy only reads. A caret placed or a
+// selection made with the mouse goes to the model at once. The context menu, undo and
+// drag and drop are off.
 #pragma once
 
 #include <QLineEdit>
@@ -38,6 +40,10 @@ protected:
 
 private:
     void mirrorNumber();
+    // The field's caret and selection, placed with the mouse, into the model.
+    void pushSelection();
+    // Copy, cut and paste on the model's field; false for other keys.
+    bool clipboardKey(const QKeyEvent& event);
 
     UnitBoxBase& box_;
     QLineEdit* numberEdit_;
