@@ -118,6 +118,9 @@ public:
     // of the control has the focus the keystroke is not the control's and nothing runs.
     void UserKeyStroke(int keyCode, int keyAscii, int shift);
 
+    // The mouse wheel over the grid: rows and cols to scroll (see GridWheel).
+    void UserWheel(int rows, int cols);
+
     // The splitter between tree and grid dragged by x twips with the left button
     // (button 1; other buttons, shift and y are ignored). The tree's new width is
     // its width + x, kept within 1500 twips and the largest allowed width of this

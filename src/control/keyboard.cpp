@@ -1,4 +1,5 @@
-// Keyboard routing: the control previews every key before the focused component.
+// Keyboard routing: the control previews every key before the focused component;
+// and the wheel, the other gesture that reaches the control rather than one part.
 #include "control/generic_sp_control.h"
 #include "view/control_core.h"
 #include "view/grid_events.h"
@@ -51,6 +52,10 @@ void Generic_SP_Control::DeliverKeyPress(Component* target, int keyAscii) {
             if (target == button) button->userKeyPress(keyAscii);
         }
     }
+}
+
+void Generic_SP_Control::UserWheel(int rows, int cols) {
+    GridWheel(*core_, rows, cols);
 }
 
 }  // namespace tabulon

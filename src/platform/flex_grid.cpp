@@ -197,7 +197,14 @@ int FlexGrid::maxTopRow() const {
     return AxisMaxFirst(rowHeights_, fixedRows_, height());
 }
 int FlexGrid::maxLeftCol() const {
-    return AxisMaxFirst(colWidths_, fixedCols_, width());
+    return AxisMaxFirst(colWidths_, fixedCols_, width() - coveredRight_);
+}
+
+void FlexGrid::setCoveredRight(std::int32_t width) {
+    width = std::max<std::int32_t>(width, 0);
+    if (width == coveredRight_) return;
+    coveredRight_ = width;
+    clampScroll();
 }
 
 bool FlexGrid::moveTopRow(int row) {

@@ -25,8 +25,8 @@
 //
 // TopRow/LeftCol. Values outside [FixedRows, Rows-1] throw InvalidArgumentFailure;
 // values past the last scroll position (where the last row/column is fully shown at
-// the bottom/right edge) are clamped to it. A change raises Scroll, whether the user
-// or code made it; a write that leaves the value as it was raises nothing. Changes
+// the bottom/right edge, or left of CoveredRight) are clamped to it. A change raises Scroll,
+// whether the user or code made it; a write that leaves the value as it was raises nothing. Changes
 // of sizes, counts or the grid's own size keep TopRow/LeftCol within the scroll
 // range silently. With no scrollable rows TopRow reads FixedRows. Changing the
 // current cell never scrolls by itself.
@@ -144,6 +144,12 @@ public:
     void setLeftCol(int col);
     int maxTopRow() const;  // last scroll position (fixedRows when none can scroll)
     int maxLeftCol() const;
+    // Width of the strip along the grid's right edge that another component lies over
+    // (the form's vertical scroll bar); 0 by default, negative values count as 0. The
+    // last scroll position brings the last column fully out from under it; visibility
+    // and positions are unchanged (a column under the strip is still visible).
+    std::int32_t coveredRight() const { return coveredRight_; }
+    void setCoveredRight(std::int32_t width);
     std::int32_t rowPos(int row) const;  // bad index throws
     std::int32_t colPos(int col) const;
     bool rowIsVisible(int row) const;  // bad index throws
@@ -252,6 +258,7 @@ private:
     std::int32_t rowHeightMin_ = 0;
     std::int32_t defaultRowHeight_ = 240;
     std::int32_t defaultColWidth_ = 1080;
+    std::int32_t coveredRight_ = 0;
     bool allowBigSelection_ = false;
     SizeIndex rowHeights_;
     SizeIndex colWidths_;

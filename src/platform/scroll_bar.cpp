@@ -1,6 +1,8 @@
 #include "platform/scroll_bar.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <limits>
 
 #include "support/failure.h"
 
@@ -51,6 +53,29 @@ void ScrollBar::userSetValue(int value) {
 void ScrollBar::userDrag(int value) {
     if (!acceptsInput()) return;
     if (store(clamp(value))) Raise(onScroll);
+}
+
+void ScrollBar::userDragTo(int target) {
+    if (!acceptsInput()) return;
+    target = clamp(target);
+    const int direction = target > value_ ? 1 : -1;
+    // A thumb dragged to the end of the track stays there while the handler widens
+    // the range: the drag goes on to the new end.
+    const auto end = [this, direction] {
+        return clamp(direction > 0 ? std::numeric_limits<int>::max()
+                                   : std::numeric_limits<int>::min());
+    };
+    const bool toEnd = target == end();
+    // The handler may put the value anywhere: the steps are bounded all the same.
+    long long steps = std::llabs(static_cast<long long>(target) - value_) +
+                      std::llabs(static_cast<long long>(max_) - min_) + 1;
+    for (; steps > 0; --steps) {
+        if (toEnd) target = end();
+        if ((static_cast<long long>(target) - value_) * direction <= 0) return;
+        const int before = value_;
+        userDrag(value_ + direction);
+        if (value_ == before) return;
+    }
 }
 
 }  // namespace tabulon

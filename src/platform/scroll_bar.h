@@ -30,6 +30,13 @@ public:
     void userStep(int delta);      // arrow click: value + delta, clamped; Change if it moved
     void userSetValue(int value);  // track click: clamped; Change if it moved
     void userDrag(int value);      // thumb drag: clamped; Scroll if it moved
+    // The thumb dragged from the value to target (clamped): one userDrag per unit it
+    // passes, each to the next unit on the way, so a handler that moves something one
+    // step per Scroll follows the thumb. A Scroll handler may set the value and the
+    // range itself; the drag goes on from there and ends once the value reaches or
+    // passes target (a target at the end of the range follows that end), or when a
+    // step leaves the value where it was (the handler can go no further).
+    void userDragTo(int target);
 
     std::function<void()> onChange;
     std::function<void()> onScroll;

@@ -5,6 +5,7 @@
 #include <QResizeEvent>
 #include <QShowEvent>
 #include <cmath>
+#include <QWheelEvent>
 
 #include <unordered_map>
 #include <vector>
@@ -293,6 +294,22 @@ void SpreadsheetWidget::showEvent(QShowEvent* event) {
     if (d_->control_->shown()) return;
     d_->runGesture([this] { d_->control_->Show(); });
     d_->applySize();
+}
+
+void SpreadsheetWidget::wheelEvent(QWheelEvent* event) {
+    // What reaches the widget comes from a part that does not scroll: over the grid
+    // (a cell editor lies on it) the grid scrolls.
+    QWidget* grid = widgetFor(control_->form().msgGridView);
+    if (grid == nullptr || !grid->isVisible() ||
+        !grid->geometry().contains(event->position().toPoint())) {
+        QWidget::wheelEvent(event);
+        return;
+    }
+    QWheelEvent forwarded(grid->mapFrom(this, event->position()), event->globalPosition(),
+                          event->pixelDelta(), event->angleDelta(), event->buttons(),
+                          event->modifiers(), event->phase(), event->inverted(), event->source());
+    QApplication::sendEvent(grid, &forwarded);
+    event->setAccepted(forwarded.isAccepted());
 }
 
 void SpreadsheetWidget::focusInEvent(QFocusEvent* event) {

@@ -19,6 +19,7 @@
 //   control's first showing (Show) before it. The widget's minimum size is the
 //   control's smallest layout (8200 x 6300 twips) at the screen's DPI, so layouts and
 //   windows that hold it never cut off its buttons.
+// - The wheel over a cell editor scrolls the grid below it, as over the grid.
 // - Keyboard focus kept with the model's: the focused component's widget has Qt's
 //   focus; when no component has it, the widget itself may take it, and keys then
 //   belong to the host (Tab leaves the control as usual).
@@ -120,6 +121,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
 private:
     class Private;

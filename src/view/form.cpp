@@ -36,6 +36,13 @@ Form::Form() {
     // The editors come right before the grid, so an editor hidden while it has the
     // focus hands it to the grid and the grid's keys keep working. The scroll bars are
     // not tab stops: taking the focus is how the user starts to operate them.
+    // The vertical bar lies over the grid's right edge: the grid must scroll its last
+    // column out from under it.
+    const auto coverGrid = [this](const ChangeInfo& change) {
+        if (change.kind == Change::Geometry || change.kind == Change::Everything) CoverGrid();
+    };
+    vscGrid.Subscribe(coverGrid);
+    msgGridView.Subscribe(coverGrid);
     focus.setTabOrder({&treTreeView, &cboFilter, &txtTextBoxControl, &cboComboBoxControl,
                        &unitNumControl, &unitDropControl, &msgGridView, &cmdPrint, &cmdOK,
                        &cmdCancel, &cmdHelp});
@@ -47,6 +54,13 @@ std::vector<Component*> Form::children() {
         &msgGridView,     &vscGrid,       &hscGrid,           &cmdPrint,           &cmdOK,
         &cmdCancel,       &cmdHelp,       &txtTextBoxControl, &cboComboBoxControl, &unitNumControl,
         &unitDropControl, &unitNumForCnv, &unitDropForCnv};
+}
+
+void Form::CoverGrid() {
+    const FlexGrid& grid = msgGridView;
+    const bool over = vscGrid.visible() && vscGrid.top() < grid.top() + grid.height() &&
+                      vscGrid.top() + vscGrid.height() > grid.top();
+    msgGridView.setCoveredRight(over ? grid.left() + grid.width() - vscGrid.left() : 0);
 }
 
 bool Form::anyEditorVisible() const {

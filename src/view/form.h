@@ -61,6 +61,10 @@ struct Form {
     std::vector<Component*> children();
     // True when any of the four cell editors is visible.
     bool anyEditorVisible() const;
+
+private:
+    // Tells the grid how much of its right edge the visible vertical bar covers.
+    void CoverGrid();
 };
 
 }  // namespace tabulon

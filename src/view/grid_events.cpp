@@ -56,6 +56,14 @@ void GridScroll(ControlCore& core) {
     if (core.blnScrollCommit) CommitAndHide(core);
 }
 
+void GridWheel(ControlCore& core, int rows, int cols) {
+    FlexGrid& grid = core.form.msgGridView;
+    const int top = grid.topRow();
+    const int left = grid.leftCol();
+    grid.userScroll(rows, cols);
+    if (grid.topRow() != top || grid.leftCol() != left) GridRowColChange(core);
+}
+
 void GridMouseMove(ControlCore& core, int /*button*/, int /*shift*/, std::int32_t /*x*/,
                    std::int32_t /*y*/) {
     Guarded(core.sink, "1011", [&] {

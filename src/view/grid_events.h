@@ -16,6 +16,12 @@ void GridMouseMove(ControlCore& core, int button, int shift, std::int32_t x,
 // is committed and hidden as by a scroll, and the control's own bars take the new
 // widths.
 void GridUserColResize(ControlCore& core);
+// The mouse wheel over the grid (or over the editor on it): the grid scrolls by rows
+// and cols within its range, its Scroll committing and hiding the editor as any
+// scroll does; then the control's own scroll bars follow the grid without committing
+// again, as after a change of the current cell. Nothing happens when the grid cannot
+// move that way.
+void GridWheel(ControlCore& core, int rows, int cols);
 // One of the control's own scroll bars takes the focus: commit, hide the editors.
 void ScrollBarGotFocus(ControlCore& core);
 // A character typed while the grid itself has the focus (after a move that scrolled,

@@ -73,7 +73,7 @@ void MouseMove(Session& s, Args args) {
 void Wheel(Session& s, Args args) {
     const std::int32_t rows = Int32Argument("wheel", args[0], "ROWS");
     const std::int32_t cols = args.size() > 1 ? Int32Argument("wheel", args[1], "COLS") : 0;
-    FormOf(s).msgGridView.userScroll(rows, cols);
+    s.control().UserWheel(rows, cols);
 }
 
 // The pointer goes over column C's header and drags its right border by DX twips;
@@ -249,7 +249,7 @@ void OperateBar(std::string_view command, Component& owner, ScrollBar& bar, BarG
             bar.userSetValue(value);
             break;
         case BarGesture::Drag:
-            bar.userDrag(value);
+            bar.userDragTo(value);
             break;
     }
 }
@@ -321,8 +321,10 @@ constexpr ScriptCommand kCommands[] = {
      2, 2, false, Click},
     {"mousemove", "R C", "The pointer moves over grid cell R, C (-1: outside the rows/cols).", 2, 2,
      false, MouseMove},
-    {"wheel", "ROWS [COLS]", "The mouse wheel scrolls the grid by ROWS rows (and COLS cols).", 1, 2,
-     false, Wheel},
+    {"wheel", "ROWS [COLS]",
+     "The mouse wheel over the grid scrolls it by ROWS rows (and COLS cols); the open editor "
+     "is committed and hidden and the control's scroll bars follow.",
+     1, 2, false, Wheel},
     {"drag-col-border", "C DX",
      "The pointer moves over column C's header (the grid's MouseMove, left button down) "
      "and drags the column's right border by DX twips: the column takes its width + DX, "
@@ -360,10 +362,11 @@ constexpr ScriptCommand kCommands[] = {
      "arrow click (+1/-1) or a click in the track that sets the value N.",
      1, 1, false, HScroll},
     {"vscroll", "+1|-1|=N", "As hscroll, for the vertical scroll bar.", 1, 1, false, VScroll},
-    {"hdrag", "N", "The horizontal bar takes the focus and its thumb is dragged to N.", 1, 1, false,
-     HDrag},
-    {"vdrag", "N", "The vertical bar takes the focus and its thumb is dragged to N.", 1, 1, false,
-     VDrag},
+    {"hdrag", "N",
+     "The horizontal bar takes the focus and its thumb is dragged to N: one change, and one "
+     "column, per unit it passes.",
+     1, 1, false, HDrag},
+    {"vdrag", "N", "As hdrag, for the vertical bar (one row per unit).", 1, 1, false, VDrag},
     {"focus", "grid|tree|hsc|vsc|filter",
      "Moves the focus to that component (nothing happens when it is hidden or disabled).", 1, 1,
      false, Focus},

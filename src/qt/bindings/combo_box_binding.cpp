@@ -66,7 +66,12 @@ bool ComboBoxBinding::keyPress(QWidget* part, QKeyEvent* event) {
 }
 
 bool ComboBoxBinding::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == comboBox_ && event->type() == QEvent::Wheel) return true;
+    // The wheel never changes the choice; it goes on to the parent (over the grid, the
+    // grid scrolls).
+    if (watched == comboBox_ && event->type() == QEvent::Wheel) {
+        event->ignore();
+        return true;
+    }
     return ComponentBinding::eventFilter(watched, event);
 }
 

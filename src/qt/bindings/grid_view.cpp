@@ -299,7 +299,7 @@ void GridView::wheelEvent(QWheelEvent* event) {
     const int rows = -rowNotches * QApplication::wheelScrollLines();
     const int cols = -colNotches;
     if (rows != 0 || cols != 0) {
-        host_.runGesture([this, rows, cols] { grid_.userScroll(rows, cols); });
+        host_.runGesture([this, rows, cols] { host_.control().UserWheel(rows, cols); });
     }
     event->accept();
 }

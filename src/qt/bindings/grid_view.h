@@ -11,9 +11,10 @@
 // cell under the pointer (only the mouse move when the pointer is outside every row
 // or column, on a column header's border, and for the other buttons); pointer moves,
 // pressed or not -> userMouseMove with the buttons held and the shift state; the
-// wheel -> a user scroll of the model (QApplication::wheelScrollLines() rows per
-// notch, one column per notch of a horizontal wheel); dragging or double-clicking a
-// column header's border -> userResizeCol (ColumnBorderDrag).
+// wheel -> the control's UserWheel (QApplication::wheelScrollLines() rows per notch,
+// one column per notch of a horizontal wheel), which scrolls the grid and lets the
+// scroll bars follow; dragging or double-clicking a column header's border ->
+// userResizeCol (ColumnBorderDrag).
 //
 // A text that does not fit its cell is shown cut visibly, never silently (CellText),
 // and a tooltip over such a cell shows the whole text; so does one over a cell whose

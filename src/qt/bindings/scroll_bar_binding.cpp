@@ -58,7 +58,7 @@ void ScrollBarBinding::userAction(int action) {
                 bar_.userSetValue(proposed);
                 break;
             case QAbstractSlider::SliderMove:
-                bar_.userDrag(proposed);
+                bar_.userDragTo(proposed);
                 break;
             default:
                 break;

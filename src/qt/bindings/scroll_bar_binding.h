@@ -4,9 +4,10 @@
 //
 // Gestures, into the inner bar: an arrow click -> userStep(+1 / -1); a click in the
 // track or a jump to either end -> userSetValue with the value Qt proposes; dragging
-// the thumb (and the wheel over the bar) -> userDrag with the proposed value. Qt's
-// proposal is replaced by the model's answer before Qt applies it, so the bar shows
-// the value the control computed. The bar taking the focus with a mouse press gives
+// the thumb (and the wheel over the bar) -> userDragTo the proposed value, one change
+// per unit the thumb passes, so the grid follows the thumb. Qt's proposal is replaced
+// by the model's answer before Qt applies it, so the bar shows the value the control
+// computed. The bar taking the focus with a mouse press gives
 // the component the model's focus first (the control then commits the open editor),
 // before the press acts.
 //

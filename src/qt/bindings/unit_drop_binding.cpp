@@ -47,7 +47,10 @@ bool UnitDropBinding::keyPress(QWidget* part, QKeyEvent* event) {
 }
 
 bool UnitDropBinding::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == unitCombo_ && event->type() == QEvent::Wheel) return true;
+    if (watched == unitCombo_ && event->type() == QEvent::Wheel) {
+        event->ignore();  // on to the parent, as for the pick list
+        return true;
+    }
     return UnitBoxBinding::eventFilter(watched, event);
 }
 
