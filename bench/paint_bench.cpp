@@ -40,6 +40,7 @@ public:
     const TwipsScale& scale() const override { return scale_; }
     void syncFocusToModel() override {}
     void runGesture(const std::function<void()>& gesture) override { gesture(); }
+    void wheelOverGrid(const QWheelEvent&) override {}
 
 private:
     Generic_SP_Control& control_;

@@ -44,6 +44,7 @@ public:
     Generic_SP_Control& control() override { return *control_; }
     const TwipsScale& scale() const override { return scale_; }
     void syncFocusToModel() override;
+    void wheelOverGrid(const QWheelEvent& event) override;
     void runGesture(const std::function<void()>& gesture) override;
 
     void buildBindings();
@@ -296,22 +297,6 @@ void SpreadsheetWidget::showEvent(QShowEvent* event) {
     d_->applySize();
 }
 
-void SpreadsheetWidget::wheelEvent(QWheelEvent* event) {
-    // What reaches the widget comes from a part that does not scroll: over the grid
-    // (a cell editor lies on it) the grid scrolls.
-    QWidget* grid = widgetFor(control_->form().msgGridView);
-    if (grid == nullptr || !grid->isVisible() ||
-        !grid->geometry().contains(event->position().toPoint())) {
-        QWidget::wheelEvent(event);
-        return;
-    }
-    QWheelEvent forwarded(grid->mapFrom(this, event->position()), event->globalPosition(),
-                          event->pixelDelta(), event->angleDelta(), event->buttons(),
-                          event->modifiers(), event->phase(), event->inverted(), event->source());
-    QApplication::sendEvent(grid, &forwarded);
-    event->setAccepted(forwarded.isAccepted());
-}
-
 void SpreadsheetWidget::focusInEvent(QFocusEvent* event) {
     QWidget::focusInEvent(event);
     d_->syncFocusToModel();
@@ -332,6 +317,16 @@ void SpreadsheetWidget::Private::syncFocusToModel() {
     if (current != nullptr && current != &q_ && q_.isAncestorOf(current)) {
         q_.setFocus(Qt::OtherFocusReason);
     }
+}
+
+void SpreadsheetWidget::Private::wheelOverGrid(const QWheelEvent& event) {
+    const ComponentBinding* binding = bindingFor(FormOf(*control_).msgGridView);
+    QWidget* grid = binding == nullptr ? nullptr : binding->widget();
+    if (grid == nullptr || !grid->isVisible()) return;
+    QWheelEvent forwarded(grid->mapFromGlobal(event.globalPosition()), event.globalPosition(),
+                          event.pixelDelta(), event.angleDelta(), event.buttons(),
+                          event.modifiers(), event.phase(), event.inverted(), event.source());
+    QApplication::sendEvent(grid, &forwarded);
 }
 
 void SpreadsheetWidget::Private::runGesture(const std::function<void()>& gesture) {

@@ -121,7 +121,6 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
-    void wheelEvent(QWheelEvent* event) override;
 
 private:
     class Private;

@@ -63,6 +63,15 @@ void Form::CoverGrid() {
     msgGridView.setCoveredRight(over ? grid.left() + grid.width() - vscGrid.left() : 0);
 }
 
+std::array<Component*, 4> Form::cellEditors() {
+    return {&txtTextBoxControl, &cboComboBoxControl, &unitNumControl, &unitDropControl};
+}
+
+bool Form::isCellEditor(const Component& component) const {
+    return &component == &txtTextBoxControl || &component == &cboComboBoxControl ||
+           &component == &unitNumControl || &component == &unitDropControl;
+}
+
 bool Form::anyEditorVisible() const {
     return txtTextBoxControl.visible() || cboComboBoxControl.visible() ||
            unitNumControl.visible() || unitDropControl.visible();

@@ -7,6 +7,7 @@
 // grid focused.
 #pragma once
 
+#include <array>
 #include <vector>
 
 #include "platform/button.h"
@@ -61,6 +62,9 @@ struct Form {
     std::vector<Component*> children();
     // True when any of the four cell editors is visible.
     bool anyEditorVisible() const;
+    // The four cell editors: text, pick list, unit number, unit drop-down.
+    std::array<Component*, 4> cellEditors();
+    bool isCellEditor(const Component& component) const;
 
 private:
     // Tells the grid how much of its right edge the visible vertical bar covers.

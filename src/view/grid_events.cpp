@@ -89,10 +89,8 @@ Component* GridTypingTarget(ControlCore& core, int keyAscii) {
     constexpr int kDeleteCharacter = 127;
     if (keyAscii < kFirstPrintable || keyAscii == kDeleteCharacter) return nullptr;
     Form& form = core.form;
-    Component* const editors[] = {&form.txtTextBoxControl, &form.cboComboBoxControl,
-                                  &form.unitNumControl, &form.unitDropControl};
     Component* open = nullptr;
-    for (Component* editor : editors) {
+    for (Component* editor : form.cellEditors()) {
         if (editor->visible()) open = editor;
     }
     if (open != nullptr) {

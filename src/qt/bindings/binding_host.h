@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QKeyEvent>
+#include <QWheelEvent>
 #include <functional>
 
 #include "control/generic_sp_control.h"
@@ -28,6 +29,10 @@ public:
     // as a critical message with the failure's own description, as the platform shows
     // a run-time error nobody handled, and the widget stays usable.
     virtual void runGesture(const std::function<void()>& gesture) = 0;
+
+    // The wheel turned over a cell editor, which lies on the grid: the grid scrolls
+    // as if the wheel were over it.
+    virtual void wheelOverGrid(const QWheelEvent& event) = 0;
 };
 
 // The key stroke of a Qt key event, sent to the control's keyboard routing

@@ -66,10 +66,9 @@ bool ComboBoxBinding::keyPress(QWidget* part, QKeyEvent* event) {
 }
 
 bool ComboBoxBinding::eventFilter(QObject* watched, QEvent* event) {
-    // The wheel never changes the choice; it goes on to the parent (over the grid, the
-    // grid scrolls).
+    // The wheel never changes the choice; over the grid it scrolls the grid.
     if (watched == comboBox_ && event->type() == QEvent::Wheel) {
-        event->ignore();
+        ComponentBinding::eventFilter(watched, event);
         return true;
     }
     return ComponentBinding::eventFilter(watched, event);

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFocusEvent>
 
+#include "control/control_access.h"
 #include "qt/key_translation.h"
 
 namespace tabulon {
@@ -76,6 +77,10 @@ bool ComponentBinding::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::KeyPress:
             return keyPress(part, static_cast<QKeyEvent*>(event));
         case QEvent::KeyRelease:
+            return true;
+        case QEvent::Wheel:
+            if (!FormOf(host_.control()).isCellEditor(model())) return false;
+            host_.wheelOverGrid(*static_cast<QWheelEvent*>(event));
             return true;
         case QEvent::ShortcutOverride:
             if (ControlWantsKey(*static_cast<QKeyEvent*>(event))) {

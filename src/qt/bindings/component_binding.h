@@ -18,6 +18,7 @@
 //   hands it to the model's focused component); key releases end there too, so Qt's
 //   own handling (the focus chain's Tab, a button's Space, a dialog's Enter) never
 //   sees them. Subclasses may let Qt handle a key locally afterwards (caret moves).
+// - The wheel over a cell editor scrolls the grid below it (the host's wheelOverGrid).
 #pragma once
 
 #include <QWidget>

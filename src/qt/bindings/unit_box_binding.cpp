@@ -27,10 +27,10 @@ UnitBoxBinding::UnitBoxBinding(BindingHost& bindingHost, UnitBoxBase& box, QWidg
     numberEdit_->setAttribute(Qt::WA_InputMethodEnabled, false);
     adopt(numberEdit_);
     connect(numberEdit_, &QLineEdit::cursorPositionChanged, this, [this] {
-        if (!mirroring()) pushSelection();
+        if (pointing_ && !mirroring()) pushSelection();
     });
     connect(numberEdit_, &QLineEdit::selectionChanged, this, [this] {
-        if (!mirroring()) pushSelection();
+        if (pointing_ && !mirroring()) pushSelection();
     });
 }
 
@@ -86,6 +86,19 @@ bool UnitBoxBinding::clipboardKey(const QKeyEvent& event) {
         return false;
     }
     return true;
+}
+
+bool UnitBoxBinding::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == numberEdit_) {
+        const QEvent::Type type = event->type();
+        pointing_ = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick ||
+                    type == QEvent::MouseMove || type == QEvent::MouseButtonRelease;
+        if (type == QEvent::FocusIn || type == QEvent::FocusOut) {
+            QMetaObject::invokeMethod(
+                this, [this] { mirrorNumber(); }, Qt::QueuedConnection);
+        }
+    }
+    return ComponentBinding::eventFilter(watched, event);
 }
 
 bool UnitBoxBinding::keyPress(QWidget* part, QKeyEvent* event) {

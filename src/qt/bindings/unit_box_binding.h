@@ -7,8 +7,9 @@
 // Delete, the caret keys, Ctrl+A); Qt never edits the field itself. The clipboard keys
 // work on the model too: paste hands the clipboard's text to the model's filtered
 // paste, cut copies the selection and deletes it, copy only reads. A caret placed or a
-// selection made with the mouse goes to the model at once. The context menu, undo and
-// drag and drop are off.
+// selection made with the mouse goes to the model at once; what Qt does to the field's
+// selection by itself as the focus comes and goes is put back from the model. The context menu,
+// undo and drag and drop are off.
 #pragma once
 
 #include <QLineEdit>
@@ -32,6 +33,7 @@ protected:
     void applyGeometry() override;
     void applyState(const ChangeInfo& change) override;
     bool keyPress(QWidget* part, QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
     // Places the number field and the unit part inside the container (pixels).
     virtual void layoutParts(const QRect& area) = 0;
@@ -47,6 +49,9 @@ private:
 
     UnitBoxBase& box_;
     QLineEdit* numberEdit_;
+    // The field is handling a mouse event: its caret and selection changes are the
+    // user's. Qt's own changes (the selection dropped as the focus leaves) are not.
+    bool pointing_ = false;
 };
 
 }  // namespace tabulon

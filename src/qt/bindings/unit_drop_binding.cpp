@@ -48,7 +48,7 @@ bool UnitDropBinding::keyPress(QWidget* part, QKeyEvent* event) {
 
 bool UnitDropBinding::eventFilter(QObject* watched, QEvent* event) {
     if (watched == unitCombo_ && event->type() == QEvent::Wheel) {
-        event->ignore();  // on to the parent, as for the pick list
+        UnitBoxBinding::eventFilter(watched, event);  // the grid scrolls, the unit stays
         return true;
     }
     return UnitBoxBinding::eventFilter(watched, event);
