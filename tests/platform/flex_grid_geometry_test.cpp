@@ -75,6 +75,18 @@ TEST_F(FlexGridGeometry, ScrollPositionsPastTheLastOneClampToIt) {
     EXPECT_THROW(grid.setTopRow(1), InvalidArgumentFailure);
 }
 
+TEST_F(FlexGridGeometry, ACoveredRightEdgeLetsTheLastColumnScrollOutFromUnderIt) {
+    grid.setCoveredRight(300);  // columns 7..10 would end under the cover
+    EXPECT_EQ(grid.maxLeftCol(), 8);
+    grid.setLeftCol(10);
+    EXPECT_EQ(grid.leftCol(), 8);
+    log.take();
+    grid.setCoveredRight(-5);  // none: back within the range, silently
+    EXPECT_EQ(grid.leftCol(), 7);
+    EXPECT_EQ(grid.coveredRight(), 0);
+    EXPECT_TRUE(log.take().empty());
+}
+
 TEST_F(FlexGridGeometry, SizeChangesClampTheScrollPositionSilently) {
     grid.setTopRow(7);
     log.take();

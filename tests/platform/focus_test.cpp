@@ -63,5 +63,24 @@ TEST_F(FocusOrder, ALostFocusHandlerThatMovesTheFocusTakesOver) {
     EXPECT_EQ(focus.focused(), &c);
 }
 
+TEST_F(FocusOrder, AHiddenOrDisabledFocusedComponentHandsTheFocusOnInTabOrder) {
+    TextBox c("c");
+    Button outside("outside", "O");
+    for (Component* extra : {static_cast<Component*>(&c), static_cast<Component*>(&outside)})
+        extra->attachFocus(&focus);
+    c.onGotFocus = [this] { log.push_back("Got c"); };
+    focus.setTabOrder({&a, &b, &c});
+    a.setFocus();
+    b.setVisible(false);
+    a.setVisible(false);  // b cannot take it: on to c
+    EXPECT_EQ(log, (std::vector<std::string>{"Got a", "Lost a", "Got c"}));
+    a.setVisible(true);
+    c.setEnabled(false);  // round to the start
+    EXPECT_EQ(focus.focused(), &a);
+    outside.setFocus();
+    outside.setVisible(false);  // not in the order: no component has it
+    EXPECT_EQ(focus.focused(), nullptr);
+}
+
 }  // namespace
 }  // namespace tabulon

@@ -3,8 +3,10 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QDir>
+#include <QStyleOptionSlider>
 #include <QTest>
 #include <QTreeWidget>
+#include <cstdio>
 #include <filesystem>
 #include <sstream>
 
@@ -194,6 +196,20 @@ void WidgetFixture::ExpectSameOutcome(const SessionRun& run) {
                        results.empty() ? "<no result>" : results.back().text);
     EXPECT_EQ(events, SessionEvents(run));
     EXPECT_EQ(messages, SessionMessages(run));
+}
+
+QRect ScrollBarPart(const QScrollBar* bar, QStyle::SubControl part) {
+    QStyleOptionSlider option;
+    option.initFrom(bar);
+    option.orientation = bar->orientation();
+    option.minimum = bar->minimum();
+    option.maximum = bar->maximum();
+    option.sliderPosition = bar->sliderPosition();
+    option.sliderValue = bar->value();
+    option.pageStep = bar->pageStep();
+    option.singleStep = bar->singleStep();
+    option.upsideDown = bar->invertedAppearance();
+    return bar->style()->subControlRect(QStyle::CC_ScrollBar, &option, part, bar);
 }
 
 std::vector<std::string> SessionEvents(const SessionRun& run) {

@@ -13,7 +13,9 @@
 
 #include <QComboBox>
 #include <QPoint>
+#include <QScrollBar>
 #include <QString>
+#include <QStyle>
 #include <memory>
 #include <optional>
 #include <string>
@@ -103,5 +105,9 @@ std::vector<std::string> SessionMessages(const SessionRun& run);
 JsonValue LastDump(const SessionRun& run, const std::string& what);
 // The results of host calls, in order.
 std::vector<JsonValue> Results(const SessionRun& run);
+
+// Where one part of a scroll bar (an arrow, the track on either side, the thumb, the
+// groove) lies in the bar as its style lays it out now.
+QRect ScrollBarPart(const QScrollBar* bar, QStyle::SubControl part);
 
 }  // namespace tabulon::testing

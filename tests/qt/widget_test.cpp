@@ -216,17 +216,7 @@ TEST_F(WidgetBehaviour, DraggingTheScrollBarsThumbMovesTheGridOneColumnPerChange
     auto* bar = qobject_cast<QScrollBar*>(
         dynamic_cast<ScrollBarBinding*>(widget().bindingFor(form().hscGrid))->focusTarget());
     ASSERT_TRUE(bar->isVisible());
-    QStyleOptionSlider option;
-    option.initFrom(bar);
-    option.orientation = bar->orientation();
-    option.minimum = bar->minimum();
-    option.maximum = bar->maximum();
-    option.sliderPosition = bar->sliderPosition();
-    option.sliderValue = bar->value();
-    option.pageStep = bar->pageStep();
-    option.singleStep = bar->singleStep();
-    const QRect thumb = bar->style()->subControlRect(QStyle::CC_ScrollBar, &option,
-                                                     QStyle::SC_ScrollBarSlider, bar);
+    const QRect thumb = ScrollBarPart(bar, QStyle::SC_ScrollBarSlider);
     const QPoint start = thumb.center();
     const QPoint end = start + QPoint(thumb.width(), 0);  // about one value further
     QTest::mousePress(bar, Qt::LeftButton, Qt::NoModifier, start);

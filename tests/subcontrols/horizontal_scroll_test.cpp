@@ -63,6 +63,21 @@ TEST_F(HorizontalScroll, EveryGestureMovesTheGridByExactlyOneColumn) {
     EXPECT_EQ(grid.leftCol(), 2);
 }
 
+TEST_F(HorizontalScroll, AThumbDraggedOverUnitsMovesTheGridOneColumnPerUnit) {
+    hsc.RefresHScrollBar();
+    scrolls = 0;
+    hsc.bar().userDragTo(3);
+    EXPECT_EQ(grid.leftCol(), 4);
+    EXPECT_EQ(scrolls, 3);
+    hsc.bar().userDragTo(hsc.bar().max());  // to the end of the track: the last column
+    EXPECT_EQ(grid.leftCol(), grid.maxLeftCol());
+    EXPECT_EQ(hsc.bar().value(), hsc.bar().max());
+    hsc.bar().userDragTo(0);
+    EXPECT_EQ(grid.leftCol(), 1);
+    EXPECT_EQ(hsc.bar().value(), 0);
+    EXPECT_TRUE(sink.messages().empty());
+}
+
 TEST_F(HorizontalScroll, FullyScrolledRightTheValueIsTheMaximum) {
     grid.setLeftCol(grid.maxLeftCol());
     EXPECT_TRUE(hsc.RefresHScrollBar());

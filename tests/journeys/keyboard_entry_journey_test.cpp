@@ -1,0 +1,122 @@
+// A person fills a whole grid far wider and taller than the window with the keyboard
+// alone: one click on the first cell, then typing and Tab/Enter/F-keys, snaking right
+// and left row by row to the bottom, then back up the first column; OK saves.
+#include <string>
+#include <vector>
+
+#include "control/generic_sp_control.h"
+#include "control/recording_host.h"
+#include "journeys/journey.h"
+#include "platform/recording_sink.h"
+
+namespace tabulon::testing {
+namespace {
+
+constexpr int kRows = 100;
+constexpr int kCols = 30;
+
+// Rows take turns: free text, a number in feet, a number with a choice of units.
+enum class Kind { Text, Number, Units };
+
+Kind KindOf(int row) {
+    return static_cast<Kind>(row % 3);
+}
+
+std::string GridOfEveryKind() {
+    std::vector<std::string> rows;
+    for (int r = 1; r <= kRows; ++r) {
+        switch (KindOf(r)) {
+            case Kind::Text:
+                rows.push_back(Row("TextBox", R"(MaxLength="20")"));
+                break;
+            case Kind::Number:
+                rows.push_back(
+                    Row("UnitNum", R"(Unit="FT_TO_M" Format="0" MinVal="0" MaxVal="1000")"));
+                break;
+            case Kind::Units:
+                rows.push_back(Row("UnitDrop", R"(Unit="FT_TO_M;INCH_TO_MM" Format="0;0" )"
+                                               R"(MinVal="0;0" MaxVal="1000;1000")"));
+                break;
+        }
+    }
+    const std::string initial[] = {"x", "1", "1(ft)"};
+    std::vector<std::string> columns;
+    for (int c = 1; c <= kCols; ++c) {
+        std::vector<CellData> cells;
+        for (int r = 1; r <= kRows; ++r)
+            cells.emplace_back(initial[static_cast<int>(KindOf(r))]);
+        columns.push_back(Column(cells));
+    }
+    return Document(rows, columns);
+}
+
+// What is typed into cell (r, c) on the pass number pass, and how the cell then reads.
+std::string Typed(int r, int c, int pass) {
+    const std::string number = std::to_string((r * 31 + c * 7 + pass * 13) % 97 + 1);
+    return KindOf(r) == Kind::Text ? "t" + number : number;
+}
+
+std::string Stored(int r, int c, int pass) {
+    return Typed(r, c, pass) + (KindOf(r) == Kind::Units ? "(ft)" : "");
+}
+
+// Down the rows, right along the odd ones and left along the even ones, each move
+// with the next of its two keys; then back up the first column, typing again on every
+// tenth row.
+std::string KeyboardOnlyScript() {
+    std::string script = "click 1 1\n";
+    for (int r = 1; r <= kRows; ++r) {
+        const bool right = r % 2 == 1;
+        for (int i = 0; i < kCols; ++i) {
+            const int c = right ? 1 + i : kCols - i;
+            script += "type \"" + Typed(r, c, 0) + "\"\n";
+            if (i + 1 == kCols) break;
+            if (right) {
+                script += i % 2 == 0 ? "key Tab\n" : "key F6\n";
+            } else {
+                script += i % 2 == 0 ? "key Tab ctrl\n" : "key F5\n";
+            }
+        }
+        if (r < kRows) script += r % 2 == 0 ? "key Enter\n" : "key F8\n";
+    }
+    for (int r = kRows - 1; r >= 1; --r) {
+        script += r % 2 == 0 ? "key F7\n" : "key Enter ctrl\n";
+        if (r % 10 == 0) script += "type \"" + Typed(r, 1, 1) + "\"\n";
+    }
+    return script + "button OK\n";
+}
+
+class KeyboardEntry : public JourneyFixture {};
+
+TEST_F(KeyboardEntry, AWholeGridWiderAndTallerThanTheWindowIsEnteredWithoutTheMouse) {
+    Start(GridOfEveryKind());
+    const std::string script = KeyboardOnlyScript();
+    Play(script);
+    EXPECT_TRUE(messages.empty()) << messages.front();
+    ASSERT_EQ(events, std::vector<std::string>{"OKClick"});
+    Finish(script);
+
+    // Every value typed is in the saved file, read back by a fresh control.
+    RecordingSink sink;
+    HostEvents host;
+    Generic_SP_Control reader(sink, host);
+    reader.InitProperties();
+    reader.Show();
+    ASSERT_TRUE(reader.LoadXML(SavedDocument()));
+    const FlexGrid& saved = reader.form().msgGridView;
+    int mismatches = 0;
+    for (int r = 1; r <= kRows; ++r) {
+        for (int c = 1; c <= kCols; ++c) {
+            const int pass = c == 1 && r % 10 == 0 && r < kRows ? 1 : 0;
+            if (saved.textMatrix(r, c) == Stored(r, c, pass)) continue;
+            if (++mismatches <= 5) {
+                ADD_FAILURE() << "cell " << r << ", " << c << " holds \"" << saved.textMatrix(r, c)
+                              << "\", typed \"" << Typed(r, c, pass) << "\"";
+            }
+        }
+    }
+    EXPECT_EQ(mismatches, 0);
+}
+
+}  // namespace
+}  // namespace tabulon::testing
