@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "platform/key_codes.h"
+#include "support/failure.h"
 #include "support/numeric.h"
 #include "unitinput/unit_catalogue.h"
 
@@ -93,13 +94,26 @@ void UnitBoxBase::UserSetText(std::string text) {
     if (acceptsInput()) SetNumberText(std::move(text));
 }
 
+bool UnitBoxBase::Take(char c, EditLine& field) const {
+    if (!Fits(c, field)) return false;
+    EditLine taken = field;
+    taken.replaceSelection(std::string(1, c));
+    try {
+        (void)ReadNumber(taken.text());
+    } catch (const OverflowFailure&) {
+        return false;  // an exponent too large for any number
+    }
+    field = taken;
+    return true;
+}
+
 void UnitBoxBase::UserKeyPress(int keyAscii) {
     if (!acceptsInput()) return;
     EditLine edited = field_;
     if (keyAscii == kBackspace) {
         edited.deleteBackward();
-    } else if (keyAscii >= 32 && keyAscii <= 126 && Fits(static_cast<char>(keyAscii), edited)) {
-        edited.replaceSelection(std::string(1, static_cast<char>(keyAscii)));
+    } else if (keyAscii >= 32 && keyAscii <= 126) {
+        Take(static_cast<char>(keyAscii), edited);
     }
     Apply(edited);
 }
@@ -123,7 +137,7 @@ void UnitBoxBase::UserPaste(const std::string& text) {
     EditLine edited = field_;
     for (const char c : text) {
         if (c == '\r' || c == '\n') break;
-        if (Fits(c, edited)) edited.replaceSelection(std::string(1, c));
+        Take(c, edited);
     }
     // A paste of which nothing fits leaves the selection as it was.
     Apply(edited);

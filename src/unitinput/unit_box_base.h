@@ -23,7 +23,8 @@
 //   the unit shown is below 0, or there are no limits (0 and 0);
 // - an exponent "e" or "E" (formats may write one, so it can be typed too): one, after
 //   a digit and after the decimal point, followed only by a sign "+" or "-" right
-//   after it and digits.
+//   after it and digits, as long as the number stays within the double range (the
+//   digit that would make 1e308 into 1e3080 is refused).
 // Anything else is refused: no blanks, no grouping commas, no letters, no "+" in
 // front. A paste is taken character by character as if typed at the caret, so the
 // refused characters of "1,234.5 ft" leave "1234.5"; a paste of which nothing fits
@@ -109,6 +110,9 @@ private:
     void Apply(const EditLine& edited);
     // Whether the number filter takes c at the selection of field.
     bool Fits(char c, const EditLine& field) const;
+    // Puts c in place of field's selection when the filter takes it and the number
+    // stays within the double range; false, field unchanged, otherwise.
+    bool Take(char c, EditLine& field) const;
 
     std::shared_ptr<UnitRegistrar> registrar_;
     EditLine field_;

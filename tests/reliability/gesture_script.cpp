@@ -159,13 +159,24 @@ Line PasteText(const Context& c, ChoiceSource& choices) {
         focused != &form.unitDropControl) {
         return std::nullopt;
     }
-    return "set-text " + QuoteWord(TextToEnter(c, choices));
+    // The unit editors' number field also takes a filtered paste, and the mouse selects.
+    const bool numberField = focused != &form.txtTextBoxControl;
+    switch (choices.Below(numberField ? 3 : 2)) {
+        case 0:
+            return "set-text " + QuoteWord(TextToEnter(c, choices));
+        case 1:
+            return "select-text " + Number(static_cast<int>(choices.Below(6))) + " " +
+                   Number(static_cast<int>(choices.Below(6)));
+        default:
+            return "paste " + QuoteWord(TextToEnter(c, choices));
+    }
 }
 
 Line Key(const Context&, ChoiceSource& choices) {
-    static constexpr std::array<std::string_view, 20> kKeys = {
-        "Tab",  "Tab",  "Enter", "Enter", "Escape", "Space", "Backspace", "Left", "Right", "Up",
-        "Down", "Down", "F1",    "F2",    "F5",     "F12",   "a",         "7",    "-",     "."};
+    static constexpr std::array<std::string_view, 23> kKeys = {
+        "Tab",   "Tab", "Enter", "Enter", "Escape", "Space", "Backspace", "Left",
+        "Right", "Up",  "Down",  "Down",  "F1",     "F2",    "F5",        "F12",
+        "a",     "7",   "-",     ".",     "Home",   "End",   "Delete"};
     static constexpr std::array<std::string_view, 8> kModifiers = {
         "", "", "", "", "shift", "ctrl", "alt", "ctrl+shift"};
     std::string line = "key " + std::string(OneOf<std::string_view>(kKeys, choices));

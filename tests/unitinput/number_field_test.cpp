@@ -40,6 +40,7 @@ const FieldCase kCases[] = {
     {"no exponent before the digits", "15", 0, 0, 0, 500, "e", "", "15"},
     {"a sign right after the exponent", "1e", 2, 0, 50, 500, "-3", "", "1e-3"},
     {"no point in the exponent", "1e5", 3, 0, 0, 500, ".", "", "1e5"},
+    {"no exponent beyond any number", "1e30", 4, 0, 0, 500, "89", "", "1e308"},
     {"no letters, blanks or grouping", "12", 2, 0, 0, 500, "a ,+", "", "12"},
     {"Backspace deletes the selection", "400", 1, 2, 0, 500, "\b", "", "4"},
     {"a paste keeps what fits", "400", 0, 3, 0, 5000, "", "1,234.5 ton", "1234.5"},
