@@ -59,6 +59,7 @@ public:
     int SelStart() const { return field_.selStart(); }
     int SelLength() const { return field_.selLength(); }
     std::string SelText() const { return field_.selText(); }
+    int Anchor() const { return field_.anchor(); }  // where a selection started
     int Caret() const { return field_.caret(); }
     void SetSelection(int start, int length);
     void SelectAll() { SetSelection(0, field_.length()); }

@@ -33,9 +33,6 @@ Form::Form() {
         c->attachFocus(&focus);
     }
     control.attachFocus(&focus);
-    // The editors come right before the grid, so an editor hidden while it has the
-    // focus hands it to the grid and the grid's keys keep working. The scroll bars are
-    // not tab stops: taking the focus is how the user starts to operate them.
     // The vertical bar lies over the grid's right edge: the grid must scroll its last
     // column out from under it.
     const auto coverGrid = [this](const ChangeInfo& change) {
@@ -43,6 +40,9 @@ Form::Form() {
     };
     vscGrid.Subscribe(coverGrid);
     msgGridView.Subscribe(coverGrid);
+    // The editors come right before the grid, so an editor hidden while it has the
+    // focus hands it to the grid and the grid's keys keep working. The scroll bars are
+    // not tab stops: taking the focus is how the user starts to operate them.
     focus.setTabOrder({&treTreeView, &cboFilter, &txtTextBoxControl, &cboComboBoxControl,
                        &unitNumControl, &unitDropControl, &msgGridView, &cmdPrint, &cmdOK,
                        &cmdCancel, &cmdHelp});

@@ -16,6 +16,7 @@
 #include "common/files.h"
 #include "control/control_access.h"
 #include "qt/bindings/scroll_bar_binding.h"
+#include "qt/bindings/unit_num_binding.h"
 #include "widget_fixture.h"
 
 namespace tabulon::testing {
@@ -131,6 +132,23 @@ TEST_F(WidgetBehaviour, PasteReplacesTheSelectionWithTheClipboardsFirstLine) {
     EXPECT_EQ(TextEditor()->text(), QStringLiteral("P-77"));
     KeyClick(Qt::Key_Tab);
     EXPECT_EQ(form().msgGridView.textMatrix(1, 2), "P-77");
+}
+
+TEST_F(WidgetBehaviour, TheNumberFieldsCaretGoesWhereTheMouseClicks) {
+    ASSERT_TRUE(Load("samples/english.xml"));
+    ClickNode("CHILLERS");
+    ClickCell(2, 1);  // 400 tons, all selected
+    auto* binding = dynamic_cast<UnitNumBinding*>(widget().bindingFor(form().unitNumControl));
+    ASSERT_NE(binding, nullptr);
+    QLineEdit* field = binding->numberEdit();
+    EXPECT_EQ(field->selectedText(), QStringLiteral("400"));
+    QTest::mouseClick(field, Qt::LeftButton, Qt::NoModifier, QPoint(1, field->height() / 2));
+    ProcessEvents();
+    EXPECT_EQ(form().unitNumControl.SelLength(), 0);
+    TypeText(QStringLiteral("1"));
+    EXPECT_EQ(form().unitNumControl.NumberText(), "1400");
+    EXPECT_EQ(field->text(), QStringLiteral("1400"));
+    EXPECT_EQ(field->cursorPosition(), 1);
 }
 
 TEST_F(WidgetBehaviour, TheHostChangesTheValidatedColumnUnderAWaitCursor) {

@@ -7,9 +7,9 @@
 // the thumb (and the wheel over the bar) -> userDragTo the proposed value, one change
 // per unit the thumb passes, so the grid follows the thumb. Qt's proposal is replaced
 // by the model's answer before Qt applies it, so the bar shows the value the control
-// computed. The bar taking the focus with a mouse press gives
-// the component the model's focus first (the control then commits the open editor),
-// before the press acts.
+// computed. The bar taking the focus with a mouse press gives the component the
+// model's focus first (the control then commits the open editor), before the press
+// acts.
 //
 // Decisions: single and page steps are 1 (the bar's range counts columns or rows, not
 // pixels); a bar whose minimum exceeds its maximum is shown inverted.

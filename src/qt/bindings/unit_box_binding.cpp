@@ -48,9 +48,7 @@ void UnitBoxBinding::applyState(const ChangeInfo& /*change*/) {
 void UnitBoxBinding::mirrorNumber() {
     const std::string& number = box_.NumberText();
     const QString text = ToQString(number);
-    const int anchor =
-        Utf16Index(number, box_.Caret() == box_.SelStart() ? box_.SelStart() + box_.SelLength()
-                                                           : box_.SelStart());
+    const int anchor = Utf16Index(number, box_.Anchor());
     const int caret = Utf16Index(number, box_.Caret());
     const Mirroring mirroring(*this);
     if (numberEdit_->text() != text) numberEdit_->setText(text);
