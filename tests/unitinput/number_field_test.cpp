@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/key_codes.h"
 #include "unitinput/unit_num_box.h"
 
 namespace tabulon {
@@ -13,8 +14,6 @@ namespace {
 
 constexpr int kFtToM = 19;
 constexpr int kFToC = 38;
-constexpr int kShift = 1;
-constexpr int kCtrl = 2;
 
 struct FieldCase {
     const char* rule;
@@ -79,21 +78,21 @@ TEST(NumberField, CaretKeysMoveAndSelectDeleteRemovesAndCtrlASelectsAll) {
     UnitNumBox box("b");
     box.SetNumberText("12345");
     EXPECT_EQ(box.Caret(), 5);  // text set by code: the caret at its end
-    box.UserKeyDown(36, 0);     // Home
-    box.UserKeyDown(39, 0);     // Right
-    box.UserKeyDown(39, kShift);
-    box.UserKeyDown(39, kShift);
+    box.UserKeyDown(keys::kHome, 0);
+    box.UserKeyDown(keys::kRight, 0);
+    box.UserKeyDown(keys::kRight, kShiftBit);
+    box.UserKeyDown(keys::kRight, kShiftBit);
     EXPECT_EQ(box.SelText(), "23");
-    box.UserKeyDown(37, 0);  // Left on a selection: to its start
+    box.UserKeyDown(keys::kLeft, 0);  // on a selection: to its start
     EXPECT_EQ(box.Caret(), 1);
     EXPECT_EQ(box.SelLength(), 0);
-    box.UserKeyDown(35, kShift);  // Shift+End
-    box.UserKeyDown(46, 0);       // Delete
+    box.UserKeyDown(keys::kEnd, kShiftBit);
+    box.UserKeyDown(keys::kDelete, 0);
     EXPECT_EQ(box.NumberText(), "1");
-    box.UserKeyDown(39, kCtrl | kShift);  // other modifiers do nothing
-    box.UserKeyDown(65, kCtrl);           // Ctrl+A
+    box.UserKeyDown(keys::kRight, kCtrlBit | kShiftBit);  // other modifiers do nothing
+    box.UserKeyDown('A', kCtrlBit);
     EXPECT_EQ(box.SelText(), "1");
-    box.UserKeyPress(8);
+    box.UserKeyPress(keys::kBackspace);
     EXPECT_EQ(box.NumberText(), "");
 }
 

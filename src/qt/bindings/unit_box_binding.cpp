@@ -4,15 +4,11 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 
+#include "platform/key_codes.h"
 #include "qt/line_edit_mirror.h"
 #include "qt/qt_text.h"
 
 namespace tabulon {
-
-namespace {
-// The Delete key's code: cutting deletes the selection as Delete does.
-constexpr int kDeleteKeyCode = 46;
-}  // namespace
 
 UnitBoxBinding::UnitBoxBinding(BindingHost& bindingHost, UnitBoxBase& box, QWidget* parent)
     : ComponentBinding(bindingHost, box, new QWidget(parent)),
@@ -76,7 +72,8 @@ bool UnitBoxBinding::clipboardKey(const QKeyEvent& event) {
     } else if (event.matches(QKeySequence::Cut)) {
         if (box_.SelLength() == 0) return true;
         clipboard->setText(ToQString(box_.SelText()));
-        host().runGesture([this] { box_.UserKeyDown(kDeleteKeyCode, 0); });
+        // Cutting deletes the selection as Delete does.
+        host().runGesture([this] { box_.UserKeyDown(keys::kDelete, 0); });
     } else if (event.matches(QKeySequence::Paste)) {
         const std::string text = ToStdString(FirstLine(clipboard->text()));
         host().runGesture([this, text] { box_.UserPaste(text); });
