@@ -4,8 +4,8 @@
 #include <QFocusEvent>
 #include <QResizeEvent>
 #include <QShowEvent>
-#include <cmath>
 #include <QWheelEvent>
+#include <cmath>
 
 #include <unordered_map>
 #include <vector>
