@@ -1,11 +1,12 @@
 // tabulon generate --keys K --cols C --rows R [--grids G] [--metric] [--custom-units N]
-//                  [--depth D] [--seed S] [--invalid I] [-o FILE]
+//                  [--depth D] [--seed S] [--invalid I] [--host-checked H] [-o FILE]
 // writes a generated document (generator/document_generator.h) on stdout, or to FILE:
 // K value keys, C value columns, R rows per layout, G layouts (default 2), N custom
 // units (default 0), a tree D levels deep (default 3), about one cell in I invalid
-// (default 0: none), from seed S (default 1). The same arguments always give the same
-// bytes. Counts are whole decimal numbers: K, C, R and G at least 1, N and I at least
-// 0, D from 1 to 200, S from 0 to 2^64 - 1. Anything else, a missing --keys, --cols or
+// (default 0: none), about one cell in H checked by the host (default 0: none), from
+// seed S (default 1). The same arguments always give the same bytes. Counts are whole
+// decimal numbers: K, C, R and G at least 1, N, I and H at least 0, D from 1 to 200, S from 0 to
+// 2^64 - 1. Anything else, a missing --keys, --cols or
 // --rows, or an option given twice is a usage error (status 2). A FILE that cannot be
 // written is a failure (status 1); it is written in place, not atomically.
 #include <charconv>
@@ -55,7 +56,7 @@ GenerateArguments ParseArguments(Arguments args) {
         const bool known = option == "--keys" || option == "--cols" || option == "--rows" ||
                            option == "--grids" || option == "--custom-units" ||
                            option == "--depth" || option == "--seed" || option == "--invalid" ||
-                           option == "-o";
+                           option == "--host-checked" || option == "-o";
         if (!known) throw UsageError("unexpected argument \"" + std::string(option) + "\"");
         if (i + 1 == args.size()) throw UsageError(std::string(option) + " needs a value");
         const std::string_view value = args[++i];
@@ -66,6 +67,9 @@ GenerateArguments ParseArguments(Arguments args) {
         if (option == "--custom-units") shape.customUnits = ReadCount(option, value, 0, kMaxCount);
         if (option == "--depth") shape.depth = ReadCount(option, value, 1, kMaxGeneratedDepth);
         if (option == "--invalid") shape.invalidEvery = ReadCount(option, value, 0, kMaxCount);
+        if (option == "--host-checked") {
+            shape.hostCheckedEvery = ReadCount(option, value, 0, kMaxCount);
+        }
         if (option == "--seed") {
             shape.seed = ReadCount<std::uint64_t>(option, value, 0,
                                                   std::numeric_limits<std::uint64_t>::max());

@@ -20,7 +20,7 @@ constexpr std::array kCommands = {
     Command{"dtd", "", "print the built-in document type definition", RunDtd},
     Command{"generate",
             "--keys K --cols C --rows R [--grids G] [--metric] [--custom-units N] [--depth D] "
-            "[--seed S] [--invalid I] [-o FILE]",
+            "[--seed S] [--invalid I] [--host-checked H] [-o FILE]",
             "write a generated, valid document of that shape (deterministic)", RunGenerate},
     Command{"report", "FILE [--node KEY] [--filter ENTRY]",
             "print the View/Print report of a node's grid (CR LF lines)", RunReport},

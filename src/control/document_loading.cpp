@@ -21,6 +21,8 @@ namespace {
 void ResetView(ControlCore& core) {
     core.doc.strCurrentHeaderKey.clear();
     core.doc.strCurrentValueKey.clear();
+    core.doc.shownTreeNode = 0;
+    core.doc.valuesFillFailed = false;
     core.form.msgGridView.setEnabled(false);
     core.form.cboFilter.setEnabled(false);
     core.form.treTreeView.clear();
@@ -29,8 +31,9 @@ void ResetView(ControlCore& core) {
 // The new document replaces the old one, and with it every node handle into the old
 // one goes stale. The model drops them all at this point (and the grid counts as not
 // loaded) so nothing can reach a released node; the old grid stays on screen,
-// disabled, until a load succeeds.
-xml::Document& NewDocument(DocumentModel& doc) {
+// disabled, until a load succeeds. The edit journal goes with the old document.
+xml::Document& NewDocument(ControlCore& core) {
+    DocumentModel& doc = core.doc;
     doc.blnGridLoaded = false;
     doc.objXMLRoot = xml::Node();
     doc.objTreeStructure = xml::Node();
@@ -43,6 +46,7 @@ xml::Document& NewDocument(DocumentModel& doc) {
     doc.cellValuesIndexStale = true;
     doc.validityIndex = ValidityIndex{};
     doc.objXMLDoc = std::make_unique<xml::Document>();
+    core.history.Clear();
     return *doc.objXMLDoc;
 }
 
@@ -70,7 +74,7 @@ bool LoadDocumentFile(ControlCore& core, const std::string& XMLSource) {
         core.sink.Critical("XML file not found");
         return false;
     }
-    xml::Document& document = NewDocument(core.doc);
+    xml::Document& document = NewDocument(core);
     xml::ParseError error;
     if (!document.LoadFile(XMLSource, &error)) {
         core.sink.Critical(error.reason);
@@ -88,7 +92,7 @@ bool LoadDocumentFile(ControlCore& core, const std::string& XMLSource) {
 bool LoadDocumentText(ControlCore& core, const std::string& bstrXML) {
     bool result = false;
     ResetView(core);
-    xml::Document& document = NewDocument(core.doc);
+    xml::Document& document = NewDocument(core);
     if (!document.Parse(bstrXML)) {
         core.sink.Critical("Invalid XML");
         return false;

@@ -57,6 +57,7 @@ void Generic_SP_Control::Terminate() {
     if (terminated_) return;
     terminated_ = true;
     core_->doc = DocumentModel();
+    core_->history.Clear();
     core_->unitRegistrar.reset();
     core_->blnEditorActive = false;
     ReleaseConversionTable();

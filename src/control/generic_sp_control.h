@@ -116,10 +116,33 @@ public:
     // key presses; a character typed on the grid opens the current cell's editor and
     // goes to it (GridTypingTarget); other components ignore them. When no component
     // of the control has the focus the keystroke is not the control's and nothing runs.
+    // The editing keys (Ctrl+Z, Ctrl+Y, Ctrl+Shift+Z, and Escape in an open editor)
+    // act first and go no further (view/edit_keys.h).
     void UserKeyStroke(int keyCode, int keyAscii, int shift);
 
     // The mouse wheel over the grid: rows and cols to scroll (see GridWheel).
     void UserWheel(int rows, int cols);
+
+    // --- edit safety: additions to the design; with protective editing off none of
+    // them changes what the design specifies
+    // Undoes the open editor's own change when it has one, else the document's last
+    // step (one commit together with what the host changed in AppGridEventHandler,
+    // or one block edit), restoring XML() byte for byte, and shows it (view/undo.h).
+    // True when something was undone; false, with nothing changed, when there was
+    // nothing to undo.
+    bool Undo();
+    // Puts back what Undo took away; a new change to the document clears it.
+    bool Redo();
+    bool CanUndo() const;
+    bool CanRedo() const;
+    // True once the document was changed through the control (commits, the host's
+    // changes during AppGridEventHandler); false after a load, after OK saved the
+    // file or raised OKClick for a LoadXML document, and after undoing back to there.
+    bool IsModified() const;
+    // Protective editing, off by default: where it differs from the design, see
+    // docs/embedding.md. It takes effect at once and is not saved with the settings.
+    bool ProtectiveEditing() const;
+    void SetProtectiveEditing(bool on);
 
     // The splitter between tree and grid dragged by x twips with the left button
     // (button 1; other buttons, shift and y are ignored). The tree's new width is

@@ -2,6 +2,7 @@
 // and the wheel, the other gesture that reaches the control rather than one part.
 #include "control/generic_sp_control.h"
 #include "view/control_core.h"
+#include "view/edit_keys.h"
 #include "view/grid_events.h"
 #include "view/navigation.h"
 
@@ -20,6 +21,7 @@ void Generic_SP_Control::UserKeyStroke(int keyCode, int keyAscii, int shift) {
     // if the preview moves the focus.
     Component* target = core_->form.focus.focused();
     if (target == nullptr) return;
+    if (HandleEditKey(*core_, keyCode, shift)) return;
     DeliverKeyDown(target, keyCode, shift);
     if (keyAscii != 0) {
         KeyPress(keyAscii);

@@ -73,6 +73,7 @@ void OKButtonClick(ControlCore& core) {
             std::string reason;
             if (!doc.objXMLDoc->SaveAtomic(doc.strXMLPath, &reason)) throw RuntimeFailure(reason);
         }
+        core.history.MarkSaved();
     } catch (...) {
         core.sink.Critical("Unable the save the XML file.");
     }

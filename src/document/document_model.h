@@ -111,6 +111,10 @@ struct DocumentModel {
     std::string strCurrentHeaderKey;
     std::string strCurrentValueKey;
     bool blnGridLoaded = false;
+    // The tree node (1-based) whose selection filled the grid last; 0 before any.
+    int shownTreeNode = 0;
+    // The last value fill failed and emptied the value cells (its elements stay).
+    bool valuesFillFailed = false;
 
     // Of arrGridValueNodes; rebuilt lazily when stale (after a host event may have
     // changed the document).

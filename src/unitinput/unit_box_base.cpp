@@ -180,6 +180,23 @@ std::string UnitBoxBase::LabelOf(int code) const {
     return LabelInSystem(code, true);
 }
 
+std::optional<double> UnitBoxBase::SameQuantityIn(double number, int from, int to) const {
+    if (!Accepts(from) || !Accepts(to)) return std::nullopt;
+    const UnitRegistrar builtIn;
+    const UnitRegistrar& registrar = registrar_ ? *registrar_ : builtIn;
+    const std::string metric = registrar.UnitName(from, UnitRegistrar::kToMetric);
+    if (metric.empty() || metric != registrar.UnitName(to, UnitRegistrar::kToMetric)) {
+        return std::nullopt;
+    }
+    if (MetricSystem()) return number;
+    try {
+        const double common = registrar.Convert(number, from, UnitRegistrar::kToMetric);
+        return registrar.Convert(common, to, UnitRegistrar::kToEnglish);
+    } catch (const OverflowFailure&) {
+        return std::nullopt;
+    }
+}
+
 bool UnitBoxBase::WithinLimits(double number, int code, double minimum, double maximum) const {
     if (minimum == 0 && maximum == 0) return true;
     const double english =

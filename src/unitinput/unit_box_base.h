@@ -32,6 +32,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/component.h"
@@ -96,6 +97,11 @@ protected:
     std::string LabelInSystem(int code, bool currentSystem) const;
     // The range rule above, for number shown in code's unit.
     bool WithinLimits(double number, int code, double minimum, double maximum) const;
+    // number, shown in from's unit, expressed in to's unit when the two units convert
+    // to the same Metric unit (the same Metric label); nullopt when they do not, or
+    // when the result is not finite. In the Metric system both show that Metric unit,
+    // so the number is the same.
+    std::optional<double> SameQuantityIn(double number, int from, int to) const;
     // Runs after the registrar changed, before Content is raised.
     virtual void DropUnknownUnits() = 0;
     // Runs whenever the number text is replaced (by code or by the user).
@@ -105,7 +111,7 @@ protected:
     // The rule of NegativesAllowed for limits in English units, shown in code's unit.
     bool MinimumBelowZero(double minimum, double maximum, int code) const;
 
-private:
+    // True when the registrar shows Metric units.
     bool MetricSystem() const;
     // Makes edited the field's state, with the notification its change calls for.
     void Apply(const EditLine& edited);
@@ -115,6 +121,7 @@ private:
     // stays within the double range; false, field unchanged, otherwise.
     bool Take(char c, EditLine& field) const;
 
+private:
     std::shared_ptr<UnitRegistrar> registrar_;
     EditLine field_;
 };

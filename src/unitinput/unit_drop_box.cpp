@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "support/failure.h"
+#include "support/number_format.h"
 #include "support/numeric.h"
 #include "unitinput/unit_errors.h"
 
@@ -76,12 +78,35 @@ void UnitDropBox::SelectUnitByText(const std::string& text) {
     Select(position);
 }
 
+void UnitDropBox::SelectUnitCode(int code) {
+    const int position = code == -1 ? -1 : FindByCode(code);
+    if (code != -1 && position < 0) {
+        throw UnitRejectedFailure("Unit code " + IntegerToText(code) + " is not offered");
+    }
+    Select(position);
+}
+
 bool UnitDropBox::UserPickUnit(const std::string& label) {
     if (!acceptsInput()) return false;
     const int position = FindByLabel(label);
     if (position < 0) return false;
+    if (selected_ >= 0 && position != selected_ && !MetricSystem()) {
+        KeepQuantity(units_[static_cast<std::size_t>(position)]);
+    }
     Select(position);
     return true;
+}
+
+void UnitDropBox::KeepQuantity(const Unit& to) {
+    if (NumericPrefixLength(NumberText()) == 0) return;
+    double number = 0;
+    try {
+        number = Number();
+    } catch (const OverflowFailure&) {
+        return;
+    }
+    const std::optional<double> converted = SameQuantityIn(number, SelectedUnitIndex(), to.code);
+    if (converted) SetNumberText(FormatNumber(*converted, to.format));
 }
 
 std::string UnitDropBox::SelectedUnitText() const {

@@ -16,6 +16,14 @@
 //   maximum fails every check.
 // - Replacing the registrar removes the units the new one does not know (and the
 //   selection when it was one of them).
+// - The user switching units keeps the quantity: when the unit picked and the unit it
+//   replaces convert to the same Metric unit (built-in units through their factors
+//   and offsets, custom units through the factor they were registered with), the
+//   number is converted into the new unit and written in its format: 72.5 ton
+//   switched to MBH becomes 870 MBH. Otherwise, or when the number field holds no
+//   number, the text stays as it is and the switch relabels it. In the Metric system
+//   both units show that Metric unit, so the number stays. Selecting by code
+//   (SelectUnitByText, SelectUnitCode) never converts.
 #pragma once
 
 #include <cstdint>
@@ -64,6 +72,9 @@ public:
     // Selects the unit whose label equals text exactly (rules above). A text no unit
     // carries throws UnitRejectedFailure and keeps the selection.
     void SelectUnitByText(const std::string& text);
+    // Selects the listed unit with that code; -1 selects none. Any other code throws
+    // UnitRejectedFailure and keeps the selection.
+    void SelectUnitCode(int code);
     // Label of the selected unit in the current system; "" when none is selected.
     std::string SelectedUnitText() const;
     // The conversion code of the selected unit; -1 when none is selected.
@@ -76,8 +87,9 @@ public:
     bool Check() const;
 
     // --- user gestures
-    // Picks the unit with that label from the drop-down; false, with nothing changed,
-    // when no unit carries it or the box is hidden or disabled.
+    // Picks the unit with that label from the drop-down, converting the number when
+    // the switch keeps the quantity (rules above); false, with nothing changed, when
+    // no unit carries it or the box is hidden or disabled.
     bool UserPickUnit(const std::string& label);
 
 private:
@@ -88,6 +100,8 @@ private:
     int FindByLabel(const std::string& text) const;
     int FindByCode(int code) const;
     void Select(int position);
+    // Converts the number from the selected unit into to's (rules above).
+    void KeepQuantity(const Unit& to);
 
     std::int32_t numberWidth_ = kMinimumNumberWidth;
     std::int32_t unitWidth_ = 0;

@@ -37,6 +37,9 @@ void OpenCellEditor(ControlCore& core) {
         }
         const xml::Node cell = doc.arrCellNodes.at(row, col);
         if (!cell) return;
+        // Protective editing: a cell a failed fill emptied shows no value, so no
+        // editor may open on it and write that emptiness back.
+        if (core.protectiveEditing && doc.valuesFillFailed) return;
         // A disabled cell cannot be edited; the fixed header row and column have no
         // cell nodes and never get here.
         if (GetAttributeValue(core.sink, cell, "Enabled") != "1") {

@@ -15,6 +15,15 @@
 // - The host may change anything in the document during AppGridEventHandler, so the
 //   GridValueKey index is marked stale after the event, whether or not it returns
 //   normally.
+// - Every commit is one step of the edit journal (edit_history.h), or part of the step
+//   a caller holds open: the CellValue element as written and whatever the host then
+//   changed in the column, recorded also when a failure ends the commit part-way.
+//
+// Protective editing (ControlCore::protectiveEditing) changes two things here: an
+// editor whose value did not change since it opened writes nothing (no text, no Valid,
+// no colour, no Metric round trip, no AppGridEventHandler), and a Metric UnitDrop
+// value is stored with the English label of its unit, so the English number never
+// sits under a Metric label.
 #include "view/commit.h"
 
 #include <exception>
@@ -25,6 +34,7 @@
 #include "support/numeric.h"
 #include "support/text.h"
 #include "view/cell_colors.h"
+#include "view/edit_recording.h"
 #include "view/grid_fill.h"
 #include "view/unit_codes.h"
 #include "view/unit_display.h"
@@ -42,6 +52,11 @@ struct CommittedCell {
     // The element behind the cell; empty when the slot has none. A position outside
     // the table throws.
     xml::Node Element() const { return elements.at(row, col); }
+    // The element behind the cell; empty also for a position outside the table.
+    xml::Node ElementOrNone() const {
+        const bool inside = row <= elements.upperBound1() && col <= elements.upperBound2();
+        return inside ? elements.at(row, col) : xml::Node();
+    }
     // The element to write to; an empty slot is a run-time failure.
     xml::Node Target() const {
         const xml::Node element = Element();
@@ -120,11 +135,12 @@ void CommitUnitDrop(ControlCore& core, const CommittedCell& cell, const RowInfo&
     const UnitRegistrar& registrar = EditorRegistrar(box);
     const int code = box.SelectedUnitIndex();
     const double english = registrar.Convert(value, code, UnitRegistrar::kToEnglish);
-    // Kept for its failure, not its text: a unit the registrar no longer knows ends the
-    // commit with its error before the document changes.
-    (void)registrar.UnitName(code, UnitRegistrar::kToEnglish);
-    // The unit stored is the one shown; the display pass resolves either system's label.
-    cell.Target().setText(FormatNumber(AsWrittenText(english), kStorageFormat) + "(" + Trim(unit) +
+    // A unit the registrar no longer knows ends the commit with its error before the
+    // document changes. As designed, the unit stored is the one shown (the display
+    // pass resolves either system's label); protective editing stores the English one.
+    const std::string englishUnit = registrar.UnitName(code, UnitRegistrar::kToEnglish);
+    const std::string storedUnit = core.protectiveEditing ? englishUnit : Trim(unit);
+    cell.Target().setText(FormatNumber(AsWrittenText(english), kStorageFormat) + "(" + storedUnit +
                           ")");
 }
 
@@ -153,6 +169,14 @@ bool WriteBack(ControlCore& core, const CommittedCell& cell) {
             break;
     }
     return false;
+}
+
+// WriteBack, recorded in the edit journal; under protective editing only when the
+// editor's value changed since it opened.
+bool WriteBackRecorded(ControlCore& core, const CommittedCell& cell) {
+    if (core.protectiveEditing && !EditorChanged(core)) return false;
+    const CellValueRecorder recorder(core.history, cell.ElementOrNone(), cell.col);
+    return WriteBack(core, cell);
 }
 
 // Marks the GridValueKey index stale when it goes out of scope.
@@ -204,19 +228,13 @@ void ApplicationValidation(ControlCore& core, const CommittedCell& cell) {
     if (GetAttributeValue(core.sink, element, "ApplicationValidation") != "1") return;
 
     xml::Node gridValue = doc.arrGridValueNodes.at(static_cast<std::size_t>(cell.col - 1));
-    const std::string before = gridValue.serialize();
+    HostChangeRecorder hostChanges(core.history, gridValue, cell.col);
     {
         const WaitCursorGuard busy(core.host);
         const StaleIndexOnExit stale(doc);
         core.host.AppGridEventHandler(gridValue);
     }
-    if (gridValue.serialize() == before) return;
-
-    const std::int16_t column = ToInt16(cell.col);
-    doc.blnGridLoaded = false;
-    const bool filled = FillGridColumn(core, gridValue, column, doc.strCurrentValueKey);
-    doc.blnGridLoaded = filled;
-    if (filled && MetricDocument(core)) ConvertGridUnits(core, column);
+    if (hostChanges.Changed()) RefillColumn(core, ToInt16(cell.col));
 }
 
 }  // namespace
@@ -228,7 +246,8 @@ void CommitCellEdit(ControlCore& core) {
             const FlexGrid& grid = core.form.msgGridView;
             if (grid.col() >= 1 && grid.row() >= 1) {
                 const CommittedCell cell{grid.row(), grid.col(), doc.arrCellNodes};
-                if (WriteBack(core, cell) && core.blnEditorActive) {
+                const EditHistory::StepGuard step(core.history, CurrentLocation(core));
+                if (WriteBackRecorded(core, cell) && core.blnEditorActive) {
                     ApplicationValidation(core, cell);
                 }
             }

@@ -1,16 +1,19 @@
 // ControlCore: the state one control instance shares between its collaborators
-// (tree builder, grid filler, editors, commit, navigation, filter, save gate, report):
-// the form of child components, the document model, the editor flags and the two
-// outlets to the host (message boxes and events).
+// (tree builder, grid filler, editors, commit, navigation, filter, save gate, report,
+// edit journal): the form of child components, the document model, the editor flags
+// and the two outlets to the host (message boxes and events).
 #pragma once
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 #include "document/document_model.h"
 #include "support/message_sink.h"
 #include "unitinput/unit_registrar.h"
 #include "view/design_geometry.h"
+#include "view/edit_history.h"
+#include "view/editor_value.h"
 #include "view/form.h"
 #include "view/host_events.h"
 
@@ -37,6 +40,18 @@ struct ControlCore {
 
     // Width given to new grid columns and written by GeneralProperty (16-bit).
     std::int16_t intColWidthMin = design::kGridColWidthMin;
+
+    // --- edit safety
+    // The undo journal of the document loaded now.
+    EditHistory history;
+    // The value the open editor opened with, and the value the editor's own undo
+    // replaced (editor_value.h).
+    EditorValue editorOpenedWith;
+    std::optional<EditorValue> editorUndone;
+    // Protective editing: the host's one switch for the places where the control
+    // protects data the user did not touch instead of behaving as designed. Off by
+    // default; read only where the two behaviours part (docs/embedding.md lists them).
+    bool protectiveEditing = false;
 };
 
 }  // namespace tabulon

@@ -29,6 +29,7 @@ void ActivateEditor(ControlCore& core, Component& editor) {
     editor.setVisible(true);
     editor.setFocus();
     core.blnEditorActive = true;
+    NoteEditorOpened(core);
 }
 
 const RowInfo& CurrentRowInfo(const ControlCore& core) {

@@ -205,6 +205,7 @@ bool FillGridValues(ControlCore& core, const std::string& key) {
             return true;
         }
         doc.strCurrentValueKey = key;
+        doc.valuesFillFailed = false;
         if (grid.cols() < 2 || grid.rows() < 2) {
             doc.arrCellNodes.clear();
             return true;
@@ -217,6 +218,7 @@ bool FillGridValues(ControlCore& core, const std::string& key) {
             if (c > grid.cols()) break;
             if (!FillGridColumn(core, gridValue, c, key)) {
                 ok = false;
+                doc.valuesFillFailed = true;
                 ClearGridCells(core);
                 break;
             }
@@ -270,6 +272,16 @@ bool FillGridColumn(ControlCore& core, xml::Node gridValue, std::int16_t c,
         }
         return handled;
     });
+}
+
+bool RefillColumn(ControlCore& core, std::int16_t c) {
+    DocumentModel& doc = core.doc;
+    const xml::Node gridValue = doc.arrGridValueNodes.at(static_cast<std::size_t>(c) - 1);
+    doc.blnGridLoaded = false;
+    const bool filled = FillGridColumn(core, gridValue, c, doc.strCurrentValueKey);
+    doc.blnGridLoaded = filled;
+    if (filled && MetricDocument(core)) ConvertGridUnits(core, c);
+    return filled;
 }
 
 void ClearGridCells(ControlCore& core) {

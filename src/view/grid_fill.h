@@ -18,6 +18,10 @@ bool FillGridValues(ControlCore& core, const std::string& key);                /
 bool FillGridColumn(ControlCore& core, xml::Node gridValue, std::int16_t c,
                     const std::string& key);  // 1035
 void ClearGridCells(ControlCore& core);
+// Fills column c again from its GridValue element (arrGridValueNodes), as after the
+// host changed it: blnGridLoaded is false while it fills and afterwards says whether
+// the fill succeeded; in a Metric document the column is converted for display again.
+bool RefillColumn(ControlCore& core, std::int16_t c);
 
 // The CellValues of gridValue (index into arrGridValueNodes) whose GridValueKey equals
 // key, in document order, from the index (rebuilt first when stale).

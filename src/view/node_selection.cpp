@@ -8,6 +8,7 @@
 #include "support/failure.h"
 #include "support/text.h"
 #include "view/cell_editors.h"
+#include "view/commit.h"
 #include "view/filter.h"
 #include "view/grid_fill.h"
 #include "view/scrollbar_refresh.h"
@@ -35,6 +36,10 @@ void SelectTreeNode(ControlCore& core, int index) {
         // A copy: the fills below must not see the record change under them.
         const TreeNodeInfo record = doc.udtTreeNodes[static_cast<std::size_t>(index - 1)];
 
+        // Protective editing: the open editor's value is written before the grid
+        // changes, instead of being dropped with the editor.
+        if (core.protectiveEditing && core.form.anyEditorVisible()) CommitCellEdit(core);
+        doc.shownTreeNode = index;
         doc.blnGridLoaded = false;
         HideCellEditors(core);
 

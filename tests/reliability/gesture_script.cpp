@@ -293,6 +293,14 @@ Line HostChange(const Context& c, ChoiceSource& choices) {
            " " + std::string(OneOf<std::string_view>(kValues, choices));
 }
 
+// Undo and redo as the user (keys) or the host (calls) asks for them, and Escape.
+Line UndoOrRedo(const Context& c, ChoiceSource& choices) {
+    if (!c.options.undoKeys) return std::nullopt;
+    static constexpr std::array<std::string_view, 7> kCommands = {
+        "key z ctrl", "key z ctrl", "key y ctrl", "key z ctrl+shift", "undo", "redo", "key Escape"};
+    return std::string(OneOf<std::string_view>(kCommands, choices));
+}
+
 struct WeightedGesture {
     std::size_t weight;
     Gesture gesture;
@@ -318,7 +326,12 @@ constexpr std::array<WeightedGesture, 19> kGestures = {{
     {1, DragSplitter},
     {1, DragColBorder},
     {2, HostChange},
+    {5, UndoOrRedo},
 }};
+
+bool Offered(const WeightedGesture& entry, const GestureOptions& options) {
+    return entry.gesture != UndoOrRedo || options.undoKeys;
+}
 
 }  // namespace
 
@@ -340,10 +353,12 @@ std::string QuoteWord(std::string_view text) {
 std::string GestureScript::Next(cli::session::Session& session, ChoiceSource& choices) const {
     const Context context{session.control(), options_};
     std::size_t total = 0;
-    for (const WeightedGesture& entry : kGestures)
-        total += entry.weight;
+    for (const WeightedGesture& entry : kGestures) {
+        if (Offered(entry, options_)) total += entry.weight;
+    }
     std::size_t pick = choices.Below(total);
     for (const WeightedGesture& entry : kGestures) {
+        if (!Offered(entry, options_)) continue;
         if (pick >= entry.weight) {
             pick -= entry.weight;
             continue;

@@ -8,7 +8,7 @@
 // with modifiers, picks, unit picks, tree clicks, collapses and expansions, filter
 // entries, the four buttons (clicked or pressed with a key), the control's own scroll
 // bars and the mouse wheel, focus moves and splitter drags; optionally the scripted
-// host's changes while AppGridEventHandler runs.
+// host's changes while AppGridEventHandler runs, and undo and redo.
 #pragma once
 
 #include <string>
@@ -25,6 +25,9 @@ struct GestureOptions {
     bool hostChanges = false;
     // Typed numbers may reach or pass the limits of a double (1e308, 1e999).
     bool extremeNumbers = false;
+    // Undo and redo, by key (Ctrl+Z, Ctrl+Y, Ctrl+Shift+Z) and by host call, and
+    // Escape. Off, the choices run as they always did.
+    bool undoKeys = false;
 };
 
 // text as one double-quoted script word, with the lexer's escapes for backslash,

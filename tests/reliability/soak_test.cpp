@@ -1,5 +1,7 @@
 // The soak: 10,000 seeded random gestures on each sample document, driven through
-// `tabulon session` commands, with the control checked after every one of them.
+// `tabulon session` commands (undo and redo among them), with the control checked
+// after every one of them, and at the end every step undone and redone
+// (undo_round_trip.h).
 //
 // Every step: no exception reached the host (beyond the keyboard's specified one, see
 // UnexpectedExceptions), no failure message appeared (the
@@ -20,6 +22,7 @@
 #include "reliability/fuzz_drivers.h"
 #include "reliability/gesture_script.h"
 #include "reliability/grid_invariants.h"
+#include "reliability/undo_round_trip.h"
 #include "session/session.h"
 
 namespace tabulon::reliability {
@@ -69,9 +72,11 @@ TEST_P(Soak, RandomGesturesKeepControlAndDocumentConsistent) {
     session.RunLine("loadxml " + QuoteWord(SamplePath(GetParam().sample)));
     ASSERT_NE(out.str().find("{\"result\": true}"), std::string::npos) << out.str();
     const Generic_SP_Control& control = session.control();
+    const std::string loaded = control.XML();
+    JournalTop top(control);
     const CommittedRangeCheck ranges(control);
     SeededChoices choices(GetParam().seed);
-    const GestureScript script;
+    const GestureScript script(GestureOptions{.undoKeys = true});
 
     // The whole run as a session script, written out when a step fails so that
     // `tabulon session FILE` replays it.
@@ -87,6 +92,7 @@ TEST_P(Soak, RandomGesturesKeepControlAndDocumentConsistent) {
         if (recent.size() > kRecentCommands) recent.pop_front();
         out.str("");
         session.RunLine(line);
+        top.Note(control);
         const std::string printed = out.str();
         if (printed.find("{\"error\"") != std::string::npos) ++rejected;
 
@@ -111,6 +117,8 @@ TEST_P(Soak, RandomGesturesKeepControlAndDocumentConsistent) {
                    << scriptTail << "the whole run: " << replay;
         }
     }
+    const Problems undone = CheckUndoRedoRoundTrip(session, out, loaded, top);
+    EXPECT_TRUE(undone.empty()) << ::testing::PrintToString(undone);
     // The run did what it claims: commands were accepted, cells were edited, flags judged.
     EXPECT_LT(rejected, static_cast<std::size_t>(kSteps / 10));
     EXPECT_GT(mostChanged, 0u);

@@ -486,7 +486,12 @@ void AppendValues(std::string& out, const GeneratedDocumentShape& shape, const T
                 out += enabled ? '1' : '0';
                 out += "\" Valid=\"";
                 out += valid ? '1' : '0';
-                out += "\" ApplicationValidation=\"0\">";
+                const bool checked =
+                    shape.hostCheckedEvery > 0 &&
+                    (h >> 56) % static_cast<std::uint64_t>(shape.hostCheckedEvery) == 0;
+                out += "\" ApplicationValidation=\"";
+                out += checked ? '1' : '0';
+                out += "\">";
                 out += CellText(rows[static_cast<std::size_t>(r)], h);
                 out += "</CellValue>\n";
             }
@@ -507,6 +512,7 @@ GeneratedDocumentShape NormalisedShape(GeneratedDocumentShape shape) {
     shape.customUnits = std::max(shape.customUnits, 0);
     shape.depth = std::clamp(shape.depth, 1, kMaxGeneratedDepth);
     shape.invalidEvery = std::max(shape.invalidEvery, 0);
+    shape.hostCheckedEvery = std::max(shape.hostCheckedEvery, 0);
     return shape;
 }
 

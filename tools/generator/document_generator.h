@@ -24,8 +24,9 @@
 //   one CellValues per key, in key order, tagged FilterProperty "Service" and a
 //   FilterValue that depends on the column only. Values fit their row and lie in its
 //   range, in English units ("12.5(ft)" for UnitDrop rows); about one cell in 23 is
-//   disabled; `invalidEvery` N > 0 marks about one cell in N invalid (Valid="0").
-//   ApplicationValidation is always "0".
+//   disabled; `invalidEvery` N > 0 marks about one cell in N invalid (Valid="0");
+//   `hostCheckedEvery` N > 0 gives about one cell in N ApplicationValidation="1" (the
+//   host checks its column), otherwise it is always "0".
 // - Two-space indentation, long start tags wrapped with their attributes aligned, a
 //   comment at the top of GridStructure and one per GridValue, nothing under the root
 //   but the three element children (so custom units are read).
@@ -42,15 +43,16 @@ namespace tabulon {
 inline constexpr int kMaxGeneratedDepth = 200;  // the validating parser stops at 256 levels
 
 struct GeneratedDocumentShape {
-    int keys = 10;           // distinct GridValueKeys; at least 1
-    int valueColumns = 4;    // GridValue elements and value columns of every layout; at least 1
-    int rows = 8;            // rows of every layout; at least 1
-    int gridHeaders = 2;     // layouts; at least 1
-    bool metric = false;     // MeasurementUnit METRIC instead of ENGLISH
-    int customUnits = 0;     // at least 0
-    int depth = 3;           // tree levels, 1 (Pnodes only) to kMaxGeneratedDepth
-    std::uint64_t seed = 1;  // any value; different seeds give different texts
-    int invalidEvery = 0;    // 0: every cell valid; N: about one cell in N invalid
+    int keys = 10;             // distinct GridValueKeys; at least 1
+    int valueColumns = 4;      // GridValue elements and value columns of every layout; at least 1
+    int rows = 8;              // rows of every layout; at least 1
+    int gridHeaders = 2;       // layouts; at least 1
+    bool metric = false;       // MeasurementUnit METRIC instead of ENGLISH
+    int customUnits = 0;       // at least 0
+    int depth = 3;             // tree levels, 1 (Pnodes only) to kMaxGeneratedDepth
+    std::uint64_t seed = 1;    // any value; different seeds give different texts
+    int invalidEvery = 0;      // 0: every cell valid; N: about one cell in N invalid
+    int hostCheckedEvery = 0;  // 0: no cell host-checked; N: about one cell in N
 };
 
 // The shape with every count raised to its minimum and the depth limited to

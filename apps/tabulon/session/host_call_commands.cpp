@@ -95,6 +95,33 @@ void MovePreviousColumn(Session& s, Args) {
     s.control().MovePreviousColumn();
 }
 
+void Undo(Session& s, Args) {
+    s.output().Result(s.control().Undo());
+}
+void Redo(Session& s, Args) {
+    s.output().Result(s.control().Redo());
+}
+void CanUndo(Session& s, Args) {
+    s.output().Result(s.control().CanUndo());
+}
+void CanRedo(Session& s, Args) {
+    s.output().Result(s.control().CanRedo());
+}
+void Modified(Session& s, Args) {
+    s.output().Result(s.control().IsModified());
+}
+void Protective(Session& s, Args) {
+    s.output().Result(s.control().ProtectiveEditing());
+}
+
+void SetProtective(Session& s, Args args) {
+    const std::optional<std::int16_t> on = ParseBoolean(args[0].text);
+    if (!on || (*on != 0 && *on != -1)) {
+        throw ScriptError("set-protective: expected true or false, got \"" + args[0].text + "\"");
+    }
+    s.control().SetProtectiveEditing(*on != 0);
+}
+
 void SaveBag(Session& s, Args args) {
     JsonFilePropertyBag bag;
     s.control().WriteProperties(bag);
@@ -136,6 +163,20 @@ constexpr ScriptCommand kCommands[] = {
      MovePreviousCell},
     {"move-next-column", "", "Calls MoveNextColumn.", 0, 0, false, MoveNextColumn},
     {"move-previous-column", "", "Calls MovePreviousColumn.", 0, 0, false, MovePreviousColumn},
+    {"undo", "",
+     "Calls Undo: the open editor's own change first, else the document's last step; "
+     "prints whether anything was undone.",
+     0, 0, false, Undo},
+    {"redo", "", "Calls Redo; prints whether anything was redone.", 0, 0, false, Redo},
+    {"can-undo", "", "Calls CanUndo.", 0, 0, false, CanUndo},
+    {"can-redo", "", "Calls CanRedo.", 0, 0, false, CanRedo},
+    {"modified", "",
+     "Calls IsModified: whether the document changed since it was loaded or "
+     "saved.",
+     0, 0, false, Modified},
+    {"protective", "", "Reads the ProtectiveEditing switch.", 0, 0, false, Protective},
+    {"set-protective", "true|false", "Writes the ProtectiveEditing switch (off by default).", 1, 1,
+     false, SetProtective},
     {"save-bag", "FILE",
      "The host saves the form: the settings are written into a fresh property bag, which "
      "is saved as a JSON file (keys equal to their defaults are left out).",

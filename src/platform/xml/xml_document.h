@@ -51,6 +51,7 @@ public:
 
 private:
     friend class Node;
+    friend struct NodeInternals;
     explicit Attribute(void* handle) : handle_(handle) {}
     void* handle_ = nullptr;
 };
@@ -115,6 +116,7 @@ public:
 private:
     friend class Document;
     friend class Attribute;
+    friend struct NodeInternals;
     explicit Node(void* handle) : handle_(handle) {}
     void* handle_ = nullptr;
 };

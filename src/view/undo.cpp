@@ -1,0 +1,149 @@
+#include "view/undo.h"
+
+#include <algorithm>
+#include <set>
+
+#include "view/cell_editors.h"
+#include "view/grid_fill.h"
+#include "view/node_selection.h"
+#include "view/scrollbar_refresh.h"
+
+namespace tabulon {
+
+namespace {
+
+enum class Direction { Back, Forward };
+
+// Nothing is recorded while a step is applied and shown.
+class Applying {
+public:
+    explicit Applying(EditHistory& history) : history_(history) { history_.setApplying(true); }
+    ~Applying() { history_.setApplying(false); }
+    Applying(const Applying&) = delete;
+    Applying& operator=(const Applying&) = delete;
+
+private:
+    EditHistory& history_;
+};
+
+// blnGridLoaded false for as long as it lives: grid notifications open and commit nothing.
+class GridQuiet {
+public:
+    explicit GridQuiet(DocumentModel& doc) : doc_(doc), loaded_(doc.blnGridLoaded) {
+        doc_.blnGridLoaded = false;
+    }
+    ~GridQuiet() { doc_.blnGridLoaded = loaded_; }
+    GridQuiet(const GridQuiet&) = delete;
+    GridQuiet& operator=(const GridQuiet&) = delete;
+
+private:
+    DocumentModel& doc_;
+    bool loaded_;
+};
+
+// Puts the step's content back; true when an element other than a CellValue changed
+// (the GridValueKey index may then be out of date).
+bool Restore(ControlCore& core, const EditStep& step, Direction direction) {
+    const xml::Node root = core.doc.objXMLDoc->root();
+    bool beyondCells = false;
+    const auto restore = [&](const ElementChange& change) {
+        const xml::Node element = xml::NodeAt(root, change.path);
+        (direction == Direction::Back ? change.before : change.after).RestoreInto(element);
+        beyondCells = beyondCells || !change.cellValue;
+    };
+    if (direction == Direction::Back) {
+        for (auto change = step.changes.rbegin(); change != step.changes.rend(); ++change)
+            restore(*change);
+    } else {
+        for (const ElementChange& change : step.changes)
+            restore(change);
+    }
+    return beyondCells;
+}
+
+// The cell becomes current, scrolled into view, without an editor opening.
+void MakeCellCurrent(ControlCore& core, int row, int col) {
+    FlexGrid& grid = core.form.msgGridView;
+    const bool inside = row >= grid.fixedRows() && row < grid.rows() && col >= grid.fixedCols() &&
+                        col < grid.cols();
+    if (inside) {
+        const GridQuiet quiet(core.doc);
+        if (!grid.rowIsVisible(row)) grid.setTopRow(row);
+        if (grid.colWidth(col) > 0 && !grid.colIsVisible(col)) grid.setLeftCol(col);
+        grid.setRow(row);
+        grid.setCol(col);
+    }
+    RefreshAdvanceScrollbars(core);
+    grid.setFocus();
+}
+
+void ShowStep(ControlCore& core, const EditStep& step, bool beyondCells) {
+    DocumentModel& doc = core.doc;
+    const EditLocation& where = step.where;
+    if (beyondCells) doc.cellValuesIndexStale = true;
+    const bool onScreen =
+        where.treeNode == 0 || (doc.blnGridLoaded && doc.strCurrentHeaderKey == where.headerKey &&
+                                doc.strCurrentValueKey == where.valueKey);
+    if (onScreen) {
+        std::set<int> columns;
+        for (const ElementChange& change : step.changes)
+            columns.insert(change.column);
+        const int shown = std::min(core.form.msgGridView.cols() - 1,
+                                   static_cast<int>(doc.arrGridValueNodes.size()));
+        for (const int column : columns) {
+            if (column >= 1 && column <= shown)
+                RefillColumn(core, static_cast<std::int16_t>(column));
+        }
+    } else if (where.treeNode <= doc.treeRecordCount()) {
+        // Filled afresh, whatever keys the grid shows now.
+        doc.strCurrentHeaderKey.clear();
+        doc.strCurrentValueKey.clear();
+        core.form.treTreeView.setSelectedIndex(where.treeNode);
+        SelectTreeNode(core, where.treeNode);
+    }
+    MakeCellCurrent(core, where.row, where.col);
+}
+
+void Apply(ControlCore& core, Direction direction) {
+    EditHistory& history = core.history;
+    const Applying applying(history);
+    HideCellEditors(core);
+    core.blnEditorActive = false;
+    core.unitRegistrar.reset();
+    const EditStep& step =
+        direction == Direction::Back ? history.StepToUndo() : history.StepToRedo();
+    const bool beyondCells = Restore(core, step, direction);
+    if (direction == Direction::Back) {
+        history.Undone();
+    } else {
+        history.Redone();
+    }
+    ShowStep(core, step, beyondCells);
+}
+
+}  // namespace
+
+bool CanUndo(const ControlCore& core) {
+    return CanUndoEditor(core) || core.history.CanUndo();
+}
+
+bool CanRedo(const ControlCore& core) {
+    return !EditorChanged(core) && (CanRedoEditor(core) || core.history.CanRedo());
+}
+
+bool Undo(ControlCore& core) {
+    if (UndoEditor(core)) return true;
+    if (!core.history.CanUndo()) return false;
+    Apply(core, Direction::Back);
+    return true;
+}
+
+bool Redo(ControlCore& core) {
+    if (EditorChanged(core)) return false;
+    if (RedoEditor(core)) return true;
+    if (!core.history.CanRedo()) return false;
+    Apply(core, Direction::Forward);
+    return true;
+}
+
+}  // namespace tabulon

@@ -1,0 +1,53 @@
+#include "reliability/undo_round_trip.h"
+
+#include <sstream>
+
+#include "control/control_access.h"
+
+namespace tabulon::reliability {
+
+namespace {
+
+constexpr int kMostSteps = 100000;
+
+// Runs "undo" or "redo" until the control has nothing left to do; every command must
+// print exactly {"result": true} and leave the grid in agreement with the document.
+Problems RunAll(cli::session::Session& session, std::ostringstream& out, const std::string& command,
+                bool (Generic_SP_Control::*more)() const) {
+    Problems problems;
+    const Generic_SP_Control& control = session.control();
+    for (int step = 1; (control.*more)(); ++step) {
+        if (step > kMostSteps) return {command + " never runs out"};
+        out.str("");
+        session.RunLine(command);
+        if (out.str() != "{\"result\": true}\n") {
+            problems.push_back(command + " " + std::to_string(step) + " printed: " + out.str());
+        }
+        for (std::string& problem : CheckGridAgainstDocument(control))
+            problems.push_back(command + " " + std::to_string(step) + ": " + problem);
+        if (!problems.empty()) break;
+    }
+    return problems;
+}
+
+}  // namespace
+
+void JournalTop::Note(const Generic_SP_Control& control) {
+    if (CoreOf(control).history.redoCount() == 0) xml_ = control.XML();
+}
+
+Problems CheckUndoRedoRoundTrip(cli::session::Session& session, std::ostringstream& out,
+                                const std::string& loadedXml, const JournalTop& top) {
+    const Generic_SP_Control& control = session.control();
+    Problems problems = RunAll(session, out, "undo", &Generic_SP_Control::CanUndo);
+    if (!problems.empty()) return problems;
+    if (control.XML() != loadedXml) return {"after undoing every step XML() is not as loaded"};
+    for (std::string& problem : RunAll(session, out, "redo", &Generic_SP_Control::CanRedo))
+        problems.push_back(std::move(problem));
+    if (problems.empty() && control.XML() != top.xml()) {
+        problems.push_back("after redoing every step XML() is not as after the newest step");
+    }
+    return problems;
+}
+
+}  // namespace tabulon::reliability

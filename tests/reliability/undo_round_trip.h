@@ -1,0 +1,33 @@
+// The edit journal's promise, checked from the outside: from wherever a run of
+// gestures has left the control, undoing every step through the session gives XML()
+// exactly as it was loaded, and redoing every step gives XML() exactly as it was
+// when the newest step had just been made (JournalTop). After every undo and redo the
+// grid must agree with the document and nothing may be printed but the command's
+// result.
+#pragma once
+
+#include <sstream>
+#include <string>
+
+#include "reliability/grid_invariants.h"
+#include "session/session.h"
+
+namespace tabulon::reliability {
+
+// XML() as it is whenever nothing is left to redo: what redoing every step must give.
+class JournalTop {
+public:
+    explicit JournalTop(const Generic_SP_Control& control) : xml_(control.XML()) {}
+    // Call after every gesture.
+    void Note(const Generic_SP_Control& control);
+    const std::string& xml() const { return xml_; }
+
+private:
+    std::string xml_;
+};
+
+// session's output stream must be out (it is cleared between commands).
+Problems CheckUndoRedoRoundTrip(cli::session::Session& session, std::ostringstream& out,
+                                const std::string& loadedXml, const JournalTop& top);
+
+}  // namespace tabulon::reliability
