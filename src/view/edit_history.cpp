@@ -29,6 +29,7 @@ void EditHistory::Close() {
     bytes_ += open_.bytes;
     steps_.push_back(std::exchange(open_, EditStep{}));
     ++applied_;
+    ++recorded_;
     while (bytes_ > kMemoryBudget && steps_.size() > 1)
         DropOldest();
 }

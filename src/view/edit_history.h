@@ -27,6 +27,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <optional>
 #include <string>
@@ -92,6 +93,8 @@ public:
     std::size_t undoCount() const { return applied_; }
     std::size_t redoCount() const { return steps_.size() - applied_; }
     std::size_t bytes() const { return bytes_; }
+    // Steps recorded since the journal was made: changes whenever a new step lands.
+    std::uint64_t recordedSteps() const { return recorded_; }
 
     // The step the next Undo (Redo) applies; only when CanUndo (CanRedo).
     const EditStep& StepToUndo() const { return steps_[applied_ - 1]; }
@@ -116,6 +119,7 @@ private:
     std::size_t applied_ = 0;  // steps done; steps_[applied_..] can be redone
     std::optional<std::size_t> saved_ = 0;
     std::size_t bytes_ = 0;
+    std::uint64_t recorded_ = 0;
     int depth_ = 0;
     bool applying_ = false;
     EditStep open_;

@@ -10,6 +10,7 @@
 #include "document/validate_document_text.h"
 #include "reliability/choice_source.h"
 #include "reliability/gesture_script.h"
+#include "reliability/undo_round_trip.h"
 #include "session/session.h"
 #include "support/failure.h"
 #include "testing/recording_host.h"
@@ -46,6 +47,20 @@ void ClickFirstCells(DriverOutcome& outcome, FlexGrid& grid) {
     if (grid.rows() >= 1 && grid.cols() >= 1) {
         AsHost(outcome, "mousemove", [&] { grid.userMouseMove(0, 0); });
     }
+}
+
+// Undoing every step of the journal gives the loaded document back, redoing every
+// step the edited one; "" when both hold.
+std::string UndoRedoFindings(Generic_SP_Control& control, const std::string& loaded) {
+    constexpr int kMostSteps = 100000;
+    const std::string edited = control.XML();
+    for (int step = 0; control.CanUndo() && step < kMostSteps; ++step)
+        control.Undo();
+    if (control.XML() != loaded) return "undoing every step does not give the loaded document\n";
+    for (int step = 0; control.CanRedo() && step < kMostSteps; ++step)
+        control.Redo();
+    if (control.XML() != edited) return "redoing every step does not give the edited document\n";
+    return {};
 }
 
 bool SendsKeys(std::string_view command) {
@@ -103,13 +118,17 @@ DriverOutcome RunLoadXmlInput(std::string_view bytes) {
     Generic_SP_Control control(sink, host);
     control.InitProperties();
     control.Show();
+    std::string loaded;
     AsHost(outcome, "LoadXML", [&] { control.LoadXML(std::string(bytes)); });
+    loaded = control.XML();
     TreeView& tree = FormOf(control).treTreeView;
     for (int index = 1; index <= tree.count(); ++index) {
         AsHost(outcome, "node click", [&] { tree.userClickNode(index); });
         ClickFirstCells(outcome, FormOf(control).msgGridView);
     }
     AsHost(outcome, "XML", [&] { (void)control.XML(); });
+    AsHost(outcome, "undo and redo",
+           [&] { outcome.findings += UndoRedoFindings(control, loaded); });
     return outcome;
 }
 
@@ -120,13 +139,21 @@ DriverOutcome RunGestureInput(std::string_view bytes) {
     std::ostringstream out;
     cli::session::Session session(out);
     session.RunLine("loadxml " + QuoteWord(SamplePath(sample)));
+    const Generic_SP_Control& control = session.control();
+    const std::string loaded = control.XML();
+    JournalTop top(control);
     const GestureScript script({.hostChanges = true, .extremeNumbers = true});
     while (!choices.exhausted() && outcome.commands < kMaxGestures) {
         out.str("");
         const std::string line = script.Next(session, choices);
         session.RunLine(line);
+        top.Note(control);
         ++outcome.commands;
         outcome.findings += UnexpectedExceptions(line, out.str());
+    }
+    for (const std::string& problem :
+         CheckUndoRedoRoundTrip(session, out, loaded, top, /*checkGrid=*/false)) {
+        outcome.findings += problem + "\n";
     }
     return outcome;
 }

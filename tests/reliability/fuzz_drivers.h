@@ -22,13 +22,16 @@ struct DriverOutcome {
 
 // LoadXML with bytes as the document text, then every tree node selected in turn by a
 // user's click, and on each the first few value cells clicked; the document is read
-// back through XML at the end. Besides, when the bytes parse, CertainlyValid may
-// only accept them if ValidateDocumentText accepts their serialised form.
+// back through XML at the end; then every step those commits left in the edit journal
+// is undone and redone, which must give the loaded and the edited text back. Besides, when the
+// bytes parse, CertainlyValid may only accept them if ValidateDocumentText accepts their serialised
+// form.
 DriverOutcome RunLoadXmlInput(std::string_view bytes);
 
 // The first choice picks one of the three sample documents, which is loaded with
 // LoadXML; the remaining bytes become session gestures (GestureScript, with host
-// changes and extreme numbers), at most kMaxGestures of them.
+// changes and extreme numbers), at most kMaxGestures of them; then every step is
+// undone and redone (undo_round_trip.h, documents only).
 inline constexpr std::size_t kMaxGestures = 400;
 DriverOutcome RunGestureInput(std::string_view bytes);
 
