@@ -22,7 +22,7 @@
 //   number is converted into the new unit and written in its format: 72.5 ton
 //   switched to MBH becomes 870 MBH. Otherwise, or when the number field holds no
 //   number, the text stays as it is and the switch relabels it. In the Metric system
-//   both units show that Metric unit, so the number stays. Selecting by code
+//   the number is already in the Metric unit and stays. Selecting by code
 //   (SelectUnitByText, SelectUnitCode) never converts.
 #pragma once
 

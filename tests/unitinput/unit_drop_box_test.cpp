@@ -15,6 +15,8 @@ constexpr int kKbtuToMj = 4;
 constexpr int kKwhToMj = 5;
 constexpr int kInchToMm = 18;
 constexpr int kFtToM = 19;
+constexpr int kTonsToKw = 24;
+constexpr int kMbhToKw = 28;
 
 class UnitDropBoxTest : public ::testing::Test {
 protected:
@@ -160,6 +162,44 @@ TEST_F(UnitDropBoxTest, UserPicksOnlyUnitsOnTheList) {
     EXPECT_EQ(notifications, 0);
     EXPECT_TRUE(box.UserPickUnit("ft"));
     EXPECT_EQ(notifications, 1);
+}
+
+// The user's switch of unit keeps the quantity when both units reach the same Metric
+// unit, and relabels the number otherwise.
+TEST_F(UnitDropBoxTest, SwitchingUnitsKeepsTheQuantityWhenBothShareAMetricUnit) {
+    const int barrel = registrar->RegisterCustomUnit(2, "bbl", "hL", "");
+    const int halfGallon = registrar->RegisterCustomUnit(0.5, "hgal", "hL", "");
+    struct Case {
+        int from;
+        int to;
+        std::string toFormat;
+        std::string typed;
+        std::string shown;
+    };
+    for (const Case& c : std::vector<Case>{
+             {kTonsToKw, kMbhToKw, "0", "72.5", "870"},     // built in: kW both
+             {kKbtuToMj, kKwhToMj, "0.000", "1", "0.293"},  // MJ both
+             {barrel, halfGallon, "0.0", "3", "12.0"},      // custom: hL both
+             {kFtToM, kInchToMm, "0.0", "12", "12"},        // m and mm: relabelled
+             {kTonsToKw, kMbhToKw, "0", "", ""},            // no number to convert
+             {kTonsToKw, kMbhToKw, "0", "abc", "abc"},
+         }) {
+        SCOPED_TRACE(c.typed + " " + std::to_string(c.from) + " -> " + std::to_string(c.to));
+        box.ClearUnits();
+        box.AddUnit(c.from, "0.000");
+        box.AddUnit(c.to, c.toFormat);
+        box.SelectUnitCode(c.from);
+        box.SetNumberText(c.typed);
+        ASSERT_TRUE(box.UserPickUnit(box.UnitLabels()[1]));
+        EXPECT_EQ(box.SelectedUnitIndex(), c.to);
+        EXPECT_EQ(box.NumberText(), c.shown);
+        // Selecting by code is not the user's switch: nothing is converted.
+        box.SelectUnitCode(c.from);
+        EXPECT_EQ(box.NumberText(), c.shown);
+    }
+    EXPECT_THROW(box.SelectUnitCode(kFtToM + 100), UnitRejectedFailure);
+    box.SelectUnitCode(-1);
+    EXPECT_EQ(box.SelectedUnitIndex(), -1);
 }
 
 }  // namespace
