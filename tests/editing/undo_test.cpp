@@ -1,0 +1,253 @@
+// Undo and redo as the user and the host see them: the document byte for byte, the
+// grid, the node and cell shown, the editor's own value first, the keys, the
+// modified flag, and block edits as one step.
+#include "control/save_gate.h"
+#include "editing/editing_fixture.h"
+#include "platform/key_codes.h"
+#include "view/commit.h"
+#include "view/edit_recording.h"
+
+namespace tabulon::testing {
+namespace {
+
+constexpr Rgb kRed = 0xFF0000;
+constexpr Rgb kWhite = 0xFFFFFF;
+
+const std::string kCapacity = Row("UnitNum", R"(Unit="FT_TO_M" Format="0.00" MaxVal="100")");
+
+class Undo : public EditingTest {
+protected:
+    // A key stroke with Ctrl (and Shift) held, as the widget and the session send it.
+    void CtrlKey(char letter, bool shift = false) {
+        control().UserKeyStroke(letter, letter - 'A' + 1, kCtrlBit | (shift ? kShiftBit : 0));
+    }
+    void Escape() { control().UserKeyStroke(keys::kEscape, keys::kEscape, 0); }
+    // Types text into the cell's editor and leaves it over the header row.
+    void Edit(int row, int col, const std::string& text) {
+        Click(row, col);
+        Paste(text);
+        PointAtHeader();
+    }
+};
+
+TEST_F(Undo, PutsBackTextValidAndColourAndRedoPutsTheEditBack) {
+    Load({kCapacity, Row("TextBox")}, {Column({{"12.5"}, {"a"}})});
+    const std::string loaded = control().XML();
+    EXPECT_FALSE(control().CanUndo());
+    Edit(1, 1, "150");
+    const std::string edited = control().XML();
+    ASSERT_EQ(Attribute(1, 1, "Valid"), "0");
+
+    ASSERT_TRUE(control().Undo());
+    EXPECT_EQ(control().XML(), loaded);
+    EXPECT_EQ(Shown(1, 1), "12.50");
+    EXPECT_EQ(grid().cellBackColor(1, 1), kWhite);
+    EXPECT_FALSE(control().CanUndo());
+    EXPECT_FALSE(control().Undo());
+
+    ASSERT_TRUE(control().Redo());
+    EXPECT_EQ(control().XML(), edited);
+    EXPECT_EQ(Shown(1, 1), "150.00");
+    EXPECT_EQ(grid().cellBackColor(1, 1), kRed);
+    EXPECT_FALSE(control().Redo());
+    EXPECT_THAT(host.events(), IsEmpty());
+    ExpectMessages({});
+}
+
+TEST_F(Undo, WhatTheHostChangedDuringTheCommitIsPartOfTheSameStep) {
+    Load({Row("TextBox"), Row("TextBox")}, {Column({{"a", true, true, true}, {"b"}})});
+    const std::string loaded = control().XML();
+    host.onAppGridEventHandler = [](xml::Node& gridValue) {
+        gridValue.select("CellValues/CellValue[2]")[0].setAttribute("Valid", "0");
+        gridValue.select("CellValues/CellValue[2]")[0].setText("checked");
+    };
+    Edit(1, 1, "z");
+    const std::string edited = control().XML();
+    host.clear();
+    ASSERT_TRUE(control().Undo());
+    EXPECT_EQ(control().XML(), loaded);
+    EXPECT_EQ(Shown(2, 1), "b");
+    EXPECT_EQ(grid().cellBackColor(2, 1), kWhite);
+    EXPECT_FALSE(control().CanUndo());
+    ASSERT_TRUE(control().Redo());
+    EXPECT_EQ(control().XML(), edited);
+    EXPECT_EQ(Shown(2, 1), "checked");
+    EXPECT_THAT(host.events(), IsEmpty());  // undo and redo never ask the host again
+}
+
+TEST_F(Undo, ShowsTheStepsNodeAndCellWithoutOpeningAnEditor) {
+    const std::string second =
+        R"(<Pnode Name="N2" KeyValue="N2" GridHeaderKey="H" GridValueKey="K2" Filter="0"/>)";
+    Load({Row("TextBox"), Row("TextBox")},
+         {Column({{"a"}, {"b"}}, CellValues("K2", {{"x"}, {"y"}}))}, "ENGLISH", "", second);
+    Edit(2, 1, "edited");
+    form().treTreeView.userClickNode(2);
+    ASSERT_EQ(core().doc.strCurrentValueKey, "K2");
+    Click(1, 1);
+
+    ASSERT_TRUE(control().Undo());
+    EXPECT_EQ(form().treTreeView.selectedIndex(), 1);
+    EXPECT_EQ(core().doc.strCurrentValueKey, "K");
+    EXPECT_EQ(Shown(2, 1), "b");
+    EXPECT_EQ(grid().row(), 2);
+    EXPECT_EQ(grid().col(), 1);
+    EXPECT_THAT(VisibleEditors(), IsEmpty());
+    EXPECT_TRUE(grid().hasFocus());
+}
+
+TEST_F(Undo, ANewEditDropsTheRedoStepsAndALoadDropsEverything) {
+    Load({Row("TextBox")}, {Column({{"a"}})});
+    Edit(1, 1, "b");
+    Edit(1, 1, "c");
+    ASSERT_TRUE(control().Undo());
+    EXPECT_TRUE(control().CanRedo());
+    Edit(1, 1, "d");
+    EXPECT_FALSE(control().CanRedo());
+    ASSERT_TRUE(control().Undo());
+    EXPECT_EQ(Stored(1, 1), "b");
+    Load({Row("TextBox")}, {Column({{"a"}})});
+    EXPECT_FALSE(control().CanUndo());
+    EXPECT_FALSE(control().CanRedo());
+    EXPECT_FALSE(control().IsModified());
+}
+
+TEST_F(Undo, AnEditorsOwnChangeGoesFirstAndEscapePutsItsValueBack) {
+    Load({Row("TextBox"), Row("TextBox")}, {Column({{"a"}, {"b"}})});
+    Edit(1, 1, "committed");
+    Click(2, 1);
+    Paste("typed");
+    EXPECT_TRUE(control().CanUndo());
+    EXPECT_FALSE(control().CanRedo());  // typing started a new edit
+
+    CtrlKey('Z');  // the editor's own undo: the document stays
+    EXPECT_EQ(form().txtTextBoxControl.text(), "b");
+    EXPECT_EQ(Stored(1, 1), "committed");
+    CtrlKey('Y');  // and its redo
+    EXPECT_EQ(form().txtTextBoxControl.text(), "typed");
+    Escape();
+    EXPECT_EQ(form().txtTextBoxControl.text(), "b");
+    EXPECT_EQ(form().txtTextBoxControl.selLength(), 1);
+    EXPECT_THAT(VisibleEditors(), ElementsAre("txtTextBoxControl"));
+
+    CtrlKey('Z');  // the editor is as it opened: the document's undo
+    EXPECT_EQ(Stored(1, 1), "a");
+    EXPECT_THAT(VisibleEditors(), IsEmpty());
+    CtrlKey('Z', true);
+    EXPECT_EQ(Stored(1, 1), "committed");
+}
+
+// Escape in each editor kind: the value it opened with comes back and the commit
+// that follows leaves the English document as it was.
+TEST_F(Undo, EscapeRestoresEveryEditorKind) {
+    Load({Row("TextBox"), Row("ComboBox", R"(ListValues="x;y")"), kCapacity,
+          Row("UnitDrop", R"(Unit="FT_TO_M;INCH_TO_MM" Format="0.0;0")")},
+         {Column({{"a"}, {"x"}, {"12.50"}, {"3.0(ft)"}})});
+    const std::string loaded = control().XML();
+    for (int row = 1; row <= 4; ++row) {
+        SCOPED_TRACE(row);
+        Click(row, 1);
+        const EditorValue opened = VisibleEditorValue(form());
+        if (row == 2) {
+            ASSERT_TRUE(form().cboComboBoxControl.userPick("y"));
+        }
+        if (row == 4) {
+            ASSERT_TRUE(form().unitDropControl.UserPickUnit("in"));
+        }
+        if (row != 2) Paste("99");
+        EXPECT_NE(VisibleEditorValue(form()), opened);
+        Escape();
+        EXPECT_EQ(VisibleEditorValue(form()), opened);
+        PointAtHeader();
+    }
+    EXPECT_EQ(control().XML(), loaded);
+}
+
+// The control's key-up handler swallows every key-up while the selection is in the
+// data area; the editing keys act before it, wherever the focus is in the control.
+TEST_F(Undo, KeysActWithTheGridTreeOrButtonFocused) {
+    Load({Row("TextBox")}, {Column({{"a"}})});
+    for (Component* focus : std::vector<Component*>{&grid(), &form().treTreeView, &form().cmdOK}) {
+        SCOPED_TRACE(focus->name());
+        Edit(1, 1, "b");
+        focus->setFocus();
+        ASSERT_GE(grid().colSel(), 1);
+        CtrlKey('Z');
+        EXPECT_EQ(Stored(1, 1), "a");
+        focus->setFocus();
+        CtrlKey('Y');
+        EXPECT_EQ(Stored(1, 1), "b");
+        ASSERT_TRUE(control().Undo());
+    }
+    EXPECT_THAT(host.events(), IsEmpty());
+}
+
+TEST_F(Undo, ModifiedFollowsTheSavedState) {
+    Load({Row("TextBox")}, {Column({{"a"}})});
+    EXPECT_FALSE(control().IsModified());
+    Edit(1, 1, "a");  // written, but the document is as it was
+    EXPECT_FALSE(control().IsModified());
+    Edit(1, 1, "b");
+    EXPECT_TRUE(control().IsModified());
+    control().Undo();
+    EXPECT_FALSE(control().IsModified());
+    control().Redo();
+    form().cmdOK.userClick();  // OKClick for a LoadXML document: saved
+    EXPECT_FALSE(control().IsModified());
+    control().Undo();
+    EXPECT_TRUE(control().IsModified());
+    Edit(1, 1, "c");  // the saved state can no longer be reached
+    control().Undo();
+    EXPECT_TRUE(control().IsModified());
+
+    // A file: OK saves it; a save that fails leaves the flag set.
+    ASSERT_TRUE(LoadPath(TempFile("doc.xml", Document({Row("TextBox")}, {Column({{"a"}})}))));
+    Edit(1, 1, "b");
+    form().cmdOK.userClick();
+    EXPECT_FALSE(control().IsModified());
+    Edit(1, 1, "c");
+    core().doc.strXMLPath = (TempDir() / "missing" / "doc.xml").string();
+    form().cmdOK.userClick();
+    EXPECT_TRUE(control().IsModified());
+}
+
+// What a block edit (paste, fill) does: many commits, the host asked once per column,
+// all of it one step.
+TEST_F(Undo, AStepGuardMakesManyCommitsOneStep) {
+    Load({Row("TextBox"), Row("TextBox")},
+         {Column({{"a", true, true, true}, {"b"}}), Column({{"c", true, true, true}, {"d"}})});
+    const std::string loaded = control().XML();
+    host.onAppGridEventHandler = [](xml::Node& gridValue) {
+        gridValue.select("CellValues/CellValue[2]")[0].setText("host");
+    };
+    {
+        const EditHistory::StepGuard block(core().history, CurrentLocation(core()));
+        for (int col = 1; col <= 2; ++col) {
+            Click(1, col);
+            Paste("pasted");
+        }
+        PointAtHeader();
+    }
+    EXPECT_EQ(host.eventsOf(HostEventKind::AppGridEventHandler).size(), 2u);
+    EXPECT_EQ(core().history.undoCount(), 1u);
+    ASSERT_TRUE(control().Undo());
+    EXPECT_EQ(control().XML(), loaded);
+    EXPECT_FALSE(control().CanUndo());
+}
+
+// Memory kept per step grows with the elements changed, not with the document.
+TEST_F(Undo, AStepKeepsTheChangedCellNotTheDocument) {
+    std::vector<std::size_t> bytes;
+    for (const int keys : {1, 400}) {
+        std::string more;
+        for (int k = 0; k < keys; ++k)
+            more += CellValues("O" + std::to_string(k), {{"other value"}, {"other"}});
+        Load({Row("TextBox"), Row("TextBox")}, {Column({{"a"}, {"b"}}, more)});
+        Edit(1, 1, "b");
+        bytes.push_back(core().history.bytes());
+    }
+    EXPECT_EQ(bytes[0], bytes[1]);
+    EXPECT_LT(bytes[0], 2048u);
+}
+
+}  // namespace
+}  // namespace tabulon::testing
