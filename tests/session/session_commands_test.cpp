@@ -46,6 +46,24 @@ TEST(SessionHostCalls, MessageBoxesPrintBeforeTheCallsResult) {
     EXPECT_FALSE(run.lines[1]["result"].boolean);
 }
 
+// Undo, redo, the modified flag and the protective switch are host calls; the keys
+// reach the same undo (compared with the widget in tests/qt/session_parity_test.cpp).
+TEST(SessionHostCalls, UndoRedoAndTheEditStateAnswerAsTheControlDoes) {
+    const SessionRun run = RunSession(
+        "loadxml samples/english.xml\nprotective\nset-protective true\nprotective\n"
+        "undo\nnode PUMPS\nclick 1 1\nset-text \"CHWP-9\"\nkey Enter\nmodified\ncan-undo\n"
+        "key z ctrl\nmodified\ncan-redo\nredo\nredo\nmodified\n");
+    EXPECT_EQ(run.status, 0);
+    std::vector<bool> results;
+    for (const JsonValue& line : run.lines) {
+        if (line.has("result")) results.push_back(line["result"].boolean);
+    }
+    // loadxml, protective, protective, undo (nothing yet), modified, can-undo, then
+    // after Ctrl+Z: modified, can-redo, redo, redo (nothing left), modified.
+    EXPECT_EQ(results, (std::vector<bool>{true, false, true, false, true, true, false, true, true,
+                                          false, true}));
+}
+
 // MovePreviousCell has no handler of its own: a scroll step above the first row is a
 // failure that reaches the host.
 TEST(SessionHostCalls, AFailureReachingTheHostPrintsAnException) {

@@ -88,7 +88,8 @@ INSTANTIATE_TEST_SUITE_P(
                       MalformedCase{"pick \"Yes\"", "pick: the pick-list editor is not open"},
                       MalformedCase{"pick-unit \"ft\"", "pick-unit: the unit drop-down editor"},
                       MalformedCase{"drag-col-border 0 10",
-                                    "drag-col-border: the grid has no column"}));
+                                    "drag-col-border: the grid has no column"},
+                      MalformedCase{"set-protective 1", "set-protective: expected true or false"}));
 
 TEST(SessionScript, ReadsAScriptFileWithCrLfLineEnds) {
     const std::string script =
