@@ -26,6 +26,14 @@ bool Generic_SP_Control::IsModified() const {
     return core_->history.Modified();
 }
 
+void Generic_SP_Control::SetModified(bool modified) {
+    if (modified) {
+        core_->history.ForgetSaved();
+    } else {
+        core_->history.MarkSaved();
+    }
+}
+
 bool Generic_SP_Control::ProtectiveEditing() const {
     return core_->protectiveEditing;
 }

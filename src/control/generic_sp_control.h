@@ -139,6 +139,9 @@ public:
     // changes during AppGridEventHandler); false after a load, after OK saved the
     // file or raised OKClick for a LoadXML document, and after undoing back to there.
     bool IsModified() const;
+    // For a host that saves XML() itself: false makes the document as it is now the
+    // saved one; true makes it count as changed until it is saved again.
+    void SetModified(bool modified);
     // Protective editing, off by default: where it differs from the design, see
     // docs/embedding.md. It takes effect at once and is not saved with the settings.
     bool ProtectiveEditing() const;

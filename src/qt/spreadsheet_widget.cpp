@@ -7,6 +7,7 @@
 #include <QWheelEvent>
 #include <cmath>
 
+#include <exception>
 #include <unordered_map>
 #include <vector>
 
@@ -47,6 +48,29 @@ public:
     void wheelOverGrid(const QWheelEvent& event) override;
     void runGesture(const std::function<void()>& gesture) override;
 
+    // Counts the gestures and host calls under way; when the outermost ends, the
+    // edit-state signals follow for what changed.
+    class EditStateAfterwards {
+    public:
+        explicit EditStateAfterwards(Private& d) : d_(d), failures_(std::uncaught_exceptions()) {
+            ++d_.calls_;
+        }
+        ~EditStateAfterwards();
+        EditStateAfterwards(const EditStateAfterwards&) = delete;
+        EditStateAfterwards& operator=(const EditStateAfterwards&) = delete;
+
+    private:
+        Private& d_;
+        int failures_;
+    };
+    // A member of the control called by the host, with the signals afterwards.
+    template <class Call>
+    auto hostCall(Call&& call) {
+        const EditStateAfterwards afterwards(*this);
+        return call();
+    }
+    void emitEditState();
+
     void buildBindings();
     template <class B, class... Args>
     B& bind(Args&&... args);
@@ -67,6 +91,10 @@ public:
     std::vector<std::unique_ptr<ComponentBinding>> bindings_;
     std::unordered_map<const Component*, ComponentBinding*> byModel_;
     int focusToken_ = 0;
+    int calls_ = 0;
+    bool canUndo_ = false;
+    bool canRedo_ = false;
+    bool modified_ = false;
 };
 
 SpreadsheetWidget::SpreadsheetWidget(QWidget* parent, PropertyBag* savedSettings,
@@ -196,7 +224,7 @@ gGeneralProperty_type SpreadsheetWidget::GeneralProperty() const {
 }
 
 void SpreadsheetWidget::setGeneralProperty(const gGeneralProperty_type& value) {
-    d_->control_->SetGeneralProperty(value);
+    d_->hostCall([&] { d_->control_->SetGeneralProperty(value); });
 }
 
 gButtonProperty_type SpreadsheetWidget::ButtonProperty() const {
@@ -207,14 +235,38 @@ void SpreadsheetWidget::setButtonProperty(const gButtonProperty_type& value) {
     d_->control_->SetButtonProperty(value);
 }
 
+bool SpreadsheetWidget::ProtectiveEditing() const {
+    return d_->control_->ProtectiveEditing();
+}
+
+void SpreadsheetWidget::setProtectiveEditing(bool on) {
+    d_->control_->SetProtectiveEditing(on);
+}
+
+bool SpreadsheetWidget::canUndo() const {
+    return d_->control_->CanUndo();
+}
+
+bool SpreadsheetWidget::canRedo() const {
+    return d_->control_->CanRedo();
+}
+
+bool SpreadsheetWidget::isModified() const {
+    return d_->control_->IsModified();
+}
+
+void SpreadsheetWidget::setModified(bool modified) {
+    d_->hostCall([&] { d_->control_->SetModified(modified); });
+}
+
 // --- members
 
 bool SpreadsheetWidget::Load(const QString& XMLSource) {
-    return d_->control_->Load(ToStdString(XMLSource));
+    return d_->hostCall([&] { return d_->control_->Load(ToStdString(XMLSource)); });
 }
 
 bool SpreadsheetWidget::LoadXML(const QString& bstrXML) {
-    return d_->control_->LoadXML(ToStdString(bstrXML));
+    return d_->hostCall([&] { return d_->control_->LoadXML(ToStdString(bstrXML)); });
 }
 
 void SpreadsheetWidget::Reposition_Button() {
@@ -226,19 +278,27 @@ void SpreadsheetWidget::RefreshAdvanceScrollbars() {
 }
 
 void SpreadsheetWidget::MoveNextCell(qint16 KeyAscii) {
-    d_->control_->MoveNextCell(KeyAscii);
+    d_->hostCall([&] { d_->control_->MoveNextCell(KeyAscii); });
 }
 
 void SpreadsheetWidget::MovePreviousCell(qint16 KeyAscii) {
-    d_->control_->MovePreviousCell(KeyAscii);
+    d_->hostCall([&] { d_->control_->MovePreviousCell(KeyAscii); });
 }
 
 void SpreadsheetWidget::MoveNextColumn() {
-    d_->control_->MoveNextColumn();
+    d_->hostCall([&] { d_->control_->MoveNextColumn(); });
 }
 
 void SpreadsheetWidget::MovePreviousColumn() {
-    d_->control_->MovePreviousColumn();
+    d_->hostCall([&] { d_->control_->MovePreviousColumn(); });
+}
+
+bool SpreadsheetWidget::Undo() {
+    return d_->hostCall([&] { return d_->control_->Undo(); });
+}
+
+bool SpreadsheetWidget::Redo() {
+    return d_->hostCall([&] { return d_->control_->Redo(); });
 }
 
 // --- size, showing, focus
@@ -330,11 +390,32 @@ void SpreadsheetWidget::Private::wheelOverGrid(const QWheelEvent& event) {
 }
 
 void SpreadsheetWidget::Private::runGesture(const std::function<void()>& gesture) {
+    const EditStateAfterwards afterwards(*this);
     try {
         gesture();
     } catch (...) {
         sink_.Critical(DescribeCurrentException());
     }
+}
+
+SpreadsheetWidget::Private::EditStateAfterwards::~EditStateAfterwards() {
+    if (--d_.calls_ > 0) return;
+    if (std::uncaught_exceptions() > failures_) {
+        // Not while a failure travels to the host: once the event loop runs again.
+        QMetaObject::invokeMethod(
+            &d_.q_, [d = &d_] { d->emitEditState(); }, Qt::QueuedConnection);
+        return;
+    }
+    d_.emitEditState();
+}
+
+void SpreadsheetWidget::Private::emitEditState() {
+    const bool canUndo = control_->CanUndo();
+    const bool canRedo = control_->CanRedo();
+    const bool modified = control_->IsModified();
+    if (canUndo != canUndo_) Q_EMIT q_.canUndoChanged(canUndo_ = canUndo);
+    if (canRedo != canRedo_) Q_EMIT q_.canRedoChanged(canRedo_ = canRedo);
+    if (modified != modified_) Q_EMIT q_.modifiedChanged(modified_ = modified);
 }
 
 }  // namespace tabulon

@@ -23,6 +23,12 @@
 // - Keyboard focus kept with the model's: the focused component's widget has Qt's
 //   focus; when no component has it, the widget itself may take it, and keys then
 //   belong to the host (Tab leaves the control as usual).
+// - Undo and redo (Undo, Redo; Ctrl+Z, Ctrl+Y and Ctrl+Shift+Z while the control has
+//   the focus, before any shortcut of the host), the modified flag and the
+//   ProtectiveEditing switch. canUndoChanged, canRedoChanged and modifiedChanged are
+//   emitted when the value changed, once the outermost user's gesture or host call
+//   that changed it has finished: a slot that calls the widget while one of the
+//   control's signals runs sees them afterwards.
 //
 // Failures: members the control lets fail (the moves, DisplayColWidth ...) throw
 // their RuntimeFailure to the caller, as the control reaches its host. A failure
@@ -56,6 +62,11 @@ class SpreadsheetWidget : public QWidget {
                    setGeneralProperty)
     Q_PROPERTY(
         tabulon::gButtonProperty_type ButtonProperty READ ButtonProperty WRITE setButtonProperty)
+    // Off by default: see docs/embedding.md for what it changes.
+    Q_PROPERTY(bool ProtectiveEditing READ ProtectiveEditing WRITE setProtectiveEditing)
+    Q_PROPERTY(bool canUndo READ canUndo NOTIFY canUndoChanged)
+    Q_PROPERTY(bool canRedo READ canRedo NOTIFY canRedoChanged)
+    Q_PROPERTY(bool modified READ isModified WRITE setModified NOTIFY modifiedChanged)
 
 public:
     using MessageHandler = tabulon::MessageHandler;
@@ -84,6 +95,14 @@ public:
     void setGeneralProperty(const gGeneralProperty_type& value);
     gButtonProperty_type ButtonProperty() const;
     void setButtonProperty(const gButtonProperty_type& value);
+    bool ProtectiveEditing() const;
+    void setProtectiveEditing(bool on);
+    bool canUndo() const;
+    bool canRedo() const;
+    bool isModified() const;
+    // false: the document as it is counts as saved (a host that wrote XML itself);
+    // true: it counts as changed.
+    void setModified(bool modified);
 
     // --- for advanced hosts and tests
     Generic_SP_Control& control();
@@ -106,6 +125,8 @@ public Q_SLOTS:
     void MovePreviousCell(qint16 KeyAscii);
     void MoveNextColumn();
     void MovePreviousColumn();
+    bool Undo();
+    bool Redo();
 
 Q_SIGNALS:
     void OKClick();
@@ -115,6 +136,9 @@ Q_SIGNALS:
     void AppGridEventHandler(tabulon::xml::Node* ValidationXML);
     // The named settings record ("GeneralProperty", "ButtonProperty") changed.
     void PropertyChanged(const QString& name);
+    void canUndoChanged(bool canUndo);
+    void canRedoChanged(bool canRedo);
+    void modifiedChanged(bool modified);
 
 protected:
     bool event(QEvent* event) override;

@@ -109,6 +109,8 @@ public:
     // No steps; the document as it is now counts as saved.
     void Clear();
     void MarkSaved() { saved_ = applied_; }
+    // No position counts as saved any more.
+    void ForgetSaved() { saved_.reset(); }
     bool Modified() const { return saved_ != applied_; }
 
 private:

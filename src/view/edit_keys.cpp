@@ -24,6 +24,13 @@ constexpr EditKeyRow kEditKeys[] = {
 
 }  // namespace
 
+bool IsEditKey(int keyCode, int shift) {
+    for (const EditKeyRow& row : kEditKeys) {
+        if (row.keyCode == keyCode && row.shift == shift) return true;
+    }
+    return false;
+}
+
 bool HandleEditKey(ControlCore& core, int keyCode, int shift) {
     for (const EditKeyRow& row : kEditKeys) {
         if (row.keyCode != keyCode || row.shift != shift) continue;

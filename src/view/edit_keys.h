@@ -13,4 +13,7 @@ namespace tabulon {
 // kCtrlBit, kAltBit, matched exactly); true when it was.
 bool HandleEditKey(ControlCore& core, int keyCode, int shift);
 
+// True for the keys above, whether or not they would act now.
+bool IsEditKey(int keyCode, int shift);
+
 }  // namespace tabulon

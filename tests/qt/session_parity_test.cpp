@@ -254,6 +254,31 @@ TEST_F(SessionParity, EditingAMetricNumberStoresItLikeTheSession) {
     EXPECT_EQ(form().msgGridView.row(), 2);
 }
 
+// The editor's own undo first, Escape, then the document's undo and redo: Ctrl+Z,
+// Ctrl+Y and Ctrl+Shift+Z from the line edit and from the grid.
+TEST_F(SessionParity, UndoRedoAndEscapeKeysMatchTheSession) {
+    const std::string path = LoadCopy("english.xml");
+    ClickNode("PUMPS");
+    ClickCell(1, 1);
+    TypeText(QStringLiteral("P9"));
+    KeyClick(Qt::Key_Z, Qt::ControlModifier);  // the typing goes, the document stays
+    TypeText(QStringLiteral("P7"));
+    KeyClick(Qt::Key_Tab);  // committed; the host checks the tag
+    TypeText(QStringLiteral("x"));
+    KeyClick(Qt::Key_Escape);
+    KeyClick(Qt::Key_Z, Qt::ControlModifier);  // the commit undone, cell (1, 1) current
+    EXPECT_EQ(form().msgGridView.textMatrix(1, 1), "CHWP-1");
+    EXPECT_TRUE(widget().widgetFor(form().msgGridView)->hasFocus());
+    KeyClick(Qt::Key_Y, Qt::ControlModifier);
+    KeyClick(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);  // nothing more to redo
+
+    ExpectSameAs(path,
+                 "node PUMPS\nclick 1 1\ntype \"P9\"\nkey z ctrl\ntype \"P7\"\nkey Tab\n"
+                 "type \"x\"\nkey Escape\nkey z ctrl\nkey y ctrl\nkey z ctrl+shift\n");
+    EXPECT_EQ(form().msgGridView.textMatrix(1, 1), "P7");
+    EXPECT_EQ(events.size(), 1u);  // undo and redo do not ask the host again
+}
+
 TEST_F(SessionParity, ABrokenDocumentShowsTheSameMessages) {
     EXPECT_FALSE(widget().LoadXML(QStringLiteral("<xml><bad")));
     EXPECT_EQ(messages, SessionMessages(RunSteps("loadxml-text \"<xml><bad\"\n")));

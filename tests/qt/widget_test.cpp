@@ -1,5 +1,6 @@
 // SpreadsheetWidget as a host and a user meet it: placement, sizing, focus, keys,
 // editing in the line edit, signals, properties and pictures.
+#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
@@ -194,6 +195,41 @@ TEST_F(WidgetBehaviour, PropertiesWorkThroughQtsPropertySystem) {
     widget().setProperty("ButtonProperty", QVariant::fromValue(buttons));
     EXPECT_TRUE(widget().widgetFor(form().cmdHelp)->isHidden());
     EXPECT_EQ(changed.count(), 2);
+}
+
+// The edit state's signals come once the gesture is over, one per change; the undo
+// keys reach the control before a shortcut of the host.
+TEST_F(WidgetBehaviour, EditStateSignalsFollowEditsUndoAndSaving) {
+    QAction hostUndo(QStringLiteral("Host undo"), &widget());
+    hostUndo.setShortcut(QKeySequence::Undo);
+    widget().addAction(&hostUndo);
+    QSignalSpy hostShortcut(&hostUndo, &QAction::triggered);
+    EditPumpTag();
+    QSignalSpy canUndo(&widget(), &SpreadsheetWidget::canUndoChanged);
+    QSignalSpy canRedo(&widget(), &SpreadsheetWidget::canRedoChanged);
+    QSignalSpy modified(&widget(), &SpreadsheetWidget::modifiedChanged);
+    TypeText(QStringLiteral("P8"));
+    EXPECT_EQ(canUndo.count(), 1);  // the editor's own change can be undone
+    EXPECT_EQ(modified.count(), 0);
+    KeyClick(Qt::Key_Return);
+    EXPECT_EQ(canUndo.count(), 1);
+    ASSERT_EQ(modified.count(), 1);
+    EXPECT_TRUE(modified.at(0).at(0).toBool());
+    EXPECT_TRUE(widget().property("modified").toBool());
+
+    KeyClick(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(hostShortcut.count(), 0);
+    EXPECT_FALSE(widget().isModified());
+    EXPECT_EQ(canRedo.count(), 1);
+    EXPECT_TRUE(widget().Redo());
+    EXPECT_TRUE(widget().isModified());
+    widget().setModified(false);  // a host that saved XML itself
+    EXPECT_EQ(modified.count(), 4);
+    EXPECT_FALSE(modified.at(3).at(0).toBool());
+
+    EXPECT_FALSE(widget().property("ProtectiveEditing").toBool());
+    EXPECT_TRUE(widget().setProperty("ProtectiveEditing", true));
+    EXPECT_TRUE(widget().control().ProtectiveEditing());
 }
 
 TEST_F(WidgetBehaviour, ModelChangesByCodeShowInTheirWidgets) {

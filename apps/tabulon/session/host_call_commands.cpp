@@ -114,12 +114,22 @@ void Protective(Session& s, Args) {
     s.output().Result(s.control().ProtectiveEditing());
 }
 
-void SetProtective(Session& s, Args args) {
-    const std::optional<std::int16_t> on = ParseBoolean(args[0].text);
+// true or false, the only values the two switches take.
+bool SwitchArgument(std::string_view command, const Word& word) {
+    const std::optional<std::int16_t> on = ParseBoolean(word.text);
     if (!on || (*on != 0 && *on != -1)) {
-        throw ScriptError("set-protective: expected true or false, got \"" + args[0].text + "\"");
+        throw ScriptError(std::string(command) + ": expected true or false, got \"" + word.text +
+                          "\"");
     }
-    s.control().SetProtectiveEditing(*on != 0);
+    return *on != 0;
+}
+
+void SetProtective(Session& s, Args args) {
+    s.control().SetProtectiveEditing(SwitchArgument("set-protective", args[0]));
+}
+
+void SetModified(Session& s, Args args) {
+    s.control().SetModified(SwitchArgument("set-modified", args[0]));
 }
 
 void SaveBag(Session& s, Args args) {
@@ -174,6 +184,10 @@ constexpr ScriptCommand kCommands[] = {
      "Calls IsModified: whether the document changed since it was loaded or "
      "saved.",
      0, 0, false, Modified},
+    {"set-modified", "true|false",
+     "Calls SetModified: false makes the document as it is the saved one (a host that saved "
+     "XML itself), true makes it count as changed.",
+     1, 1, false, SetModified},
     {"protective", "", "Reads the ProtectiveEditing switch.", 0, 0, false, Protective},
     {"set-protective", "true|false", "Writes the ProtectiveEditing switch (off by default).", 1, 1,
      false, SetProtective},

@@ -5,6 +5,7 @@
 
 #include "control/control_access.h"
 #include "qt/key_translation.h"
+#include "view/edit_keys.h"
 
 namespace tabulon {
 
@@ -29,6 +30,8 @@ bool ControlWantsKey(const QKeyEvent& event) {
         default:
             break;
     }
+    const KeyStroke stroke = TranslateKeyEvent(event);
+    if (IsEditKey(stroke.keyCode, stroke.shift)) return true;
     const Qt::KeyboardModifiers commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
     return (event.modifiers() & commands) == 0 && !event.text().isEmpty();
 }

@@ -61,8 +61,8 @@ private:
 };
 
 // Whether a key reaches the control rather than a shortcut of the host: keys the
-// control navigates with (Tab, Enter, F5..F8, with any modifiers) and keys that type
-// a character.
+// control navigates with (Tab, Enter, F5..F8, with any modifiers), its editing keys
+// (Ctrl+Z, Ctrl+Y, Ctrl+Shift+Z, Escape) and keys that type a character.
 bool ControlWantsKey(const QKeyEvent& event);
 
 }  // namespace tabulon
