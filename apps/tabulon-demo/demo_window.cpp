@@ -2,11 +2,13 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCloseEvent>
 #include <QDockWidget>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QSaveFile>
 #include <QStatusBar>
 #include <QTextDocument>
@@ -65,6 +67,14 @@ void DemoWindow::buildMenus() {
     file->addSeparator();
     file->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
 
+    QMenu* edit = menuBar()->addMenu(tr("&Edit"));
+    undoAction_ = edit->addAction(tr("&Undo"), this, [this] { spreadsheet_->Undo(); });
+    undoAction_->setShortcut(QKeySequence::Undo);
+    redoAction_ = edit->addAction(tr("&Redo"), this, [this] { spreadsheet_->Redo(); });
+    redoAction_->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence::Redo});
+    undoAction_->setEnabled(spreadsheet_->canUndo());
+    redoAction_->setEnabled(spreadsheet_->canRedo());
+
     QMenu* properties = menuBar()->addMenu(tr("&Properties"));
     properties->addAction(tr("&General..."), this,
                           [this] { openPropertyPage(PropertyPageDialog::Kind::General); });
@@ -73,15 +83,62 @@ void DemoWindow::buildMenus() {
 
     QMenu* view = menuBar()->addMenu(tr("&View"));
     view->addAction(logDock_->toggleViewAction());
+    protectiveAction_ = view->addAction(tr("&Protective editing"), this,
+                                        [this](bool on) { setProtectiveEditing(on); });
+    protectiveAction_->setCheckable(true);
+    protectiveAction_->setChecked(protectiveEditing_);
+}
+
+void DemoWindow::setProtectiveEditing(bool on) {
+    protectiveEditing_ = on;
+    spreadsheet_->setProtectiveEditing(on);
+    if (protectiveAction_ != nullptr) protectiveAction_->setChecked(on);
+    log_->note(QStringLiteral("ProtectiveEditing: ") + YesNo(on));
+}
+
+bool DemoWindow::mayCloseDocument() {
+    if (!spreadsheet_->isModified()) return true;
+    if (!interactive_) {
+        log_->note(QStringLiteral("Unsaved changes to ") + documentName_ +
+                   QStringLiteral(" discarded"));
+        return true;
+    }
+    QMessageBox ask(QMessageBox::Warning, QApplication::applicationDisplayName(),
+                    tr("%1 has changes that are not saved.").arg(documentName_),
+                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
+    ask.setInformativeText(tr("Save them to a file before you go on?"));
+    ask.setDefaultButton(QMessageBox::Save);
+    switch (ask.exec()) {
+        case QMessageBox::Save:
+            return chooseSaveTarget();
+        case QMessageBox::Discard:
+            log_->note(QStringLiteral("Unsaved changes to ") + documentName_ +
+                       QStringLiteral(" discarded"));
+            return true;
+        default:
+            return false;
+    }
+}
+
+void DemoWindow::closeEvent(QCloseEvent* event) {
+    if (mayCloseDocument()) {
+        event->accept();
+    } else {
+        event->ignore();
+    }
 }
 
 void DemoWindow::makeSpreadsheet() {
     spreadsheet_ = new SpreadsheetWidget(
         this, savedSettings_,
         [this](MessageIcon icon, const QString& text) { showMessage(icon, text); });
+    spreadsheet_->setProtectiveEditing(protectiveEditing_);
     setCentralWidget(spreadsheet_);
     connectSignals();
     spreadsheetUsed_ = false;
+    setWindowModified(false);
+    if (undoAction_ != nullptr) undoAction_->setEnabled(false);
+    if (redoAction_ != nullptr) redoAction_->setEnabled(false);
 }
 
 SpreadsheetWidget& DemoWindow::controlForDocument() {
@@ -129,6 +186,11 @@ void DemoWindow::connectSignals() {
     connect(w, &SpreadsheetWidget::AppGridEventHandler, this, [this](xml::Node* element) {
         log_->note(QStringLiteral("AppGridEventHandler: ") + ToQString(element->serialize()));
     });
+    connect(w, &SpreadsheetWidget::modifiedChanged, this, &QWidget::setWindowModified);
+    connect(w, &SpreadsheetWidget::canUndoChanged, this,
+            [this](bool can) { undoAction_->setEnabled(can); });
+    connect(w, &SpreadsheetWidget::canRedoChanged, this,
+            [this](bool can) { redoAction_->setEnabled(can); });
     connect(w, &SpreadsheetWidget::PropertyChanged, this, [this](const QString& name) {
         log_->note(QStringLiteral("PropertyChanged: ") + name);
         if (designSettings_ != nullptr) designSettings_->recordChanged(*spreadsheet_);
@@ -143,9 +205,10 @@ void DemoWindow::showMessage(MessageIcon icon, const QString& text) {
 
 void DemoWindow::setDocumentTitle(const QString& name) {
     documentName_ = name;
+    // "[*]" is where Qt shows "*" while the window is modified.
     setWindowTitle(name.isEmpty()
                        ? QApplication::applicationDisplayName()
-                       : name + QStringLiteral(" - ") + QApplication::applicationDisplayName());
+                       : name + QStringLiteral("[*] - ") + QApplication::applicationDisplayName());
 }
 
 bool DemoWindow::openDocument(const QString& path) {
@@ -188,6 +251,7 @@ bool DemoWindow::saveXml(const QString& path) {
     log_->note(
         QStringLiteral("Save as ") + path + QStringLiteral(": ") +
         (saved ? QStringLiteral("%1 characters written").arg(xml.size()) : file.errorString()));
+    if (saved) spreadsheet_->setModified(false);
     return saved;
 }
 
@@ -242,20 +306,22 @@ PropertyPageDialog* DemoWindow::openPropertyPage(PropertyPageDialog::Kind kind) 
 }
 
 void DemoWindow::chooseDocument() {
+    if (!mayCloseDocument()) return;
     const QString path = QFileDialog::getOpenFileName(this, tr("Open document"), QString(),
                                                       tr("XML documents (*.xml);;All files (*)"));
     if (!path.isEmpty()) openDocument(path);
 }
 
 void DemoWindow::chooseXmlText() {
+    if (!mayCloseDocument()) return;
     XmlTextDialog dialog(this);
     if (dialog.exec() == QDialog::Accepted) openXmlText(dialog.text(), tr("text"));
 }
 
-void DemoWindow::chooseSaveTarget() {
+bool DemoWindow::chooseSaveTarget() {
     const QString path = QFileDialog::getSaveFileName(this, tr("Save as"), QString(),
                                                       tr("XML documents (*.xml);;All files (*)"));
-    if (!path.isEmpty()) saveXml(path);
+    return !path.isEmpty() && saveXml(path);
 }
 
 void DemoWindow::choosePdfTarget() {

@@ -3,8 +3,11 @@
 //
 // - File: Open... (Load), Open from text... (LoadXML), Save as... (writes the XML
 //   property), Print preview... and Export PDF... of the last View/Print report, Quit.
+// - Edit: Undo and Redo, enabled as the control says.
 // - Properties: General... and Advanced... open the control's two property pages.
-// - View: shows or hides the log pane.
+// - View: shows or hides the log pane; Protective editing switches the control's
+//   ProtectiveEditing (on in the demo, for every control it makes).
+// The title carries "*" while the document has changes that are not saved.
 // Every signal of the control, every message box (the control's and the pages') and
 // every host action is written to the log pane (EventLog).
 //
@@ -24,6 +27,10 @@
 //   are only logged, the preview is not opened and property pages open modeless.
 // - The document's pictures are found as the control finds them, relative to the
 //   current directory.
+// - A document with unsaved changes is not set aside without asking: Quit (closing the
+//   window) and opening another document first ask to save it (Save as), discard it or
+//   cancel. Save as counts as saving. Not interactive, nothing asks and the changes
+//   are discarded, which the log notes.
 #pragma once
 
 #include <QList>
@@ -40,6 +47,7 @@
 #include "qt/qt_message_sink.h"
 
 class QAction;
+class QCloseEvent;
 class QDockWidget;
 
 namespace tabulon {
@@ -90,6 +98,17 @@ public:
     // window).
     PropertyPageDialog* openPropertyPage(PropertyPageDialog::Kind kind);
 
+    // The View menu's switch, applied to the control now and to every later one.
+    bool protectiveEditing() const { return protectiveEditing_; }
+    void setProtectiveEditing(bool on);
+
+    // True when the current document may be set aside: it has no unsaved changes, or
+    // the user saved or discarded them (see above).
+    bool mayCloseDocument();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
 private:
     // The control a document is loaded into: the current one while it never had one,
     // else a fresh one in its place.
@@ -108,7 +127,8 @@ private:
     // Menu handlers.
     void chooseDocument();
     void chooseXmlText();
-    void chooseSaveTarget();
+    // True when the document was saved.
+    bool chooseSaveTarget();
     void choosePdfTarget();
 
     // The log and the message mode exist before the control, which may show messages
@@ -127,6 +147,10 @@ private:
     SpreadsheetWidget* spreadsheet_;
     QAction* previewAction_ = nullptr;
     QAction* pdfAction_ = nullptr;
+    QAction* undoAction_ = nullptr;
+    QAction* redoAction_ = nullptr;
+    QAction* protectiveAction_ = nullptr;
+    bool protectiveEditing_ = true;
     QString lastReport_;
     QString documentName_;
 };

@@ -3,6 +3,8 @@
 // logged, and the Properties menu opens the pages modally.
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
@@ -147,6 +149,44 @@ TEST_F(DemoWindowTest, EachDocumentOpensInAFreshControlAndTheLogExplainsAnErrorS
                                    QStringLiteral(": true (the document is valid, but the control "
                                                   "reported \"Unexpected Error - 1032\"")))
         << LogText().toStdString();
+}
+
+// The title shows "*" while the document has unsaved changes; quitting then asks first,
+// and the Edit menu's Undo takes the change back. Protective editing is on in the demo.
+TEST_F(DemoWindowTest, UnsavedChangesMarkTheTitleAndQuittingAsksFirst) {
+    ASSERT_TRUE(window.openXmlTextFile(QStringLiteral("samples/english.xml")));
+    EXPECT_TRUE(window.spreadsheet().ProtectiveEditing());
+    EXPECT_TRUE(window.windowTitle().startsWith(QStringLiteral("english.xml[*]")));
+    EXPECT_FALSE(window.isWindowModified());
+    DemoScript script(window);
+    ASSERT_EQ(script.run({{DemoStep::Kind::Node, {QStringLiteral("PUMPS")}},
+                          {DemoStep::Kind::Click, {QStringLiteral("1"), QStringLiteral("1")}},
+                          {DemoStep::Kind::Type, {QStringLiteral("P9")}},
+                          {DemoStep::Kind::Click, {QStringLiteral("2"), QStringLiteral("1")}}}),
+              QString());
+    EXPECT_TRUE(window.isWindowModified());
+
+    QString asked;
+    WhenModalOpens([&asked](QWidget* modal) {
+        if (auto* box = qobject_cast<QMessageBox*>(modal)) {
+            asked = box->text();
+            box->button(QMessageBox::Cancel)->click();
+        }
+    });
+    EXPECT_FALSE(window.close());
+    EXPECT_EQ(asked, QStringLiteral("english.xml has changes that are not saved."));
+    EXPECT_TRUE(window.isVisible());
+
+    QAction* undo = nullptr;
+    for (QAction* menu : window.menuBar()->actions()) {
+        if (menu->text() != QStringLiteral("&Edit")) continue;
+        undo = menu->menu()->actions().value(0);
+    }
+    ASSERT_NE(undo, nullptr);
+    ASSERT_TRUE(undo->isEnabled());
+    undo->trigger();
+    EXPECT_FALSE(window.isWindowModified());
+    EXPECT_TRUE(window.close());  // nothing to lose: no question
 }
 
 // A window made small keeps the control at its minimum size, buttons included.
