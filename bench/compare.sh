@@ -13,7 +13,9 @@
 #      `xmllint --valid --noout` on its DTD-prefixed copy (goal <= 0.5x);
 #   c. node selection at 100,000 against 100 tree nodes (goal <= 2x), a UnitDrop commit
 #      in a Metric document (goal < 1 ms), the validation gate on 1,000,000 CellValue
-#      elements (goal >= 20 million cells/s), the report of a 1,000-column grid;
+#      elements (goal >= 20 million cells/s), the report of a 1,000-column grid, undoing
+#      one edit in the 50 MB document (goal < 1 ms) and the journal's memory for that
+#      step against the same step in the 1 MB document (goal <= 1.0x);
 #   d. painting a full 1920x1080 viewport with the control's grid against a stock
 #      QTableWidget with the same texts and colours (goal <= 1.0x), and repainting
 #      after scrolling by one row (goal < 8 ms).
@@ -77,6 +79,14 @@ xmllint --valid --noout "$WORK/generated_50mb_dtd.xml"
 ours_kb=$(peak_kb "$BUILD/apps/tabulon/tabulon" validate "$WORK/generated_50mb.xml")
 xmllint_kb=$(peak_kb xmllint --valid --noout "$WORK/generated_50mb_dtd.xml")
 
+# A user counter of one benchmark's median, from a Google Benchmark CSV file.
+median_counter() {  # file, benchmark name (without _median), counter
+    awk -F, -v want="\"$2_median\"" -v counter="\"$3\"" '
+        /^name,/ { for (i = 1; i <= NF; i++) if ($i == counter) column = i }
+        $1 == want && column { print $column; found = 1 }
+        END { if (!found) print "nan" }' "$1"
+}
+
 # The median of one benchmark in milliseconds, from a Google Benchmark CSV file.
 median_ms() {  # file, benchmark name (without _median)
     awk -F, -v want="\"$2_median\"" '
@@ -113,7 +123,8 @@ for size in 1 10 50; do
 done
 for name in BM_SelectTreeNode/100 BM_SelectTreeNode/10000 BM_SelectTreeNode/100000 \
     BM_UnitDropCommitMetric BM_UnitDropEditCycleMetric BM_ValidationGate \
-    BM_ValidationGateAfterShapeChange BM_ReportText BM_PrintClick; do
+    BM_ValidationGateAfterShapeChange BM_ReportText BM_PrintClick BM_UndoOneEdit/1 \
+    BM_UndoOneEdit/50 BM_RedoOneEdit/50; do
     ms[$name]=$(median_ms "$core" "$name")
     figures+=("| $name | ${ms[$name]} ms |")
 done
@@ -146,6 +157,10 @@ check "validation gate, 1,000,000 CellValue elements" \
 printf '%-58s %12s M/s    (informative)\n' \
     "validation gate after the document changed shape" \
     "$(awk -v t="${ms[BM_ValidationGateAfterShapeChange]}" 'BEGIN { if (t == "nan") print "nan"; else printf "%.1f\n", 1000000 / (t / 1000) / 1e6 }')"
+check "undo of one edit in the 50 MB document" "${ms[BM_UndoOneEdit/50]}" "< 1 ms" lt 1 ms
+check "journal memory for that step, 50 MB / 1 MB document" \
+    "$(ratio "$(median_counter "$core" BM_UndoOneEdit/50 step_bytes)" \
+        "$(median_counter "$core" BM_UndoOneEdit/1 step_bytes)")" "<= 1.0x" le 1.0 x
 printf '%-58s %12s ms     (no goal)\n' "report of a 1,000-column grid" "${ms[BM_ReportText]}"
 rows+=("| report of a 1,000-column grid | ${ms[BM_ReportText]} ms | none | - |")
 if [ "$paint_ran" = 1 ]; then
