@@ -306,7 +306,7 @@ struct WeightedGesture {
     Gesture gesture;
 };
 
-constexpr std::array<WeightedGesture, 19> kGestures = {{
+constexpr std::array<WeightedGesture, 20> kGestures = {{
     {22, ClickValueCell},
     {3, ClickAnyCell},
     {3, MouseMove},
