@@ -3,7 +3,7 @@
 // exactly as it was loaded, and redoing every step gives XML() exactly as it was
 // when the newest step had just been made (JournalTop). After every undo and redo the
 // grid must agree with the document and nothing may be printed but the command's
-// result.
+// result; after the last undo, the grid must be the one a fresh control shows.
 #pragma once
 
 #include <cstdint>
