@@ -13,7 +13,7 @@ EditHistory::StepGuard::~StepGuard() {
 }
 
 void EditHistory::Record(ElementChange change) {
-    if (applying_) return;
+    if (applying) return;
     const StepGuard alone(*this, EditLocation{});
     open_.bytes += change.before.Bytes() + change.after.Bytes() + sizeof(ElementChange);
     open_.changes.push_back(std::move(change));

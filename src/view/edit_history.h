@@ -99,12 +99,11 @@ public:
     // The step the next Undo (Redo) applies; only when CanUndo (CanRedo).
     const EditStep& StepToUndo() const { return steps_[applied_ - 1]; }
     const EditStep& StepToRedo() const { return steps_[applied_]; }
-    // Moves the position once the caller has applied that step. While the caller
-    // applies it, Applying() is true and nothing is recorded.
+    // Moves the position once the caller has applied that step.
     void Undone();
     void Redone();
-    bool applying() const { return applying_; }
-    void setApplying(bool applying) { applying_ = applying; }
+    // Set while the caller applies a step: nothing is recorded meanwhile.
+    bool applying = false;
 
     // No steps; the document as it is now counts as saved.
     void Clear();
@@ -123,7 +122,6 @@ private:
     std::size_t bytes_ = 0;
     std::uint64_t recorded_ = 0;
     int depth_ = 0;
-    bool applying_ = false;
     EditStep open_;
 };
 

@@ -21,7 +21,7 @@ CellValueRecorder::CellValueRecorder(EditHistory& history, xml::Node element, in
     : history_(history),
       element_(element),
       column_(column),
-      before_(history.applying() ? xml::Snapshot() : xml::Snapshot::Of(element)) {}
+      before_(history.applying ? xml::Snapshot() : xml::Snapshot::Of(element)) {}
 
 CellValueRecorder::~CellValueRecorder() {
     if (before_.empty() || before_.Matches(element_)) return;
@@ -48,7 +48,7 @@ HostChangeRecorder::~HostChangeRecorder() {
 bool HostChangeRecorder::Changed() {
     compared_ = true;
     if (gridValue_.serialize() == before_) return false;
-    if (history_.applying()) return true;
+    if (history_.applying) return true;
     xml::Document earlier;
     if (!earlier.Parse(before_)) return true;
     for (const auto& [was, now] : xml::ChangedElements(earlier.documentElement(), gridValue_)) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "support/scoped_value.h"
 #include "view/cell_editors.h"
 #include "view/grid_fill.h"
 #include "view/node_selection.h"
@@ -13,33 +14,6 @@ namespace tabulon {
 namespace {
 
 enum class Direction { Back, Forward };
-
-// Nothing is recorded while a step is applied and shown.
-class Applying {
-public:
-    explicit Applying(EditHistory& history) : history_(history) { history_.setApplying(true); }
-    ~Applying() { history_.setApplying(false); }
-    Applying(const Applying&) = delete;
-    Applying& operator=(const Applying&) = delete;
-
-private:
-    EditHistory& history_;
-};
-
-// blnGridLoaded false for as long as it lives: grid notifications open and commit nothing.
-class GridQuiet {
-public:
-    explicit GridQuiet(DocumentModel& doc) : doc_(doc), loaded_(doc.blnGridLoaded) {
-        doc_.blnGridLoaded = false;
-    }
-    ~GridQuiet() { doc_.blnGridLoaded = loaded_; }
-    GridQuiet(const GridQuiet&) = delete;
-    GridQuiet& operator=(const GridQuiet&) = delete;
-
-private:
-    DocumentModel& doc_;
-    bool loaded_;
-};
 
 // Puts the step's content back; true when an element other than a CellValue changed
 // (the GridValueKey index may then be out of date).
@@ -67,7 +41,8 @@ void MakeCellCurrent(ControlCore& core, int row, int col) {
     const bool inside = row >= grid.fixedRows() && row < grid.rows() && col >= grid.fixedCols() &&
                         col < grid.cols();
     if (inside) {
-        const GridQuiet quiet(core.doc);
+        // While the grid counts as not loaded its notifications open and commit nothing.
+        const ScopedValue<bool> quiet(core.doc.blnGridLoaded, false);
         if (!grid.rowIsVisible(row)) grid.setTopRow(row);
         if (grid.colWidth(col) > 0 && !grid.colIsVisible(col)) grid.setLeftCol(col);
         grid.setRow(row);
@@ -106,7 +81,8 @@ void ShowStep(ControlCore& core, const EditStep& step, bool beyondCells) {
 
 void Apply(ControlCore& core, Direction direction) {
     EditHistory& history = core.history;
-    const Applying applying(history);
+    // Nothing is recorded while a step is applied and shown.
+    const ScopedValue<bool> applying(history.applying, true);
     HideCellEditors(core);
     core.blnEditorActive = false;
     core.unitRegistrar.reset();

@@ -8,6 +8,7 @@
 
 #include "common/files.h"
 #include "platform/xml/xml_document.h"
+#include "xml/parsed.h"
 
 namespace tabulon::xml {
 namespace {
@@ -30,12 +31,6 @@ mode_t ModeOf(const std::string& path) {
     struct stat info {};
     EXPECT_EQ(stat(path.c_str(), &info), 0) << path;
     return info.st_mode & 07777;
-}
-
-Document ParsedDocument(std::string_view text) {
-    Document document;
-    EXPECT_TRUE(document.Parse(text));
-    return document;
 }
 
 TEST(LoadFile, ReadsUtf8AndUtf16WithByteOrderMarks) {
@@ -77,7 +72,7 @@ TEST(LoadFile, UnreadableOrMalformedFilesFailNamingThePath) {
         {folder.file("surrogate.xml"), "not valid UTF-16"},
     };
     for (const auto& [path, cause] : cases) {
-        Document document = ParsedDocument("<old/>");
+        Document document = Parsed("<old/>");
         ParseError error;
         EXPECT_FALSE(document.LoadFile(path, &error)) << path;
         EXPECT_NE(error.reason.find(path), std::string::npos) << error.reason;
@@ -88,7 +83,7 @@ TEST(LoadFile, UnreadableOrMalformedFilesFailNamingThePath) {
 
 TEST(SaveAtomic, WritesTheSerialisedDocumentWithDefaultPermissions) {
     TempDir folder;
-    const Document document = ParsedDocument("<a><b>1</b></a>");
+    const Document document = Parsed("<a><b>1</b></a>");
     std::string reason;
     ASSERT_TRUE(document.SaveAtomic(folder.file("new.xml"), &reason)) << reason;
     EXPECT_EQ(ReadFileBytes(folder.file("new.xml")), document.Serialize());
@@ -102,7 +97,7 @@ TEST(SaveAtomic, ReplacesTheFileBehindASymbolicLink) {
     TempDir folder;
     folder.write("real.xml", "old");
     ASSERT_EQ(symlink("real.xml", folder.file("link.xml").c_str()), 0);
-    ASSERT_TRUE(ParsedDocument("<new/>").SaveAtomic(folder.file("link.xml")));
+    ASSERT_TRUE(Parsed("<new/>").SaveAtomic(folder.file("link.xml")));
     EXPECT_EQ(ReadFileBytes(folder.file("real.xml")), "<new/>\n");
     struct stat info {};
     ASSERT_EQ(lstat(folder.file("link.xml").c_str(), &info), 0);
@@ -112,7 +107,7 @@ TEST(SaveAtomic, ReplacesTheFileBehindASymbolicLink) {
 TEST(SaveAtomic, FailsWithoutTouchingAnythingWhenTheFolderIsGoneOrTheTargetIsAFolder) {
     TempDir folder;
     ASSERT_EQ(mkdir(folder.file("sub").c_str(), 0755), 0);
-    const Document document = ParsedDocument("<new/>");
+    const Document document = Parsed("<new/>");
     for (const std::string& path :
          {folder.file("vanished/doc.xml"), folder.file("sub"), std::string()}) {
         std::string reason;

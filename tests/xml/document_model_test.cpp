@@ -5,16 +5,10 @@
 #include <vector>
 
 #include "platform/xml/xml_document.h"
+#include "xml/parsed.h"
 
 namespace tabulon::xml {
 namespace {
-
-Document Parsed(std::string_view text) {
-    Document document;
-    ParseError error;
-    EXPECT_TRUE(document.Parse(text, &error)) << error.reason;
-    return document;
-}
 
 std::vector<std::string> Names(const std::vector<Node>& nodes) {
     std::vector<std::string> names;

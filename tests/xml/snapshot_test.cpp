@@ -7,16 +7,10 @@
 
 #include "platform/xml/xml_changes.h"
 #include "platform/xml/xml_snapshot.h"
+#include "xml/parsed.h"
 
 namespace tabulon::xml {
 namespace {
-
-Document Parsed(std::string_view text) {
-    Document document;
-    ParseError error;
-    EXPECT_TRUE(document.Parse(text, &error)) << error.reason;
-    return document;
-}
 
 struct ContentCase {
     std::string was;  // the element as it is
