@@ -19,9 +19,11 @@ void PutBack(Form& form, const EditorValue& value) {
         if (value.choice < 0 && !value.text.empty()) box.setText(value.text);
     } else if (value.editor == &form.unitNumControl) {
         form.unitNumControl.SetNumberText(value.text);
+        form.unitNumControl.SelectAll();
     } else if (value.editor == &form.unitDropControl) {
         form.unitDropControl.SelectUnitCode(value.choice);
         form.unitDropControl.SetNumberText(value.text);
+        form.unitDropControl.SelectAll();
     }
 }
 

@@ -38,7 +38,8 @@ void NoteEditorOpened(ControlCore& core);
 bool EditorChanged(const ControlCore& core);
 
 // Escape: the visible editor takes back the value it opened with and stays open, the
-// whole text selected. Nothing happens when no editor is visible.
+// whole text selected as when it opened, so what is typed next replaces it. Nothing
+// happens when no editor is visible.
 void RevertEditor(ControlCore& core);
 
 // The editor's own undo and redo (decision above); false when there is nothing to do.
