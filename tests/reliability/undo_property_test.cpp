@@ -2,13 +2,15 @@
 // (English and Metric, custom units, cells the host checks) take random gestures
 // through `tabulon session`, among them the scripted host changing the column it is
 // handed in AppGridEventHandler, Escape and the undo and redo keys, until the journal
-// holds kMostSteps steps or kGestures gestures ran; then every step is undone and
-// redone (undo_round_trip.h), with protective editing off and on. The seeds are fixed;
-// the soak test runs the same check after much longer runs.
+// holds the run's most steps or its gestures ran out; then every step is undone and
+// redone (undo_round_trip.h), with protective editing off and on. The seeds are fixed:
+// the short run keeps to 200 steps, the soak run takes other seeds much further.
 #include <gtest/gtest.h>
 
 #include <fstream>
 #include <sstream>
+#include <string_view>
+#include <tuple>
 
 #include "control/control_access.h"
 #include "generator/document_generator.h"
@@ -19,9 +21,22 @@
 namespace tabulon::reliability {
 namespace {
 
-constexpr int kGestures = 1000;
-constexpr std::size_t kMostSteps = 200;
-constexpr std::uint64_t kSeeds = 10;
+struct PropertyRun {
+    std::string_view name;
+    std::uint64_t firstSeed;
+    std::uint64_t seeds;
+    int gestures;
+    std::size_t mostSteps;
+};
+
+constexpr PropertyRun kRuns[] = {
+    {"Seeded", 1, 10, 1000, 200},
+    {"Soak", 101, 20, 4000, 2000},
+};
+
+void PrintTo(const PropertyRun& plan, std::ostream* out) {
+    *out << plan.name;
+}
 
 GeneratedDocumentShape RandomShape(ChoiceSource& choices, std::uint64_t seed) {
     GeneratedDocumentShape shape;
@@ -38,11 +53,11 @@ GeneratedDocumentShape RandomShape(ChoiceSource& choices, std::uint64_t seed) {
     return shape;
 }
 
-class UndoProperty : public ::testing::TestWithParam<bool> {};
+class UndoProperty : public ::testing::TestWithParam<std::tuple<PropertyRun, bool>> {};
 
 TEST_P(UndoProperty, UndoingEveryStepRestoresTheLoadedDocumentAndRedoingRestoresTheEdits) {
-    const bool protective = GetParam();
-    for (std::uint64_t seed = 1; seed <= kSeeds; ++seed) {
+    const auto& [plan, protective] = GetParam();
+    for (std::uint64_t seed = plan.firstSeed; seed < plan.firstSeed + plan.seeds; ++seed) {
         SeededChoices choices(seed * 7919);
         const GeneratedDocumentShape shape = RandomShape(choices, seed);
         std::ostringstream out;
@@ -57,13 +72,18 @@ TEST_P(UndoProperty, UndoingEveryStepRestoresTheLoadedDocumentAndRedoingRestores
         const GestureScript script(GestureOptions{.hostChanges = true, .undoKeys = true});
         std::string run;
         for (int gesture = 0;
-             gesture < kGestures && CoreOf(control).history.undoCount() < kMostSteps; ++gesture) {
+             gesture < plan.gestures && CoreOf(control).history.undoCount() < plan.mostSteps;
+             ++gesture) {
             const std::string line = script.Next(session, choices);
             run += line + "\n";
             session.RunLine(line);
             top.Note(control);
         }
-        const Problems problems = CheckUndoRedoRoundTrip(session, out, loaded, top);
+        // A host change may have left a value no fill can show: a state with it shows the
+        // fill's failure again when an undo or redo returns to it, and only the document
+        // can be compared then.
+        const bool fillFailed = out.str().find("Unexpected Error - 1035") != std::string::npos;
+        const Problems problems = CheckUndoRedoRoundTrip(session, out, loaded, top, !fillFailed);
         if (problems.empty()) continue;
         // The run as a script `tabulon session FILE` replays.
         const std::string replay = std::string(TABULON_BINARY_DIR) + "/undo-property-" +
@@ -76,9 +96,11 @@ TEST_P(UndoProperty, UndoingEveryStepRestoresTheLoadedDocumentAndRedoingRestores
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(ProtectiveEditing, UndoProperty, ::testing::Bool(),
-                         [](const ::testing::TestParamInfo<bool>& param) {
-                             return std::string(param.param ? "On" : "Off");
+INSTANTIATE_TEST_SUITE_P(ProtectiveEditing, UndoProperty,
+                         ::testing::Combine(::testing::ValuesIn(kRuns), ::testing::Bool()),
+                         [](const auto& param) {
+                             return std::string(std::get<0>(param.param).name) +
+                                    (std::get<1>(param.param) ? "On" : "Off");
                          });
 
 }  // namespace
