@@ -124,7 +124,7 @@ public:
     void UserWheel(int rows, int cols);
 
     // --- edit safety: additions to the design; with protective editing off none of
-    // them changes what the design specifies
+    // them changes the designed behaviour
     // Undoes the open editor's own change when it has one, else the document's last
     // step (one commit together with what the host changed in AppGridEventHandler,
     // or one block edit), restoring XML() byte for byte, and shows it (view/undo.h).
