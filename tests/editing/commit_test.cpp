@@ -70,6 +70,27 @@ TEST_F(CommitCellEdit, UnitDropWritesNumberThenUnitWithoutBlank) {
     }
 }
 
+// The user's switch of unit keeps the quantity; the commit then judges the number by
+// the limits of the unit picked.
+TEST_F(CommitCellEdit, ASwitchOfUnitKeepsTheQuantityAndTheNewUnitsLimitsApply) {
+    struct Case {
+        std::string maxVal, stored, valid;
+    };
+    for (const Case& c :
+         std::vector<Case>{{"100;1000", "870(MBH)", "1"}, {"100;800", "870(MBH)", "0"}}) {
+        SCOPED_TRACE(c.maxVal);
+        Load({Row("UnitDrop",
+                  R"(Unit="TONS_TO_KW;MBH_TO_KW" Format="0.0;0" MaxVal=")" + c.maxVal + "\"")},
+             {Column({{"72.5(ton)"}})});
+        Click(1, 1);
+        ASSERT_TRUE(form().unitDropControl.UserPickUnit("MBH"));
+        EXPECT_EQ(form().unitDropControl.NumberText(), "870");
+        PointAtHeader();
+        EXPECT_EQ(Stored(1, 1), "870(MBH)");
+        EXPECT_EQ(Attribute(1, 1, "Valid"), c.valid);
+    }
+}
+
 TEST_F(CommitCellEdit, MetricValuesAreStoredInEnglishWithSevenDecimals) {
     Load({Row("UnitNum", R"(Unit="widget" Format="0.00")"),
           Row("UnitDrop", R"(Unit="FT_TO_M;INCH_TO_MM" Format="0.0000;0")")},
