@@ -55,6 +55,7 @@ set(TABULON_PUBLIC_HEADERS
   platform/xml/xml_document.h
   support/failure.h
   support/message_sink.h
+  view/find_hit.h
   view/host_events.h)
 set(TABULON_PUBLIC_WIDGET_HEADERS
   qt/message_handler.h

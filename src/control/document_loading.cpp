@@ -10,6 +10,7 @@
 #include "document/validation_scan.h"
 #include "platform/image_list.h"
 #include "support/failure.h"
+#include "view/cell_problems.h"
 #include "view/node_selection.h"
 #include "view/tree_builder.h"
 
@@ -26,6 +27,9 @@ void ResetView(ControlCore& core) {
     core.form.msgGridView.setEnabled(false);
     core.form.cboFilter.setEnabled(false);
     core.form.treTreeView.clear();
+    ClearProblems(core);
+    core.find.hits.clear();  // they name nodes and cells of the old document
+    core.find.current = -1;
 }
 
 // The new document replaces the old one, and with it every node handle into the old
@@ -136,6 +140,7 @@ bool ProcessDocument(ControlCore& core) {
         if (!IndexGridStructure(doc, doc.objGridStructure)) return false;
         RebuildCellValuesIndex(doc);
         GatherValidityIndex(doc);
+        CountProblems(core);
 
         if (core.form.treTreeView.count() >= 1) {
             core.form.treTreeView.setSelectedIndex(1);

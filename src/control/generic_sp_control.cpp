@@ -58,6 +58,8 @@ void Generic_SP_Control::Terminate() {
     terminated_ = true;
     core_->doc = DocumentModel();
     core_->history.Clear();
+    core_->problems.clear();
+    core_->find.hits.clear();
     core_->unitRegistrar.reset();
     core_->blnEditorActive = false;
     ReleaseConversionTable();

@@ -18,10 +18,12 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "control/settings_records.h"
 #include "platform/property_bag.h"
 #include "support/message_sink.h"
+#include "view/find_hit.h"
 #include "view/host_events.h"
 
 namespace tabulon {
@@ -109,15 +111,16 @@ public:
     void KeyPress(int& keyAscii);
     // Key up with a key code and the shift state (1 Shift, 2 Ctrl, 4 Alt).
     void KeyUp(int& keyCode, int shift);
-    // A whole keystroke to the focused component: the component's key down (the unit
-    // editors' caret keys), the KeyPress preview (only for keys with a character,
-    // keyAscii != 0), then the component's own key press unless the preview swallowed
-    // it, then the KeyUp preview. The text box, the unit editors and the buttons take
-    // key presses; a character typed on the grid opens the current cell's editor and
-    // goes to it (GridTypingTarget); other components ignore them. When no component
-    // of the control has the focus the keystroke is not the control's and nothing runs.
-    // The editing keys (Ctrl+Z, Ctrl+Y, Ctrl+Shift+Z, and Escape in an open editor)
-    // act first and go no further (view/edit_keys.h).
+    // A whole keystroke to the focused component: first the editing keys (Ctrl+Z,
+    // Ctrl+Y, Ctrl+Shift+Z, and Escape in an open editor; view/edit_keys.h) and the
+    // access keys (F9, F12, Ctrl+F, Alt+V/O/C/H; see ProblemCount below), which end the
+    // stroke when they act; then the component's key down (the unit editors' caret
+    // keys), the KeyPress preview (only for keys with a character, keyAscii != 0), then
+    // the component's own key press unless the preview swallowed it, then the KeyUp
+    // preview. The text box, the unit editors and the buttons take key presses; a
+    // character typed on the grid opens the current cell's editor and goes to it
+    // (GridTypingTarget); other components ignore them. When no component of the
+    // control has the focus the keystroke is not the control's and nothing runs.
     void UserKeyStroke(int keyCode, int keyAscii, int shift);
 
     // The mouse wheel over the grid: rows and cols to scroll (see GridWheel).
@@ -156,6 +159,38 @@ public:
     // tree as the resize handling places them, and the largest allowed width is
     // published again. Failures: "Unexpected Error - 1003".
     void SplitterDrag(int button, int shift, std::int32_t x, std::int32_t y);
+
+    // --- explanations, problems and find (additions: none of them changes what the
+    // members above do, and each leaves the document as it is)
+    // Why the data cell (row, col) of the grid on screen is invalid, in one short
+    // sentence ("Above the maximum of 3,000 ton", "Not a number", "Marked invalid in
+    // the document" ...); "" for a valid cell, a caption or a cell outside the grid.
+    std::string CellProblem(int row, int col) const;
+    // The unit the data cell (row, col) shows its value in (a UnitNum row's unit, the
+    // unit in a UnitDrop value's parentheses); "" for other cells.
+    std::string CellUnit(int row, int col) const;
+    // The values of the whole document whose Valid is not "1" (what OK refuses).
+    int ProblemCount() const;
+    // Commits an open editor, then goes to the next (previous) value that needs
+    // correcting after the current cell in the saving gate's order, across tree nodes
+    // (the last one included), wrapping round: selects its node, shows "All" in the
+    // filter when its column is filtered out, scrolls it into view and opens its
+    // editor. False when no tree node shows such a value. Keys: F9, Shift+F9.
+    bool NextProblem();
+    bool PreviousProblem();
+    // Searches every tree node's grid (captions and values as shown, Metric
+    // included) for text and keeps the hits, in tree order then row by row; returns
+    // them. An empty text finds nothing.
+    std::vector<FindHit> Find(const std::string& text, const FindOptions& options = {});
+    // Goes to the kept hit index (node selected, cell current and in view, its
+    // editor open; a caption's hit goes to the nearest value cell); false when out of
+    // range or the node no longer has the cell.
+    bool GoToFindHit(int index);
+    // Goes to the kept hit after (before) the last one gone to, wrapping round.
+    bool FindNext();
+    bool FindPrevious();
+    // The index of the kept hit gone to last; -1 before the first.
+    int CurrentFindHit() const;
 
     // --- state
     bool terminated() const { return terminated_; }

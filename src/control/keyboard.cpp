@@ -1,6 +1,7 @@
 // Keyboard routing: the control previews every key before the focused component;
 // and the wheel, the other gesture that reaches the control rather than one part.
 #include "control/generic_sp_control.h"
+#include "view/access_keys.h"
 #include "view/control_core.h"
 #include "view/edit_keys.h"
 #include "view/grid_events.h"
@@ -22,6 +23,7 @@ void Generic_SP_Control::UserKeyStroke(int keyCode, int keyAscii, int shift) {
     Component* target = core_->form.focus.focused();
     if (target == nullptr) return;
     if (HandleEditKey(*core_, keyCode, shift)) return;
+    if (AccessKeyDown(*core_, keyCode, shift)) return;
     DeliverKeyDown(target, keyCode, shift);
     if (keyAscii != 0) {
         KeyPress(keyAscii);

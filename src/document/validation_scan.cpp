@@ -38,8 +38,12 @@ void GatherValidityIndex(DocumentModel& doc) {
 // Runs over every CellValue of a large document on each OK and View/Print, so it reads
 // only the flags, through the handles kept in the index, and allocates nothing: the key
 // is copied once, for the invalid cell.
-std::optional<InvalidCell> FindFirstInvalidCell(DocumentModel& doc) {
+void EnsureValidityIndex(DocumentModel& doc) {
     if (!UpToDate(doc.validityIndex, doc)) GatherValidityIndex(doc);
+}
+
+std::optional<InvalidCell> FindFirstInvalidCell(DocumentModel& doc) {
+    EnsureValidityIndex(doc);
     const ValidityIndex& index = doc.validityIndex;
     for (const ValidityIndex::Column& column : index.columns) {
         for (std::size_t r = 0; r < column.rowCount; ++r) {

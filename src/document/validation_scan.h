@@ -29,4 +29,7 @@ std::optional<InvalidCell> FindFirstInvalidCell(DocumentModel& doc);
 // the others. Failures other than running out of memory cannot occur.
 void GatherValidityIndex(DocumentModel& doc);
 
+// Gathers doc.validityIndex only when it is out of date (see FindFirstInvalidCell).
+void EnsureValidityIndex(DocumentModel& doc);
+
 }  // namespace tabulon

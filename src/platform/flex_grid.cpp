@@ -364,6 +364,13 @@ void FlexGrid::setCellAlignment(int row, int col, CellAlignment alignment) {
     Notify(Change::Cell, row, col);
 }
 
+void FlexGrid::setCellNote(int row, int col, std::string note) {
+    GridCell& target = cellRef(row, col);
+    if (target.note == note) return;
+    target.note = std::move(note);
+    Notify(Change::Cell, row, col);
+}
+
 // --- user gestures
 
 void FlexGrid::userClick(int row, int col) {

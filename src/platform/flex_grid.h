@@ -87,13 +87,15 @@ enum class CellAlignment : std::int16_t {
 };
 
 // One cell as stored. A back colour only counts when backColorSet; otherwise the
-// grid's default for the cell applies (see FlexGrid::cellBackColor).
+// grid's default for the cell applies (see FlexGrid::cellBackColor). The note says in
+// words what the colours show (why a value is invalid); empty for most cells.
 struct GridCell {
     std::string text;
     Rgb foreColor = 0x000000;
     Rgb backColor = 0xFFFFFF;
     CellAlignment alignment = CellAlignment::General;
     bool backColorSet = false;
+    std::string note;
 };
 
 class FlexGrid;
@@ -187,6 +189,9 @@ public:
     void setCellForeColor(int row, int col, Rgb color);
     void setCellBackColor(int row, int col, Rgb color);
     void setCellAlignment(int row, int col, CellAlignment alignment);
+    // The cell's note (see GridCell); raises a Cell change when it changes.
+    const std::string& cellNote(int row, int col) const { return cell(row, col).note; }
+    void setCellNote(int row, int col, std::string note);
     // The current cell's text and colours (Text, CellBackColor, ... of the flex grid).
     const std::string& text() const { return textMatrix(row_, col_); }
     void setText(std::string text) { setTextMatrix(row_, col_, std::move(text)); }

@@ -61,6 +61,15 @@ void TreeView::setExpanded(int index, bool expanded) {
     Notify(Change::Content, index);
 }
 
+void TreeView::setProblemCount(int index, int count) {
+    checkIndex(index);
+    if (count < 0) throw InvalidArgumentFailure("Invalid property value");
+    TreeNode& target = nodes_[static_cast<std::size_t>(index - 1)];
+    if (target.problems == count) return;
+    target.problems = count;
+    Notify(Change::Content, index);
+}
+
 void TreeView::setSelectedIndex(int index) {
     if (index != 0) checkIndex(index);
     if (index == selected_) return;

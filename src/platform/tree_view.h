@@ -21,6 +21,7 @@ struct TreeNode {
     int image = 0;   // 1-based image-list index; 0 = no picture
     int parent = 0;  // 1-based index of the parent node; 0 for a root node
     bool expanded = false;
+    int problems = 0;  // values of the node's grid that need correcting (a mark, no text)
 };
 
 class TreeView : public Component {
@@ -47,6 +48,9 @@ public:
 
     // Changes the flag only (code collapsing raises nothing and keeps the selection).
     void setExpanded(int index, bool expanded);
+    // The node's problem mark; a negative count throws InvalidArgumentFailure. Raises a
+    // Content change for the node when it changes.
+    void setProblemCount(int index, int count);
 
     // 0 when nothing is selected. Selecting by code raises nothing; out of range
     // throws InvalidArgumentFailure.

@@ -197,11 +197,21 @@ std::optional<double> UnitBoxBase::SameQuantityIn(double number, int from, int t
     }
 }
 
-bool UnitBoxBase::WithinLimits(double number, int code, double minimum, double maximum) const {
-    if (minimum == 0 && maximum == 0) return true;
+RangeVerdict JudgeRange(double english, double minimum, double maximum) {
+    if (minimum == 0 && maximum == 0) return RangeVerdict::Within;
+    if (minimum > maximum) return RangeVerdict::NoValueFits;
+    // Written so that a number that compares with nothing (NaN) fails.
+    if (!(minimum <= english)) return RangeVerdict::BelowMinimum;
+    if (!(english <= maximum)) return RangeVerdict::AboveMaximum;
+    return RangeVerdict::Within;
+}
+
+RangeVerdict UnitBoxBase::JudgeLimits(double number, int code, double minimum,
+                                      double maximum) const {
+    if (minimum == 0 && maximum == 0) return RangeVerdict::Within;
     const double english =
         MetricSystem() ? registrar_->Convert(number, code, UnitRegistrar::kToEnglish) : number;
-    return minimum <= english && english <= maximum;
+    return JudgeRange(english, minimum, maximum);
 }
 
 }  // namespace tabulon

@@ -5,6 +5,7 @@
 // Range rule (decided once, for both boxes): limits are stated in English units, as
 // the document stores values. When the registrar's system is Metric, the box converts
 // its number back to English before comparing. Limits of 0 and 0 mean "no limits".
+// A check says why a number fails (RangeVerdict), so the control can tell the user.
 //
 // Without a registrar a box knows the built-in codes only and works in English.
 // The registrar does not announce a change of its system: the control sets the system
@@ -40,6 +41,13 @@
 #include "unitinput/unit_registrar.h"
 
 namespace tabulon {
+
+// The answer of a range check. NoValueFits: the minimum lies above the maximum, so
+// every number fails.
+enum class RangeVerdict { Within, BelowMinimum, AboveMaximum, NoValueFits };
+
+// The range rule on a number already in English units.
+RangeVerdict JudgeRange(double english, double minimum, double maximum);
 
 class UnitBoxBase : public Component {
 public:
@@ -95,13 +103,13 @@ protected:
     // The label of code in the registrar's system (currentSystem) or in the other one;
     // "" for code 0 and unknown codes.
     std::string LabelInSystem(int code, bool currentSystem) const;
-    // The range rule above, for number shown in code's unit.
-    bool WithinLimits(double number, int code, double minimum, double maximum) const;
     // number, shown in from's unit, expressed in to's unit when the two units convert
     // to the same Metric unit (the same Metric label); nullopt when they do not, or
     // when the result is not finite. In the Metric system both show that Metric unit,
     // so the number is the same.
     std::optional<double> SameQuantityIn(double number, int from, int to) const;
+    // The range rule above, for number shown in code's unit.
+    RangeVerdict JudgeLimits(double number, int code, double minimum, double maximum) const;
     // Runs after the registrar changed, before Content is raised.
     virtual void DropUnknownUnits() = 0;
     // Runs whenever the number text is replaced (by code or by the user).

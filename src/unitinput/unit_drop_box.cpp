@@ -123,10 +123,10 @@ std::string UnitDropBox::FormatOf(int code) const {
     return position < 0 ? std::string() : units_[static_cast<std::size_t>(position)].format;
 }
 
-bool UnitDropBox::Check() const {
-    if (selected_ < 0) return true;
+RangeVerdict UnitDropBox::Judge() const {
+    if (selected_ < 0) return RangeVerdict::Within;
     const Unit& unit = units_[static_cast<std::size_t>(selected_)];
-    return WithinLimits(Number(), unit.code, unit.minimum, unit.maximum);
+    return JudgeLimits(Number(), unit.code, unit.minimum, unit.maximum);
 }
 
 void UnitDropBox::DropUnknownUnits() {

@@ -84,7 +84,9 @@ public:
 
     // True when the number lies within the selected unit's limits (English-units
     // rule), or when no unit is selected.
-    bool Check() const;
+    bool Check() const { return Judge() == RangeVerdict::Within; }
+    // The same check, saying which limit the number misses.
+    RangeVerdict Judge() const;
 
     // --- user gestures
     // Picks the unit with that label from the drop-down, converting the number when

@@ -71,8 +71,8 @@ void UnitNumBox::SetFormat(const std::string& format) {
     FormatChanged();
 }
 
-bool UnitNumBox::Check() const {
-    return WithinLimits(Number(), unitCode_, appliedMinimum_, appliedMaximum_);
+RangeVerdict UnitNumBox::Judge() const {
+    return JudgeLimits(Number(), unitCode_, appliedMinimum_, appliedMaximum_);
 }
 
 }  // namespace tabulon

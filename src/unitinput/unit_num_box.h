@@ -56,7 +56,9 @@ public:
 
     // True when the number lies within the applied limits (English-units rule).
     // Throws what the registrar's conversion throws (an unreadably large number).
-    bool Check() const;
+    bool Check() const { return Judge() == RangeVerdict::Within; }
+    // The same check, saying which limit the number misses.
+    RangeVerdict Judge() const;
 
 private:
     void DropUnknownUnits() override;

@@ -35,7 +35,9 @@
 #include "support/text.h"
 #include "view/cell_colors.h"
 #include "view/edit_recording.h"
+#include "view/cell_problems.h"
 #include "view/grid_fill.h"
+#include "view/problem_reasons.h"
 #include "view/unit_codes.h"
 #include "view/unit_display.h"
 
@@ -74,10 +76,16 @@ const UnitRegistrar& EditorRegistrar(const UnitBoxBase& box) {
     return *box.Registrar();
 }
 
-// Colour and Valid after a unit editor's range check.
-void MarkValidity(ControlCore& core, const CommittedCell& cell, bool valid) {
+// Colour and Valid after a unit editor's range check, and the reason beside them.
+void MarkValidity(ControlCore& core, const CommittedCell& cell, const RangeFinding& finding,
+                  const UnitBoxBase& box) {
+    const bool valid = finding.verdict == RangeVerdict::Within;
     core.form.msgGridView.setCellBackColor(cell.row, cell.col, CellBackColor(valid));
-    cell.Target().setAttribute("Valid", valid ? "1" : "0");
+    xml::Node target = cell.Target();
+    const bool wasValid = target.attribute("Valid").value() == "1";
+    target.setAttribute("Valid", valid ? "1" : "0");
+    NoteRangeCheck(core, cell.row, cell.col, target, wasValid,
+                   DescribeFinding(finding, box.Registrar().get(), MetricDocument(core)));
 }
 
 // Text box and pick list: the text as typed or picked, no check, no colour.
@@ -90,11 +98,12 @@ void CommitText(ControlCore& core, const CommittedCell& cell, const std::string&
 void CommitUnitNum(ControlCore& core, const CommittedCell& cell, const RowInfo& row) {
     FlexGrid& grid = core.form.msgGridView;
     UnitNumBox& box = core.form.unitNumControl;
-    box.SetNumberText(FormatNumber(ReadNumber(box.NumberText()), row.Format));
+    const std::string typed = box.NumberText();
+    box.SetNumberText(FormatNumber(ReadNumber(typed), row.Format));
     // A negative entry below the minimum becomes zero, not the minimum: intended.
     if (box.Number() < 0 && ReadNumber(row.MinVal) > box.Number()) box.SetNumber(0);
     grid.setTextMatrix(cell.row, cell.col, box.NumberText());
-    MarkValidity(core, cell, box.Check());
+    MarkValidity(core, cell, UnitNumFinding(box, typed), box);
 
     const std::string& shown = grid.textMatrix(cell.row, cell.col);
     if (!MetricDocument(core)) {
@@ -120,7 +129,7 @@ std::string UnitDropText(const UnitDropBox& box, const RowInfo& row) {
 void CommitUnitDrop(ControlCore& core, const CommittedCell& cell, const RowInfo& row) {
     FlexGrid& grid = core.form.msgGridView;
     const UnitDropBox& box = core.form.unitDropControl;
-    MarkValidity(core, cell, box.Check());
+    MarkValidity(core, cell, UnitDropFinding(box), box);
     grid.setTextMatrix(cell.row, cell.col, UnitDropText(box, row));
 
     const std::string& shown = grid.textMatrix(cell.row, cell.col);
@@ -232,6 +241,7 @@ void ApplicationValidation(ControlCore& core, const CommittedCell& cell) {
     {
         const WaitCursorGuard busy(core.host);
         const StaleIndexOnExit stale(doc);
+        const HostChangeWatch watch(core, gridValue);
         core.host.AppGridEventHandler(gridValue);
     }
     if (hostChanges.Changed()) RefillColumn(core, ToInt16(cell.col));

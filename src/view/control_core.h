@@ -11,9 +11,11 @@
 #include "document/document_model.h"
 #include "support/message_sink.h"
 #include "unitinput/unit_registrar.h"
+#include "view/cell_problems.h"
 #include "view/design_geometry.h"
 #include "view/edit_history.h"
 #include "view/editor_value.h"
+#include "view/find.h"
 #include "view/form.h"
 #include "view/host_events.h"
 
@@ -52,6 +54,10 @@ struct ControlCore {
     // protects data the user did not touch instead of behaving as designed. Off by
     // default; read only where the two behaviours part (docs/embedding.md lists them).
     bool protectiveEditing = false;
+    // Which values need correcting, and why (view/cell_problems.h).
+    CellProblems problems;
+    // The last search across the tree (view/find.h).
+    FindState find;
 };
 
 }  // namespace tabulon

@@ -29,7 +29,9 @@
 #include "support/number_format.h"
 #include "support/numeric.h"
 #include "view/cell_colors.h"
+#include "view/cell_problems.h"
 #include "view/design_geometry.h"
+#include "view/layout_reading.h"
 #include "view/unit_codes.h"
 #include "view/unit_display.h"
 
@@ -51,19 +53,6 @@ void ForEachAttribute(xml::Node element, Visit&& visit) {
     }
 }
 
-// What a value cell shows for the stored text t of a row of the given type.
-std::string DisplayText(const RowInfo& row, const std::string& t) {
-    if (row.ControlType == EditorKind::UnitDrop) {
-        const std::size_t open = t.find('(');
-        if (open == std::string::npos) return t;
-        // The last character, not the last byte: "12(m²" shows as "12(m)".
-        return t.substr(0, open) + "(" +
-               WithoutLastCharacter(std::string_view(t).substr(open + 1)) + ")";
-    }
-    if (row.ControlType == EditorKind::UnitNum) return FormatNumber(ReadNumber(t), row.Format);
-    return t;
-}
-
 // The stored text of a CellValue: the value of its first child node.
 std::string StoredText(xml::Node cellValue) {
     return std::string(cellValue.firstChild().value());
@@ -77,12 +66,13 @@ void ApplyCellValues(ControlCore& core, xml::Node cellValues, int c) {
          cell = cell.nextSibling(), ++r) {
         doc.arrCellNodes.at(r, c) = cell;
         const RowInfo& row = doc.arrRowInfo.at(static_cast<std::size_t>(r));
-        grid.setTextMatrix(r, c, DisplayText(row, StoredText(cell)));
+        grid.setTextMatrix(r, c, CellDisplayText(row, StoredText(cell)));
         grid.setCellAlignment(r, c, EditorKindInfo(row.ControlType).alignment);
         const bool enabled = GetAttributeValue(core.sink, cell, "Enabled") == "1";
         grid.setCellForeColor(r, c, CellTextColor(enabled));
         const bool valid = GetAttributeValue(core.sink, cell, "Valid") == "1";
         grid.setCellBackColor(r, c, CellBackColor(valid));
+        grid.setCellNote(r, c, valid ? std::string() : ProblemNote(core, cell, row));
     }
 }
 
@@ -171,20 +161,8 @@ bool ReadRowHeader(ControlCore& core, xml::Node rowHeader, std::int16_t row) {
                 grid.setTextMatrix(row, 0, std::string(value));
             } else if (name == "Height") {
                 height = ReadInt16(value);
-            } else if (name == "ControlType") {
-                info.ControlType = EditorKindNamed(value);
-            } else if (name == "Format") {
-                info.Format = value;
-            } else if (name == "Unit") {
-                info.Unit = value;
-            } else if (name == "MinVal") {
-                info.MinVal = value;
-            } else if (name == "MaxVal") {
-                info.MaxVal = value;
-            } else if (name == "ListValues") {
-                info.ListValues = value;
-            } else if (name == "MaxLength") {
-                info.MaxLength = ReadInt16(value);
+            } else {
+                ApplyRowAttribute(info, name, value);
             }
         });
         grid.setRowHeight(
@@ -282,6 +260,18 @@ bool RefillColumn(ControlCore& core, std::int16_t c) {
     doc.blnGridLoaded = filled;
     if (filled && MetricDocument(core)) ConvertGridUnits(core, c);
     return filled;
+}
+
+std::string CellDisplayText(const RowInfo& row, const std::string& t) {
+    if (row.ControlType == EditorKind::UnitDrop) {
+        const std::size_t open = t.find('(');
+        if (open == std::string::npos) return t;
+        // The last character, not the last byte: "12(m²" shows as "12(m)".
+        return t.substr(0, open) + "(" +
+               WithoutLastCharacter(std::string_view(t).substr(open + 1)) + ")";
+    }
+    if (row.ControlType == EditorKind::UnitNum) return FormatNumber(ReadNumber(t), row.Format);
+    return t;
 }
 
 void ClearGridCells(ControlCore& core) {

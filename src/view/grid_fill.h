@@ -23,6 +23,11 @@ void ClearGridCells(ControlCore& core);
 // the fill succeeded; in a Metric document the column is converted for display again.
 bool RefillColumn(ControlCore& core, std::int16_t c);
 
+// What a value cell of a row shows, in English, for the stored text t: a UnitNum
+// value formatted with the row's Format, a UnitDrop value as number(unit), any other
+// as stored. A UnitDrop text whose "(" is its last character throws.
+std::string CellDisplayText(const RowInfo& row, const std::string& t);
+
 // The CellValues of gridValue (index into arrGridValueNodes) whose GridValueKey equals
 // key, in document order, from the index (rebuilt first when stale).
 std::span<const xml::Node> MatchingCellValues(ControlCore& core, std::size_t gridValue,

@@ -35,10 +35,30 @@ std::shared_ptr<UnitRegistrar> NewUnitRegistrar(int system);
 int RegisterDocumentCustomUnit(ControlCore& core, UnitRegistrar& registrar,
                                std::string_view englishName);
 
+// As RegisterDocumentCustomUnit, but a failed look-up answers -1 too; only the
+// registrar's refusal of the unit (UnitRejectedFailure) is thrown.
+int RegisterCustomUnitOrIgnore(ControlCore& core, UnitRegistrar& registrar,
+                               const std::string& englishName);
+
+// Fills box's unit list from a UnitDrop row: each name of its Unit list with the
+// item of MinVal and MaxVal at the same place (0 where the list is shorter) and of
+// Format (the previous unit's format where Format is shorter), found in the conversion
+// table through UnitDropLookupKey and, for a custom unit, registered with registrar by
+// the name as the row lists it. Returns the format of the last unit. A name that
+// cannot be found or added is skipped; only the registrar's refusal of a custom unit
+// is thrown (UnitRejectedFailure).
+std::string FillUnitDropList(ControlCore& core, UnitRegistrar& registrar, UnitDropBox& box,
+                             const RowInfo& row);
+
 // The conversion-table key of a UnitDrop unit name: in a Metric document a name that is
 // a custom unit's Metric name (column 1) stands for that unit's English name; any other
 // name is its own key.
 std::string UnitDropLookupKey(ControlCore& core, const std::string& name);
+
+// The unit label the data cell (row, col) of the grid on screen shows its value in: a
+// UnitNum row's unit in the document's system, the unit inside a UnitDrop value's
+// parentheses; "" for other rows, captions and cells outside the grid.
+std::string CellUnit(const ControlCore& core, int row, int col);
 
 // Text less its last (UTF-8) character: the closing ")" of a unit in a cell. Empty
 // text throws InvalidArgumentFailure: there is no character to cut.

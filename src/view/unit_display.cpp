@@ -19,7 +19,6 @@
 #include "view/unit_display.h"
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "support/failure.h"
@@ -42,11 +41,6 @@ constexpr std::string_view kInvalidUnitDropValue =
     "Metric conversion is not possible because invalid unit defined with UnitDrop value "
     "within XML.";
 
-// A unit fault that ends the pass with the message it carries.
-struct PassEnded {
-    std::string_view message;
-};
-
 // The columns a pass covers: the one given, or every data column for 0.
 struct ColumnRange {
     int first;
@@ -58,108 +52,116 @@ ColumnRange ColumnsOf(const FlexGrid& grid, std::int16_t column) {
     return {column, column};
 }
 
-// The code of the row's Unit, as unitNumForCnv's unit code.
-void SetUpNumUnit(ControlCore& core, UnitRegistrar& registrar, const std::string& unitName) {
-    UnitNumBox& box = core.form.unitNumForCnv;
+}  // namespace
+
+MetricTextConverter::MetricTextConverter(ControlCore& core, UnitRegistrar& registrar,
+                                         UnitNumBox& numBox, UnitDropBox& dropBox)
+    : core_(core), registrar_(registrar), num_(numBox), drop_(dropBox) {}
+
+// The code of the row's Unit, as the number box's unit code.
+void MetricTextConverter::SetUpNumUnit(const std::string& unitName) {
     try {
         int code = ConversionIndex(unitName);
         if (code < kFirstCustomUnitCode) {
-            box.SetUnitCode(code);
+            num_.SetUnitCode(code);
             return;
         }
-        const int registered = RegisterDocumentCustomUnit(core, registrar, unitName);
+        const int registered = RegisterDocumentCustomUnit(core_, registrar_, unitName);
         if (registered != -1) code = registered;
-        if (code > 0) box.SetUnitCode(code);
+        if (code > 0) num_.SetUnitCode(code);
     } catch (const std::exception&) {
-        throw PassEnded{kInvalidUnitNumUnits};
+        throw MetricPassFault{kInvalidUnitNumUnits};
     }
 }
 
-void ConvertUnitNumRow(ControlCore& core, UnitRegistrar& registrar, int r, const RowInfo& row,
-                       ColumnRange columns) {
-    if (row.Unit.empty()) return;
-    SetUpNumUnit(core, registrar, row.Unit);
-    FlexGrid& grid = core.form.msgGridView;
-    const int code = core.form.unitNumForCnv.UnitCode();
-    for (int c = columns.first; c <= columns.last; ++c) {
-        const double metric =
-            registrar.Convert(ReadNumber(grid.textMatrix(r, c)), code, UnitRegistrar::kToMetric);
-        grid.setTextMatrix(r, c, FormatNumber(AsWrittenText(metric), row.Format));
-    }
-}
-
-// unitDropForCnv's list from the row's Unit and Format lists.
-void SetUpDropUnits(ControlCore& core, UnitRegistrar& registrar, const RowInfo& row) {
-    UnitDropBox& box = core.form.unitDropForCnv;
+// The drop-down box's list from the row's Unit and Format lists.
+void MetricTextConverter::SetUpDropUnits(const RowInfo& row) {
     const std::vector<std::string> names = SplitList(row.Unit);
     const std::vector<std::string> formats = SplitList(row.Format);
-    box.ClearUnits();
+    drop_.ClearUnits();
     try {
         for (std::size_t i = 0; i < names.size(); ++i) {
-            const std::string key = UnitDropLookupKey(core, names[i]);
+            const std::string key = UnitDropLookupKey(core_, names[i]);
             int code = ConversionIndex(key);
             if (code >= kFirstCustomUnitCode) {
-                const int registered = RegisterDocumentCustomUnit(core, registrar, key);
+                const int registered = RegisterDocumentCustomUnit(core_, registrar_, key);
                 if (registered != -1) code = registered;
             }
             if (i < formats.size()) {
-                box.AddUnit(code, formats[i]);
+                drop_.AddUnit(code, formats[i]);
             } else {
-                box.AddUnit(code);
+                drop_.AddUnit(code);
             }
         }
     } catch (const std::exception&) {
-        throw PassEnded{kInvalidUnitDropUnits};
+        throw MetricPassFault{kInvalidUnitDropUnits};
     }
 }
 
-void ConvertUnitDropRow(ControlCore& core, UnitRegistrar& registrar, int r, const RowInfo& row,
-                        ColumnRange columns) {
-    SetUpDropUnits(core, registrar, row);
-    FlexGrid& grid = core.form.msgGridView;
-    UnitDropBox& box = core.form.unitDropForCnv;
-    for (int c = columns.first; c <= columns.last; ++c) {
-        const std::string& text = grid.textMatrix(r, c);
-        const std::size_t open = text.find('(');
-        if (open == std::string::npos) continue;  // no unit: shown as stored
-        const double english = ReadNumber(text.substr(0, open));
-        const std::string unit = WithoutLastCharacter(std::string_view(text).substr(open + 1));
-        try {
-            box.SelectUnitByText(unit);
-        } catch (const UnitRejectedFailure&) {
-            throw PassEnded{kInvalidUnitDropValue};
-        }
-        const int code = box.SelectedUnitIndex();
-        const double metric = registrar.Convert(english, code, UnitRegistrar::kToMetric);
-        const std::string number = FormatNumber(metric, box.FormatOf(code));
-        const std::string label = registrar.UnitName(code, UnitRegistrar::kToMetric);
-        grid.setTextMatrix(r, c, Trim(number) + "(" + Trim(label) + ")");
+bool MetricTextConverter::SetRow(const RowInfo& row) {
+    row_ = &row;
+    kind_ = EditorKind::None;
+    if (row.ControlType == EditorKind::UnitNum) {
+        if (row.Unit.empty()) return false;
+        SetUpNumUnit(row.Unit);
+    } else if (row.ControlType == EditorKind::UnitDrop) {
+        SetUpDropUnits(row);
+    } else {
+        return false;
     }
+    kind_ = row.ControlType;
+    return true;
 }
 
-}  // namespace
+std::optional<std::string> MetricTextConverter::Convert(const std::string& text) const {
+    if (kind_ == EditorKind::UnitNum) {
+        const double metric =
+            registrar_.Convert(ReadNumber(text), num_.UnitCode(), UnitRegistrar::kToMetric);
+        return FormatNumber(AsWrittenText(metric), row_->Format);
+    }
+    if (kind_ != EditorKind::UnitDrop) return std::nullopt;
+    const std::size_t open = text.find('(');
+    if (open == std::string::npos) return std::nullopt;  // no unit: shown as stored
+    const double english = ReadNumber(text.substr(0, open));
+    const std::string unit = WithoutLastCharacter(std::string_view(text).substr(open + 1));
+    try {
+        drop_.SelectUnitByText(unit);
+    } catch (const UnitRejectedFailure&) {
+        throw MetricPassFault{kInvalidUnitDropValue};
+    }
+    const int code = drop_.SelectedUnitIndex();
+    const double metric = registrar_.Convert(english, code, UnitRegistrar::kToMetric);
+    const std::string number = FormatNumber(metric, drop_.FormatOf(code));
+    const std::string label = registrar_.UnitName(code, UnitRegistrar::kToMetric);
+    return Trim(number) + "(" + Trim(label) + ")";
+}
+
+std::shared_ptr<UnitRegistrar> DisplayPassRegistrar(const ControlCore& core) {
+    const std::string_view system = core.doc.objXMLRoot.attribute("MeasurementUnit").value();
+    return NewUnitRegistrar(system == "ENGLISH" ? UnitRegistrar::kEnglish : UnitRegistrar::kMetric);
+}
 
 void ConvertGridUnits(ControlCore& core, std::int16_t column) {
     Guarded(core.sink, "1037", [&] {
-        const std::string_view system = core.doc.objXMLRoot.attribute("MeasurementUnit").value();
-        const std::shared_ptr<UnitRegistrar> registrar = NewUnitRegistrar(
-            system == "ENGLISH" ? UnitRegistrar::kEnglish : UnitRegistrar::kMetric);
+        const std::shared_ptr<UnitRegistrar> registrar = DisplayPassRegistrar(core);
         Form& form = core.form;
         form.unitDropForCnv.SetRegistrar(registrar);
         form.unitNumForCnv.SetRegistrar(registrar);
+        MetricTextConverter converter(core, *registrar, form.unitNumForCnv, form.unitDropForCnv);
 
-        const FlexGrid& grid = form.msgGridView;
+        FlexGrid& grid = form.msgGridView;
         const ColumnRange columns = ColumnsOf(grid, column);
         try {
             for (int r = 1; r < grid.rows(); ++r) {
-                const RowInfo& row = core.doc.arrRowInfo.at(static_cast<std::size_t>(r));
-                if (row.ControlType == EditorKind::UnitNum) {
-                    ConvertUnitNumRow(core, *registrar, r, row, columns);
-                } else if (row.ControlType == EditorKind::UnitDrop) {
-                    ConvertUnitDropRow(core, *registrar, r, row, columns);
+                if (!converter.SetRow(core.doc.arrRowInfo.at(static_cast<std::size_t>(r))))
+                    continue;
+                for (int c = columns.first; c <= columns.last; ++c) {
+                    const std::optional<std::string> shown =
+                        converter.Convert(grid.textMatrix(r, c));
+                    if (shown) grid.setTextMatrix(r, c, *shown);
                 }
             }
-        } catch (const PassEnded& ended) {
+        } catch (const MetricPassFault& ended) {
             core.sink.Information(ended.message);
         }
     });

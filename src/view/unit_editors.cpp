@@ -52,21 +52,6 @@ UnitRegistrar& FreshEditorRegistrar(ControlCore& core) {
     return *core.unitRegistrar;
 }
 
-// Registers the document's custom unit englishName; -1 when the document has none of
-// that name or the look-up failed. A unit the registrar refuses throws
-// UnitRejectedFailure; every other failure is ignored.
-int RegisterCustomUnitOrIgnore(ControlCore& core, UnitRegistrar& registrar,
-                               const std::string& englishName) {
-    int registered = -1;
-    try {
-        registered = RegisterDocumentCustomUnit(core, registrar, englishName);
-    } catch (const UnitRejectedFailure&) {
-        throw;
-    } catch (const std::exception&) {
-    }
-    return registered;
-}
-
 // The number box's unit from the row's Unit name; every statement ignores its failure
 // but the registrar's refusal of a custom unit, which throws UnitRejectedFailure.
 void SetUpUnitNumUnit(ControlCore& core, UnitRegistrar& registrar, UnitNumBox& box,
@@ -79,46 +64,6 @@ void SetUpUnitNumUnit(ControlCore& core, UnitRegistrar& registrar, UnitNumBox& b
     }
     const int registered = RegisterCustomUnitOrIgnore(core, registrar, unitName);
     if (registered != -1) IgnoringFailure([&] { box.SetUnitCode(registered); });
-}
-
-// Item i of items, or fallback where the list is shorter.
-const std::string& ItemOr(const std::vector<std::string>& items, std::size_t i,
-                          const std::string& fallback) {
-    return i < items.size() ? items[i] : fallback;
-}
-
-// Fills the drop-down's unit list from the row; returns the format of the last unit.
-// Every statement inside ignores its failure but the registrar's refusal of a custom
-// unit, which throws UnitRejectedFailure.
-std::string FillUnitList(ControlCore& core, UnitRegistrar& registrar, UnitDropBox& box,
-                         const RowInfo& row) {
-    const std::vector<std::string> names = SplitList(row.Unit);
-    const std::vector<std::string> maxima = SplitList(row.MaxVal);
-    const std::vector<std::string> minima = SplitList(row.MinVal);
-    const std::vector<std::string> formats = SplitList(row.Format);
-    box.ClearUnits();
-
-    static const std::string kNone;
-    std::string format;
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        const std::string& name = names[i];
-        double minimum = 0;
-        double maximum = 0;
-        IgnoringFailure([&] { minimum = ReadNumber(ItemOr(minima, i, kNone)); });
-        IgnoringFailure([&] { maximum = ReadNumber(ItemOr(maxima, i, kNone)); });
-        format = ItemOr(formats, i, format);
-
-        const std::string key = UnitDropLookupKey(core, name);
-        int code = 0;  // a key the conversion table does not hold is skipped
-        IgnoringFailure([&] { code = ConversionIndex(key); });
-        if (code >= kFirstCustomUnitCode) {
-            // Registered by the name as the row lists it.
-            const int registered = RegisterCustomUnitOrIgnore(core, registrar, name);
-            if (registered != -1) code = registered;
-        }
-        if (code > 0) IgnoringFailure([&] { box.AddUnit(code, minimum, maximum, format); });
-    }
-    return format;
 }
 
 // The cell text in the number field: a leading number in format, other text as it is.
@@ -173,7 +118,7 @@ void ShowUnitDropEditor(ControlCore& core) {
         box.SetRegistrar(core.unitRegistrar);
         std::string lastFormat;
         try {
-            lastFormat = FillUnitList(core, registrar, box, row);
+            lastFormat = FillUnitDropList(core, registrar, box, row);
             box.ListComplete();
         } catch (const UnitRejectedFailure&) {
             core.sink.Information(kInvalidUnitDropUnits);

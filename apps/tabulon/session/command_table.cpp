@@ -12,10 +12,11 @@ struct Group {
     std::span<const ScriptCommand> (*commands)();
 };
 
-constexpr std::array<Group, 5> kGroups = {{
+constexpr std::array<Group, 6> kGroups = {{
     {"Instances", InstanceCommands},
     {"Host calls (print {\"result\": ...} where the member has one)", HostCallCommands},
     {"User gestures and host behaviour", GestureCommands},
+    {"Values that need correcting, and find", ProblemCommands},
     {"Property pages", PageCommands},
     {"Dumps (one JSON object each)", DumpCommands},
 }};

@@ -34,6 +34,7 @@ std::span<const ScriptCommand> HostCallCommands();
 std::span<const ScriptCommand> GestureCommands();
 std::span<const ScriptCommand> DumpCommands();
 std::span<const ScriptCommand> PageCommands();
+std::span<const ScriptCommand> ProblemCommands();
 
 // The command with that exact name; nullptr when there is none.
 const ScriptCommand* FindScriptCommand(std::string_view name);

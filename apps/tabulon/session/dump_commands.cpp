@@ -9,7 +9,9 @@
 #include "session/page_dump.h"
 #include "session/script_error.h"
 #include "session/session.h"
+#include "session/values.h"
 #include "units/conversion_table.h"
+#include "view/problem_walk.h"
 
 namespace tabulon::cli::session {
 
@@ -209,6 +211,52 @@ JsonObject CustomUnitsDump(const DocumentModel& doc) {
     return JsonObject().Str("dump", "custom-units").Arr("units", units);
 }
 
+// One cell of the grid on screen: its text and, in words, its unit and problem.
+JsonObject CellDump(Session& s, Args args) {
+    const Generic_SP_Control& control = s.control();
+    const FlexGrid& grid = FormOf(control).msgGridView;
+    const auto row = static_cast<int>(IntegerArgument("dump cell", args[0], "R", 0, 1 << 30));
+    const auto col = static_cast<int>(IntegerArgument("dump cell", args[1], "C", 0, 1 << 30));
+    if (row >= grid.rows() || col >= grid.cols()) {
+        throw ScriptError("dump cell: cell " + args[0].text + ", " + args[1].text +
+                          " is outside the grid");
+    }
+    return JsonObject()
+        .Str("dump", "cell")
+        .Int("row", row)
+        .Int("col", col)
+        .Str("text", grid.textMatrix(row, col))
+        .Str("unit", control.CellUnit(row, col))
+        .Str("problem", control.CellProblem(row, col));
+}
+
+// The values that need correcting: the count, the tree's marks and every value with
+// where it is shown and why.
+JsonObject ProblemsDump(Generic_SP_Control& control) {
+    ControlCore& core = CoreOf(control);
+    const TreeView& tree = core.form.treTreeView;
+    JsonArray marks, cells;
+    for (int index = 1; index <= tree.count(); ++index) {
+        const TreeNode& node = tree.node(index);
+        if (node.problems != 0)
+            marks.Obj(JsonObject().Str("key", node.key).Int("count", node.problems));
+    }
+    for (const ProblemCell& cell : ListProblems(core)) {
+        cells.Obj(JsonObject()
+                      .Str("node", cell.node == 0 ? std::string() : tree.node(cell.node).key)
+                      .Int("row", cell.row)
+                      .Int("col", static_cast<std::int64_t>(cell.gridValue) + 1)
+                      .Str("rowCaption", cell.rowCaption)
+                      .Str("columnCaption", cell.columnCaption)
+                      .Str("reason", cell.reason));
+    }
+    return JsonObject()
+        .Str("dump", "problems")
+        .Int("count", control.ProblemCount())
+        .Arr("marks", marks)
+        .Arr("cells", cells);
+}
+
 using DumpFunction = JsonObject (*)(Generic_SP_Control& control);
 
 struct DumpKind {
@@ -216,7 +264,7 @@ struct DumpKind {
     DumpFunction dump;
 };
 
-constexpr std::array<DumpKind, 9> kDumps = {{
+constexpr std::array<DumpKind, 10> kDumps = {{
     {"grid", [](Generic_SP_Control& c) { return GridDump(FormOf(c).msgGridView); }},
     {"tree", [](Generic_SP_Control& c) { return TreeDump(FormOf(c)); }},
     {"editors", [](Generic_SP_Control& c) { return EditorsDump(FormOf(c)); }},
@@ -226,10 +274,17 @@ constexpr std::array<DumpKind, 9> kDumps = {{
     {"state", [](Generic_SP_Control& c) { return StateDump(c); }},
     {"conversion", [](Generic_SP_Control&) { return ConversionDump(); }},
     {"custom-units", [](Generic_SP_Control& c) { return CustomUnitsDump(CoreOf(c).doc); }},
+    {"problems", [](Generic_SP_Control& c) { return ProblemsDump(c); }},
 }};
 
 void Dump(Session& s, Args args) {
     const std::string& what = args[0].text;
+    if (what == "cell") {
+        if (args.size() != 3) throw ScriptError("dump cell: expected R C");
+        s.output().Line(CellDump(s, args.subspan(1)));
+        return;
+    }
+    if (args.size() != 1) throw ScriptError("dump " + what + ": takes no arguments");
     if (what == "page") {
         s.output().Line(PageDump(OpenPage(s, "dump page")));
         return;
@@ -242,11 +297,13 @@ void Dump(Session& s, Args args) {
     }
     throw ScriptError("dump: unknown dump \"" + what +
                       "\" (grid, tree, editors, filter, layout, scrollbars, state, conversion, "
-                      "custom-units, page)");
+                      "custom-units, page, cell, problems)");
 }
 
 constexpr ScriptCommand kCommands[] = {
-    {"dump", "grid|tree|editors|filter|layout|scrollbars|state|conversion|custom-units|page",
+    {"dump",
+     "grid|tree|editors|filter|layout|scrollbars|state|conversion|custom-units|page|problems|"
+     "cell R C",
      "grid: rows, cols, fixed rows/cols, row, col, rowSel, colSel, topRow, leftCol, enabled, "
      "width, height, colWidths, rowHeights and cells (rows of {text, fore, back, align}). "
      "tree: nodes in the order shown (index, key, text, image, parent key, expanded, "
@@ -256,8 +313,10 @@ constexpr ScriptCommand kCommands[] = {
      "child component's visibility, enabled state and geometry, and who has the focus. "
      "scrollbars: per bar visible, enabled, min, max, value, margins. state: the control's "
      "flags and keys. conversion: name -> index of the conversion-name table. custom-units: "
-     "the document's custom units. page: the open property page.",
-     1, 1, false, Dump},
+     "the document's custom units. page: the open property page. problems: how many values "
+     "need correcting, the tree's marks (key, count) and every such value (node, row, col, "
+     "captions, reason). cell R C: one cell's text, unit and problem (why it is red).",
+     1, 3, false, Dump},
 };
 
 }  // namespace

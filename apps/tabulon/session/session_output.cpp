@@ -28,4 +28,8 @@ void Output::Result(const JsonObject& record) {
     Line(JsonObject().Obj("result", record));
 }
 
+void Output::Result(const JsonArray& list) {
+    Line(JsonObject().Arr("result", list));
+}
+
 }  // namespace tabulon::cli::session

@@ -22,6 +22,7 @@ public:
     void Result(bool value);
     void Result(std::string_view value);
     void Result(const JsonObject& record);
+    void Result(const JsonArray& list);
 
     bool hadError() const { return hadError_; }
 

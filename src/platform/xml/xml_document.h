@@ -19,6 +19,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -62,6 +63,12 @@ public:
     bool empty() const { return handle_ == nullptr; }
     explicit operator bool() const { return !empty(); }
     bool operator==(const Node& other) const { return handle_ == other.handle_; }
+    // For unordered containers keyed by node: handles of one node hash alike.
+    struct Hash {
+        std::size_t operator()(const Node& node) const noexcept {
+            return std::hash<const void*>{}(node.handle_);
+        }
+    };
 
     NodeType type() const;  // None when empty
     // Element name; for other kinds the DOM's names: "#text", "#cdata-section",

@@ -1,0 +1,188 @@
+#include "view/cell_problems.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+#include "support/text.h"
+#include "view/control_core.h"
+#include "view/problem_reasons.h"
+
+namespace tabulon {
+
+namespace {
+
+std::string KeyOf(const xml::Node& cellValues) {
+    return Trim(cellValues.attribute("GridValueKey").value());
+}
+
+bool IsValid(const xml::Node& cellValue) {
+    return cellValue.attribute("Valid").value() == "1";
+}
+
+// Puts the key's count on every tree node that shows it.
+void MarkNodes(ControlCore& core, const std::string& key) {
+    TreeView& tree = core.form.treTreeView;
+    const int count = core.problems.countFor(key);
+    for (const int index : core.problems.nodesFor(key)) {
+        if (index <= tree.count()) tree.setProblemCount(index, count);
+    }
+}
+
+}  // namespace
+
+int CellProblems::countFor(const std::string& key) const {
+    const auto found = counts_.find(key);
+    return found == counts_.end() ? 0 : found->second;
+}
+
+const std::string* CellProblems::sessionNote(const xml::Node& cellValue) const {
+    const auto found = notes_.find(cellValue);
+    return found == notes_.end() ? nullptr : &found->second;
+}
+
+void CellProblems::clear() {
+    notes_.clear();
+    counts_.clear();
+    nodesByKey_.clear();
+    total_ = 0;
+}
+
+void CellProblems::setSessionNote(const xml::Node& cellValue, std::string note) {
+    notes_[cellValue] = std::move(note);
+}
+
+void CellProblems::dropSessionNote(const xml::Node& cellValue) {
+    notes_.erase(cellValue);
+}
+
+void CellProblems::addToCount(const std::string& key, int delta) {
+    counts_[key] += delta;
+    total_ += delta;
+}
+
+const std::vector<int>& CellProblems::nodesFor(const std::string& key) const {
+    static const std::vector<int> kNone;
+    const auto found = nodesByKey_.find(key);
+    return found == nodesByKey_.end() ? kNone : found->second;
+}
+
+void CellProblems::addNode(const std::string& key, int index) {
+    nodesByKey_[key].push_back(index);
+}
+
+void ClearProblems(ControlCore& core) {
+    core.problems.clear();
+    core.problems.changed();
+}
+
+void CountProblems(ControlCore& core) {
+    CellProblems& problems = core.problems;
+    problems.clear();
+    const ValidityIndex& index = core.doc.validityIndex;
+    for (const ValidityIndex::Column& column : index.columns) {
+        int invalid = 0;
+        for (std::size_t r = 0; r < column.rowCount; ++r) {
+            const ValidityIndex::Row& row = index.rows[column.firstRow + r];
+            if (row.element && row.valid.value() != "1") ++invalid;
+        }
+        if (invalid != 0) problems.addToCount(KeyOf(column.element), invalid);
+    }
+    // Only nodes whose layout exists show a grid to carry the mark.
+    const std::vector<std::string>& headers = core.doc.arrGridHeaderKeys;
+    const std::unordered_set<std::string> layouts(headers.begin(), headers.end());
+    TreeView& tree = core.form.treTreeView;
+    for (int n = 1; n <= core.doc.treeRecordCount() && n <= tree.count(); ++n) {
+        const TreeNodeInfo& record = core.doc.udtTreeNodes[static_cast<std::size_t>(n - 1)];
+        if (!layouts.contains(record.GridHeaderKey)) continue;
+        problems.addNode(record.GridValueKey, n);
+        tree.setProblemCount(n, problems.countFor(record.GridValueKey));
+    }
+    problems.changed();
+}
+
+std::string ProblemNote(ControlCore& core, xml::Node cellValue, const RowInfo& row) {
+    if (const std::string* note = core.problems.sessionNote(cellValue)) return *note;
+    return DocumentValueProblem(core, row, cellValue.firstChild().value());
+}
+
+void NoteRangeCheck(ControlCore& core, int row, int col, xml::Node cellValue, bool wasValid,
+                    const std::string& problem) {
+    core.form.msgGridView.setCellNote(row, col, problem);
+    CellProblems& problems = core.problems;
+    if (problem.empty()) {
+        problems.dropSessionNote(cellValue);
+    } else {
+        problems.setSessionNote(cellValue, problem);
+    }
+    if (wasValid == problem.empty()) return;
+    const std::string key = KeyOf(cellValue.parent());
+    problems.addToCount(key, problem.empty() ? -1 : 1);
+    MarkNodes(core, key);
+    problems.changed();
+}
+
+HostChangeWatch::HostChangeWatch(ControlCore& core, xml::Node gridValue)
+    : core_(core), gridValue_(gridValue), before_(Look()) {}
+
+HostChangeWatch::~HostChangeWatch() {
+    try {
+        Settle();
+    } catch (...) {
+        // Out of memory while settling: the counts stay as they were; the gate still
+        // reads every flag.
+    }
+}
+
+std::vector<HostChangeWatch::Seen> HostChangeWatch::Look() const {
+    std::vector<Seen> seen;
+    for (xml::Node column = gridValue_.firstChild(); column; column = column.nextSibling()) {
+        if (column.type() != xml::NodeType::Element) continue;
+        const std::string key = KeyOf(column);
+        for (xml::Node cell = column.firstChild(); cell; cell = cell.nextSibling()) {
+            if (cell.type() != xml::NodeType::Element) continue;
+            seen.push_back({cell, key, IsValid(cell), std::string(cell.firstChild().value())});
+        }
+    }
+    return seen;
+}
+
+void HostChangeWatch::Settle() {
+    CellProblems& problems = core_.problems;
+    const std::vector<Seen> after = Look();
+    std::unordered_map<xml::Node, const Seen*, xml::Node::Hash> earlier;
+    std::unordered_set<std::string> keys;
+    for (const Seen& seen : before_) {
+        earlier.emplace(seen.element, &seen);
+        keys.insert(seen.key);
+        if (!seen.valid) problems.addToCount(seen.key, -1);
+    }
+    std::unordered_set<xml::Node, xml::Node::Hash> present;
+    for (const Seen& seen : after) {
+        present.insert(seen.element);
+        keys.insert(seen.key);
+        if (seen.valid) {
+            problems.dropSessionNote(seen.element);
+            continue;
+        }
+        problems.addToCount(seen.key, 1);
+        const auto was = earlier.find(seen.element);
+        const bool untouched = was != earlier.end() && !was->second->valid &&
+                               was->second->key == seen.key && was->second->text == seen.text;
+        if (!untouched) problems.setSessionNote(seen.element, std::string(kMarkedByHost));
+    }
+    for (const Seen& seen : before_) {
+        if (!present.contains(seen.element)) problems.dropSessionNote(seen.element);
+    }
+    for (const std::string& key : keys)
+        MarkNodes(core_, key);
+    problems.changed();
+}
+
+std::string CellProblem(const ControlCore& core, int row, int col) {
+    const FlexGrid& grid = core.form.msgGridView;
+    if (row < grid.fixedRows() || col < grid.fixedCols()) return {};
+    if (row >= grid.rows() || col >= grid.cols()) return {};
+    return grid.cellNote(row, col);
+}
+
+}  // namespace tabulon

@@ -1,0 +1,111 @@
+// CellProblems: which values of the document need correcting and why, kept as the
+// control works so that every view reads one answer.
+//
+// - The reason of an invalid cell on screen is the grid's note of that cell
+//   (FlexGrid::cellNote): the grid fill writes it beside the red colour and a commit
+//   rewrites it. Tooltips, the session's dumps, `tabulon validate` and the
+//   accessibility interface all read that note (or ProblemNote, which the fill uses).
+// - Reasons this session produced (a range check of a commit, the host's mark during
+//   AppGridEventHandler) are kept per CellValue element, so that they come back when
+//   the node is shown again; any other invalid value is explained by its row's rules
+//   (problem_reasons.h).
+// - Counts: the number of invalid values (Valid not "1") per trimmed GridValueKey and
+//   in all, as the saving gate sees them. A load counts them once; after that a
+//   commit costs O(1) and a host change O(the GridValue it was handed), never a scan
+//   of the document. Every tree node whose GridValueKey has invalid values carries
+//   their count as its problem mark (TreeView::setProblemCount), and observers of the
+//   store are told whenever a count changes.
+//
+// Decision: only the GridValue handed to AppGridEventHandler is looked at after the
+// event; a host that changes Valid flags elsewhere in the document is not seen until
+// the next load (the gate still sees every flag).
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/observable.h"
+#include "platform/xml/xml_document.h"
+
+namespace tabulon {
+
+struct ControlCore;
+struct RowInfo;
+
+class CellProblems : public Observable {
+public:
+    // Invalid values in the whole document.
+    int total() const { return total_; }
+    // Invalid values stored under a trimmed GridValueKey.
+    int countFor(const std::string& key) const;
+    // Reasons this session left on CellValue elements; null when there is none.
+    const std::string* sessionNote(const xml::Node& cellValue) const;
+
+    // --- for the control's collaborators (the functions below)
+    void clear();
+    void setSessionNote(const xml::Node& cellValue, std::string note);
+    void dropSessionNote(const xml::Node& cellValue);
+    void addToCount(const std::string& key, int delta);
+    // The tree nodes (1-based) whose GridValueKey is key.
+    const std::vector<int>& nodesFor(const std::string& key) const;
+    void addNode(const std::string& key, int index);
+    // Tells the observers that counts may have changed.
+    void changed() const { Notify(Change::Content); }
+
+private:
+    std::unordered_map<xml::Node, std::string, xml::Node::Hash> notes_;
+    std::unordered_map<std::string, int> counts_;
+    std::unordered_map<std::string, std::vector<int>> nodesByKey_;
+    int total_ = 0;
+};
+
+// Forgets everything (a new document is coming); tells the observers.
+void ClearProblems(ControlCore& core);
+// Counts the invalid values of the loaded document (the validity index must be
+// gathered) and marks the tree. Run once per load, after the tree is built.
+void CountProblems(ControlCore& core);
+
+// The reason for an invalid CellValue shown in a row: this session's note, else what
+// its row's rules say.
+std::string ProblemNote(ControlCore& core, xml::Node cellValue, const RowInfo& row);
+
+// A commit's range check of the cell at (row, col), whose element was valid before
+// when wasValid: problem is its sentence ("" when it passed). Updates the grid's note,
+// the session's note, the counts and the tree's marks.
+void NoteRangeCheck(ControlCore& core, int row, int col, xml::Node cellValue, bool wasValid,
+                    const std::string& problem);
+
+// Watches one GridValue element while the host may change it: made right before
+// AppGridEventHandler, it settles when it goes out of scope (also when the host's
+// handler throws). A value that the host made invalid, or changed and left invalid,
+// gets kMarkedByHost; one it left as it was keeps its reason; counts and marks follow.
+class HostChangeWatch {
+public:
+    HostChangeWatch(ControlCore& core, xml::Node gridValue);
+    ~HostChangeWatch();
+    HostChangeWatch(const HostChangeWatch&) = delete;
+    HostChangeWatch& operator=(const HostChangeWatch&) = delete;
+
+private:
+    void Settle();
+    struct Seen {
+        xml::Node element;
+        std::string key;
+        bool valid;
+        std::string text;
+    };
+    // Every CellValue of the GridValue (element children of its element children).
+    std::vector<Seen> Look() const;
+
+    ControlCore& core_;
+    xml::Node gridValue_;
+    std::vector<Seen> before_;
+};
+
+// The problem of a grid cell as its note says; "" for a valid cell, a fixed cell or a
+// position outside the grid.
+std::string CellProblem(const ControlCore& core, int row, int col);
+
+}  // namespace tabulon
