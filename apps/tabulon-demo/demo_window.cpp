@@ -12,6 +12,7 @@
 #include <QSaveFile>
 #include <QStatusBar>
 #include <QTextDocument>
+#include <QToolBar>
 
 #include "event_log.h"
 #include "qt/qt_text.h"
@@ -46,6 +47,7 @@ DemoWindow::DemoWindow(PropertyBag* savedSettings, QWidget* parent)
     addDockWidget(Qt::BottomDockWidgetArea, logDock_);
     resizeDocks({logDock_}, {150}, Qt::Vertical);
     buildMenus();
+    buildToolBar();
     setDocumentTitle(QString());
     statusBar()->showMessage(tr("No document"));
 }
@@ -174,6 +176,39 @@ bool DemoWindow::loadLogged(const QString& what,
     return loaded;
 }
 
+void DemoWindow::buildToolBar() {
+    QToolBar* bar = addToolBar(tr("Problems"));
+    bar->setObjectName(QStringLiteral("problems"));
+    bar->addAction(tr("Previous problem"), this, [this] { spreadsheet_->PreviousProblem(); })
+        ->setToolTip(tr("The previous value that needs correcting (Shift+F9)"));
+    bar->addAction(tr("Next problem"), this, [this] { spreadsheet_->NextProblem(); })
+        ->setToolTip(tr("The next value that needs correcting (F9)"));
+    bar->addAction(tr("Find"), this, [this] { spreadsheet_->showFindBar(); })
+        ->setToolTip(tr("Find in every node (Ctrl+F)"));
+}
+
+QString DemoWindow::problemText(int count) {
+    if (count == 0) return tr("no values need correcting");
+    if (count == 1) return tr("1 cell needs correcting");
+    return tr("%1 cells need correcting").arg(count);
+}
+
+void DemoWindow::showProblemCount(int count) {
+    QString text = problemText(count);
+    text[0] = text[0].toUpper();
+    statusBar()->showMessage(text);
+}
+
+void DemoWindow::showLoaded(bool loaded, const QString& origin) {
+    if (!loaded) {
+        statusBar()->showMessage(tr("%1 was not loaded").arg(origin));
+        return;
+    }
+    const int count = spreadsheet_->control().ProblemCount();
+    statusBar()->showMessage(count == 0 ? origin
+                                        : origin + QStringLiteral(": ") + problemText(count));
+}
+
 void DemoWindow::connectSignals() {
     SpreadsheetWidget* w = spreadsheet_;
     connect(w, &SpreadsheetWidget::OKClick, this,
@@ -195,6 +230,7 @@ void DemoWindow::connectSignals() {
         log_->note(QStringLiteral("PropertyChanged: ") + name);
         if (designSettings_ != nullptr) designSettings_->recordChanged(*spreadsheet_);
     });
+    connect(w, &SpreadsheetWidget::ProblemCountChanged, this, &DemoWindow::showProblemCount);
 }
 
 void DemoWindow::showMessage(MessageIcon icon, const QString& text) {
@@ -216,7 +252,7 @@ bool DemoWindow::openDocument(const QString& path) {
         loadLogged(QStringLiteral("Load ") + path,
                    [&path](SpreadsheetWidget& control) { return control.Load(path); });
     setDocumentTitle(QFileInfo(path).fileName());
-    statusBar()->showMessage(loaded ? path : tr("%1 was not loaded").arg(path));
+    showLoaded(loaded, path);
     return loaded;
 }
 
@@ -225,7 +261,7 @@ bool DemoWindow::openXmlText(const QString& text, const QString& origin) {
         QStringLiteral("LoadXML ") + origin + QStringLiteral(" (%1 characters)").arg(text.size()),
         [&text](SpreadsheetWidget& control) { return control.LoadXML(text); });
     setDocumentTitle(origin);
-    statusBar()->showMessage(loaded ? origin : tr("%1 was not loaded").arg(origin));
+    showLoaded(loaded, origin);
     return loaded;
 }
 

@@ -7,6 +7,8 @@
 // - Properties: General... and Advanced... open the control's two property pages.
 // - View: shows or hides the log pane; Protective editing switches the control's
 //   ProtectiveEditing (on in the demo, for every control it makes).
+// - A toolbar: Previous problem, Next problem and Find (the control's F9 / Shift+F9
+//   and Ctrl+F); the status line says how many values need correcting.
 // The title carries "*" while the document has changes that are not saved.
 // Every signal of the control, every message box (the control's and the pages') and
 // every host action is written to the log pane (EventLog).
@@ -118,6 +120,10 @@ private:
     // critical message shown meanwhile when there was one; returns the result.
     bool loadLogged(const QString& what, const std::function<bool(SpreadsheetWidget&)>& load);
     void buildMenus();
+    void buildToolBar();
+    void showProblemCount(int count);
+    void showLoaded(bool loaded, const QString& origin);
+    static QString problemText(int count);
     void connectSignals();
     void showMessage(MessageIcon icon, const QString& text);
     void onPrintClick(const QString& report);

@@ -5,6 +5,11 @@
 //     tree N nodes; grid R rows x C cols for node "KEY"
 // or, when no grid could be shown,
 //     tree N nodes; no grid shown
+// then one line for every value that needs correcting (Valid not "1"), in the order
+// OK finds them, with the tree node, row and column captions that show it and why:
+//     invalid: node "KEY", row "CAPTION", column "CAPTION": REASON
+// or, for a value no tree node shows,
+//     invalid: GridValue N, GridValueKey "KEY", row R (no node shows it): REASON
 // Exit status: 0 when the document loaded and the grid of the first node was shown,
 // 1 otherwise, 2 for bad arguments (also for a file that --text cannot read).
 #include <optional>
@@ -13,6 +18,7 @@
 #include "command.h"
 #include "control/control_access.h"
 #include "headless_control.h"
+#include "view/problem_walk.h"
 
 namespace tabulon::cli {
 
@@ -50,6 +56,19 @@ int RunValidate(Arguments args, std::ostream& out, std::ostream& err) {
             << (selected == 0 ? std::string() : tree.node(selected).key) << "\"\n";
     } else {
         out << "no grid shown\n";
+    }
+    if (loaded) {
+        for (const ProblemCell& cell : ListProblems(CoreOf(control))) {
+            out << "invalid: ";
+            if (cell.node != 0) {
+                out << "node \"" << tree.node(cell.node).key << "\", row \"" << cell.rowCaption
+                    << "\", column \"" << cell.columnCaption << "\"";
+            } else {
+                out << "GridValue " << cell.gridValue + 1 << ", GridValueKey \"" << cell.key
+                    << "\", row " << cell.row << " (no node shows it)";
+            }
+            out << ": " << cell.reason << '\n';
+        }
     }
     return shown ? 0 : 1;
 }

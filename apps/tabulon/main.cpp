@@ -18,6 +18,8 @@ constexpr std::array kCommands = {
             "convert a value with a built-in conversion (English to Metric unless --to-english)",
             RunConvert},
     Command{"dtd", "", "print the built-in document type definition", RunDtd},
+    Command{"find", "FILE TEXT [--whole-cell] [--match-case]",
+            "print every cell of every tree node's grid that shows TEXT (tab-separated)", RunFind},
     Command{"generate",
             "--keys K --cols C --rows R [--grids G] [--metric] [--custom-units N] [--depth D] "
             "[--seed S] [--invalid I] [--host-checked H] [-o FILE]",

@@ -24,6 +24,8 @@
 #include "qt/bindings/tree_binding.h"
 #include "qt/bindings/unit_drop_binding.h"
 #include "qt/bindings/unit_num_binding.h"
+#include "qt/editor_cues.h"
+#include "qt/find_bar.h"
 #include "qt/qt_message_sink.h"
 #include "qt/qt_text.h"
 #include "qt/twips_scale.h"
@@ -72,6 +74,7 @@ public:
     void emitEditState();
 
     void buildBindings();
+    void nameParts();
     template <class B, class... Args>
     B& bind(Args&&... args);
     ComponentBinding* bindingFor(const Component& model) const;
@@ -95,6 +98,10 @@ public:
     bool canUndo_ = false;
     bool canRedo_ = false;
     bool modified_ = false;
+    int problemsToken_ = 0;
+    int problemCount_ = 0;
+    std::unique_ptr<EditorCues> cues_;
+    FindBar* findBar_ = nullptr;
 };
 
 SpreadsheetWidget::SpreadsheetWidget(QWidget* parent, PropertyBag* savedSettings,
@@ -113,10 +120,23 @@ SpreadsheetWidget::SpreadsheetWidget(QWidget* parent, PropertyBag* savedSettings
     d_->applyMinimumSize();
     d_->focusToken_ =
         FormOf(control).focus.Subscribe([this](const ChangeInfo&) { d_->syncFocusToModel(); });
+    d_->cues_ = std::make_unique<EditorCues>(*this);
+    d_->findBar_ = new FindBar(*this, *d_);
+    ControlCore& core = CoreOf(control);
+    core.find.onRequested = [this] { d_->findBar_->open(); };
+    d_->problemsToken_ = core.problems.Subscribe([this](const ChangeInfo&) {
+        const int count = d_->control_->ProblemCount();
+        if (count == d_->problemCount_) return;
+        d_->problemCount_ = count;
+        Q_EMIT ProblemCountChanged(count);
+    });
 }
 
 SpreadsheetWidget::~SpreadsheetWidget() {
     FormOf(*d_->control_).focus.Unsubscribe(d_->focusToken_);
+    CoreOf(*d_->control_).problems.Unsubscribe(d_->problemsToken_);
+    CoreOf(*d_->control_).find.onRequested = nullptr;
+    d_->cues_.reset();
     d_->byModel_.clear();
     d_->bindings_.clear();
     d_->control_->Terminate();
@@ -169,6 +189,26 @@ void SpreadsheetWidget::Private::buildBindings() {
     bind<UnitDropBinding>(f.unitDropControl, self);
     for (const auto& binding : bindings_)
         binding->refresh();
+    nameParts();
+}
+
+// Names for assistive technology where a part's caption does not say it, and the
+// access keys of the buttons (their captions stay as they are).
+void SpreadsheetWidget::Private::nameParts() {
+    Form& f = FormOf(*control_);
+    bindingFor(f.hscGrid)->widget()->setAccessibleName(QObject::tr("Scroll columns"));
+    bindingFor(f.vscGrid)->widget()->setAccessibleName(QObject::tr("Scroll rows"));
+    bindingFor(f.imgSplitter)->widget()->setAccessibleName(QObject::tr("Tree width"));
+    auto* label = static_cast<CaptionBinding*>(bindingFor(f.lblFilter))->label();
+    if (label != nullptr) label->setBuddy(bindingFor(f.cboFilter)->widget());
+    const std::pair<Button*, const char*> buttons[] = {{&f.cmdPrint, "Alt+V"},
+                                                       {&f.cmdOK, "Alt+O"},
+                                                       {&f.cmdCancel, "Alt+C"},
+                                                       {&f.cmdHelp, "Alt+H"}};
+    for (const auto& [button, keys] : buttons) {
+        bindingFor(*button)->widget()->setAccessibleDescription(
+            QObject::tr("Shortcut: %1").arg(QLatin1String(keys)));
+    }
 }
 
 ComponentBinding* SpreadsheetWidget::Private::bindingFor(const Component& model) const {
@@ -183,6 +223,10 @@ ComponentBinding* SpreadsheetWidget::bindingFor(const Component& model) const {
 QWidget* SpreadsheetWidget::widgetFor(const Component& model) const {
     const ComponentBinding* binding = d_->bindingFor(model);
     return binding == nullptr ? nullptr : binding->widget();
+}
+
+QWidget* SpreadsheetWidget::findBar() const {
+    return d_->findBar_;
 }
 
 void SpreadsheetWidget::setMessageHandler(MessageHandler handler) {
@@ -301,6 +345,18 @@ bool SpreadsheetWidget::Redo() {
     return d_->hostCall([&] { return d_->control_->Redo(); });
 }
 
+bool SpreadsheetWidget::NextProblem() {
+    return d_->control_->NextProblem();
+}
+
+bool SpreadsheetWidget::PreviousProblem() {
+    return d_->control_->PreviousProblem();
+}
+
+void SpreadsheetWidget::showFindBar() {
+    d_->findBar_->open();
+}
+
 // --- size, showing, focus
 
 QSize SpreadsheetWidget::sizeHint() const {
@@ -347,6 +403,7 @@ void SpreadsheetWidget::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     d_->updateScale();
     if (d_->control_->shown()) d_->applySize();
+    if (d_->findBar_->isVisible()) d_->findBar_->place();
 }
 
 void SpreadsheetWidget::showEvent(QShowEvent* event) {
@@ -365,9 +422,11 @@ void SpreadsheetWidget::focusInEvent(QFocusEvent* event) {
 void SpreadsheetWidget::Private::syncFocusToModel() {
     // An open drop-down holds the focus for the combo that opened it.
     if (QApplication::activePopupWidget() != nullptr) return;
+    QWidget* current = QApplication::focusWidget();
+    // The find bar keeps the focus while it is used; the control has it back on Escape.
+    if (findBar_ != nullptr && current != nullptr && findBar_->isAncestorOf(current)) return;
     const Component* focused = FormOf(*control_).focus.focused();
     const ComponentBinding* binding = focused == nullptr ? nullptr : bindingFor(*focused);
-    QWidget* current = QApplication::focusWidget();
     if (binding != nullptr) {
         QWidget* own = binding->widget();
         if (current != nullptr && (current == own || own->isAncestorOf(current))) return;

@@ -30,6 +30,11 @@
 //   that changed it has finished: a slot that calls the widget while one of the
 //   control's signals runs sees them afterwards.
 //
+// - Besides the control's interface (additions that change nothing it does): the
+//   reason a red cell is red as its tooltip and a mark on it and on the editor open
+//   over it, marks on the tree's nodes, the find bar (Ctrl+F), the access keys (F9,
+//   F12, Alt+V/O/C/H; see view/access_keys.h) and a table for assistive technology.
+//
 // Failures: members the control lets fail (the moves, DisplayColWidth ...) throw
 // their RuntimeFailure to the caller, as the control reaches its host. A failure
 // during a user's gesture is shown as a critical message with its description.
@@ -113,6 +118,8 @@ public:
     ComponentBinding* bindingFor(const Component& model) const;
     // The Qt widget shown for a model; null for a model without one.
     QWidget* widgetFor(const Component& model) const;
+    // The find bar (hidden until opened).
+    QWidget* findBar() const;
 
     QSize sizeHint() const override;
 
@@ -127,6 +134,11 @@ public Q_SLOTS:
     void MovePreviousColumn();
     bool Undo();
     bool Redo();
+    // The next (previous) value that needs correcting (Generic_SP_Control::NextProblem).
+    bool NextProblem();
+    bool PreviousProblem();
+    // Opens the find bar (as Ctrl+F does).
+    void showFindBar();
 
 Q_SIGNALS:
     void OKClick();
@@ -139,6 +151,8 @@ Q_SIGNALS:
     void canUndoChanged(bool canUndo);
     void canRedoChanged(bool canRedo);
     void modifiedChanged(bool modified);
+    // The number of values that need correcting (ProblemCount) changed.
+    void ProblemCountChanged(int count);
 
 protected:
     bool event(QEvent* event) override;

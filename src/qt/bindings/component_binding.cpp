@@ -6,6 +6,7 @@
 #include "control/control_access.h"
 #include "qt/key_translation.h"
 #include "view/edit_keys.h"
+#include "view/access_keys.h"
 
 namespace tabulon {
 
@@ -32,6 +33,7 @@ bool ControlWantsKey(const QKeyEvent& event) {
     }
     const KeyStroke stroke = TranslateKeyEvent(event);
     if (IsEditKey(stroke.keyCode, stroke.shift)) return true;
+    if (FindAccessKey(stroke.keyCode, stroke.shift) != nullptr) return true;
     const Qt::KeyboardModifiers commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
     return (event.modifiers() & commands) == 0 && !event.text().isEmpty();
 }

@@ -62,7 +62,8 @@ private:
 
 // Whether a key reaches the control rather than a shortcut of the host: keys the
 // control navigates with (Tab, Enter, F5..F8, with any modifiers), its editing keys
-// (Ctrl+Z, Ctrl+Y, Ctrl+Shift+Z, Escape) and keys that type a character.
+// (Ctrl+Z, Ctrl+Y, Ctrl+Shift+Z, Escape), its access keys (view/access_keys.h) and
+// keys that type a character.
 bool ControlWantsKey(const QKeyEvent& event);
 
 }  // namespace tabulon

@@ -1,5 +1,7 @@
 #include "qt/bindings/grid_binding.h"
 
+#include "qt/bindings/grid_accessibility.h"
+
 namespace tabulon {
 
 GridBinding::GridBinding(BindingHost& bindingHost, FlexGrid& grid, QWidget* parent)
@@ -12,6 +14,7 @@ void GridBinding::applyGeometry() {
 }
 
 void GridBinding::applyState(const ChangeInfo& change) {
+    NotifyGridAccessibility(*view_, change);
     if (change.kind == Change::Cell) {
         const QRect rect = view_->cellRect(change.row, change.col);
         if (!rect.isEmpty()) view_->update(rect);

@@ -1,12 +1,16 @@
 #include "qt/bindings/grid_view.h"
 
 #include <QApplication>
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
 
+#include "qt/bindings/grid_accessibility.h"
+#include "qt/bindings/problem_mark.h"
 #include "qt/key_translation.h"
 #include "support/numeric.h"
 #include "support/text.h"
@@ -50,6 +54,13 @@ GridView::GridView(BindingHost& host, FlexGrid& grid, QWidget* parent)
     setMouseTracking(true);
     setFocusPolicy(Qt::ClickFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setAccessibleName(tr("Values"));
+    InstallGridAccessibility();
+}
+
+void GridView::focusInEvent(QFocusEvent* event) {
+    QWidget::focusInEvent(event);
+    NotifyGridFocus(*this);
 }
 
 Qt::Alignment GridView::TextAlignment(CellAlignment alignment, const std::string& text) {
@@ -167,6 +178,7 @@ void GridView::paintCell(QPainter& painter, int row, int col, const QRect& rect)
     painter.fillRect(QRect(rect.right(), rect.top(), 1, rect.height()), line);
     painter.fillRect(QRect(rect.left(), rect.bottom(), rect.width(), 1), line);
 
+    if (!fixed && !cell.note.empty()) PaintProblemMark(painter, rect.adjusted(0, 0, -1, -1), back);
     if (cell.text.empty()) return;
     painter.setPen(fore);
     text_.paint(painter, textArea(cell, rect), TextAlignment(cell.alignment, cell.text), cell.text);
@@ -249,6 +261,21 @@ void GridView::paintEvent(QPaintEvent* event) {
     }
     paintFocusRect(painter);
     borderDrag_.paint(painter);
+}
+
+bool GridView::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const int row = rowAt(help->pos().y());
+    const int col = colAt(help->pos().x());
+    const QString tip = row >= 0 && col >= 0 ? CellToolTip(grid_, row, col, false) : QString();
+    if (tip.isEmpty()) {
+        QToolTip::hideText();
+        event->ignore();
+    } else {
+        QToolTip::showText(help->globalPos(), tip, this, cellRect(row, col));
+    }
+    return true;
 }
 
 void GridView::pointerAt(const QPoint& position, Qt::MouseButtons buttons,

@@ -20,6 +20,10 @@
 // and a tooltip over such a cell shows the whole text; so does one over a cell whose
 // text runs past the view's edge.
 //
+// A cell whose note says why its value is invalid carries the problem mark
+// (problem_mark.h) and shows the note as its tooltip. Assistive technology sees the
+// view as a table (grid_accessibility.h).
+//
 // Decisions on what the model does not say:
 // - The area past the last row and column is the classic flex grid's dark grey. It is
 //   painted only where no cell lies (every cell paints its whole rectangle in an opaque
@@ -56,6 +60,9 @@ public:
 
     GridView(BindingHost& host, FlexGrid& grid, QWidget* parent);
 
+    const FlexGrid& grid() const { return grid_; }
+    const Generic_SP_Control& control() const { return host_.control(); }
+
     // The rows and columns in view, in painting order (fixed ones first).
     std::vector<int> rowsInView() const;
     std::vector<int> colsInView() const;
@@ -79,6 +86,7 @@ public:
 protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

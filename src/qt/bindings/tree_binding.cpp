@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 
 #include "qt/bindings/picture_decoding.h"
+#include "qt/bindings/tree_problem_badge.h"
 #include "qt/qt_text.h"
 
 namespace tabulon {
@@ -57,6 +58,8 @@ TreeBinding::TreeBinding(BindingHost& bindingHost, TreeView& tree, ImageList& im
     treeWidget_->setFocusPolicy(Qt::ClickFocus);
     treeWidget_->setContextMenuPolicy(Qt::NoContextMenu);
     treeWidget_->viewport()->installEventFilter(this);
+    treeWidget_->setItemDelegate(new TreeProblemBadge(treeWidget_));
+    treeWidget_->setAccessibleName(tr("Categories"));
 
     observe(images_, [this](const ChangeInfo&) {
         reloadIcons();
@@ -119,6 +122,12 @@ void TreeBinding::mirrorNode(int index) {
     item->setText(0, ToQString(node.text));
     item->setIcon(0, iconFor(node));
     item->setExpanded(node.expanded);
+    if (item->data(0, kProblemCountRole).toInt() != node.problems) {
+        const QString problems = ProblemCountText(node.problems);
+        item->setData(0, kProblemCountRole, node.problems);
+        item->setToolTip(0, problems);
+        item->setData(0, Qt::AccessibleDescriptionRole, problems);
+    }
 }
 
 void TreeBinding::mirrorSelection() {

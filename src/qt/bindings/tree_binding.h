@@ -11,7 +11,8 @@
 //
 // Decisions: the style code shows pictures for odd styles (1, 3, 5, 7) and the
 // expand indicators of root nodes for styles 2, 3, 6 and 7; tree lines are not drawn.
-// Pictures are shown at 16 x 16 pixels. Nodes are added to the widget one by one as
+// Pictures are shown at 16 x 16 pixels. A node's problem count shows as a badge
+// (TreeProblemBadge). Nodes are added to the widget one by one as
 // the model adds them; any other change of the node list rebuilds the widget.
 #pragma once
 
