@@ -8,12 +8,14 @@
 #include "qt/bindings/problem_mark.h"
 #include "qt/qt_text.h"
 #include "qt/spreadsheet_widget.h"
+#include "view/cell_colors.h"
 
 namespace tabulon {
 
 namespace {
 
-// The triangle alone, laid over the editor; the pointer passes through it.
+// Laid over the open editor: the cell's red as a frame and the mark in the corner.
+// The pointer passes through it.
 class MarkOverlay : public QWidget {
 public:
     explicit MarkOverlay(QWidget* parent) : QWidget(parent) {
@@ -26,8 +28,17 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        PaintProblemMark(painter, QRect(0, 0, width(), height()), palette().color(QPalette::Base));
+        const QColor red = QColor::fromRgb(static_cast<QRgb>(kInvalidBackColor));
+        painter.fillRect(QRect(0, 0, width(), kFrame), red);
+        painter.fillRect(QRect(0, height() - kFrame, width(), kFrame), red);
+        painter.fillRect(QRect(0, 0, kFrame, height()), red);
+        painter.fillRect(QRect(width() - kFrame, 0, kFrame, height()), red);
+        PaintProblemMark(painter, QRect(0, 0, width(), height()), palette().color(QPalette::Base),
+                         ProblemMarkSize(height()));
     }
+
+private:
+    static constexpr int kFrame = 2;
 };
 
 std::array<Component*, 4> Editors(Form& form) {
@@ -96,8 +107,7 @@ void EditorCues::refresh() {
         mark_->hide();
         return;
     }
-    const int size = ProblemMarkSize(open->height()) + 1;
-    mark_->setGeometry(QRect(open->geometry().topLeft(), QSize(size, size)));
+    mark_->setGeometry(open->geometry());
     mark_->show();
     mark_->raise();
 }

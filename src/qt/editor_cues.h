@@ -1,10 +1,10 @@
 // EditorCues: what an open cell editor tells about the cell under it, which it
-// covers. While an editor is open over a value that needs correcting, the problem
-// mark (problem_mark.h) lies on the editor's top-left corner and the cell's reason is
-// the editor's tooltip; for every open editor the accessible name says which cell it
-// edits ("Capacity, CH-1") and the accessible description gives the cell's unit and
-// reason. Painting and texts only: the editors' models are not touched. It must end
-// before the control does (it observes the control's models).
+// covers. While an editor is open over a value that needs correcting, the editor is
+// framed in the cell's red with the problem mark (problem_mark.h) in its top-left
+// corner, and the cell's reason is the editor's tooltip; for every open editor the accessible name
+// says which cell it edits ("Capacity, CH-1") and the accessible description gives the cell's unit
+// and reason. Painting and texts only: the editors' models are not touched. It must end before the
+// control does (it observes the control's models).
 #pragma once
 
 #include <QObject>
@@ -26,7 +26,7 @@ public:
     explicit EditorCues(SpreadsheetWidget& widget);
     ~EditorCues() override;
 
-    // The mark over the open editor; hidden when there is none to show.
+    // The frame and mark over the open editor; hidden when there is none to show.
     QWidget* mark() const { return mark_; }
 
     // Reads the models again and updates the cues.

@@ -1,11 +1,10 @@
-// FindBar: the widget's find bar, laid over the top-right corner of the grid (it takes
-// no room from the control's layout). Ctrl+F opens it with its text selected; Enter
-// (or Next) goes to the next hit and Shift+Enter (or Previous) to the previous one,
-// searching again first when the text or an option changed since the last search;
-// the label counts the hits ("2 of 14", "No hits"); Escape or Close hides it and the
-// focus goes back where the control has it. The search and the jumps are the
-// control's own (Generic_SP_Control::Find, GoToFindHit), so the bar shows nothing the
-// session cannot do.
+// FindBar: the widget's find bar, laid over the top-right corner of the grid, left of
+// the control's own vertical bar (it takes no room from the control's layout). Ctrl+F opens it with
+// its text selected; Enter (or Next) goes to the next hit and Shift+Enter (or Previous) to the
+// previous one, searching again first when the text or an option changed since the last search; the
+// label counts the hits ("2 of 14", "No hits"); Escape or Close hides it and the focus goes back
+// where the control has it. The search and the jumps are the control's own
+// (Generic_SP_Control::Find, GoToFindHit), so the bar shows nothing the session cannot do.
 //
 // The bar keeps Qt's focus while it is open and used: a jump opens the hit's editor in
 // the control, and the bar takes the focus back from it.

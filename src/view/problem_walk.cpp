@@ -149,6 +149,8 @@ bool GoToProblem(ControlCore& core, bool forward) {
     if (form.anyEditorVisible()) {
         CommitCellEdit(core);
         HideCellEditors(core);
+        // Where the walk finds nothing, the keyboard stays with the grid.
+        form.msgGridView.setFocus();
     }
     DocumentModel& doc = core.doc;
     EnsureValidityIndex(doc);

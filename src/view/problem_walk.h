@@ -32,9 +32,9 @@ struct ProblemCell {
 // would show. O(document).
 std::vector<ProblemCell> ListProblems(ControlCore& core);
 
-// Commits and closes an open editor, then goes to the next (forward) or previous
-// value that needs correcting after the current cell, wrapping round at the end
-// (GoToCell). False when no value that a node shows needs correcting.
+// Commits and closes an open editor (the grid takes the focus), then goes to the next
+// (forward) or previous value that needs correcting after the current cell, wrapping
+// round at the end (GoToCell). False when no value that a node shows needs correcting.
 bool GoToProblem(ControlCore& core, bool forward);
 
 }  // namespace tabulon

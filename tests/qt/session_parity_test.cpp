@@ -1,13 +1,16 @@
 // The same steps through real Qt input events and through the session tool give the
 // same control: current cell, cell texts and colours, the document, events and
 // message boxes.
+#include <QApplication>
 #include <QComboBox>
 #include <QScrollBar>
 #include <QTest>
 #include <QTreeWidget>
 
 #include "qt/bindings/scroll_bar_binding.h"
+#include "qt/bindings/unit_box_binding.h"
 #include "qt/bindings/unit_drop_binding.h"
+#include "qt/find_bar.h"
 #include "widget_fixture.h"
 
 namespace tabulon::testing {
@@ -277,6 +280,45 @@ TEST_F(SessionParity, UndoRedoAndEscapeKeysMatchTheSession) {
                  "type \"x\"\nkey Escape\nkey z ctrl\nkey y ctrl\nkey z ctrl+shift\n");
     EXPECT_EQ(form().msgGridView.textMatrix(1, 1), "P7");
     EXPECT_EQ(events.size(), 1u);  // undo and redo do not ask the host again
+}
+
+// A capacity made too large, then F9 from another node to correct it, then the find
+// bar to a column caption: the keyboard alone, as the session does it.
+TEST_F(SessionParity, F9AndTheFindBarTakeTheUserToCellsLikeTheSession) {
+    const std::string path = LoadCopy("english.xml");
+    ClickNode("CHILLERS");
+    ClickCell(2, 1);
+    for (int i = 0; i < 3; ++i)
+        KeyClick(Qt::Key_Backspace);
+    TypeText(QStringLiteral("4000"));
+    KeyClick(Qt::Key_Tab);
+    ClickNode("PROJECT");
+    ClickCell(1, 1);
+    KeyClick(Qt::Key_F9);
+    EXPECT_EQ(
+        QApplication::focusWidget(),
+        static_cast<UnitBoxBinding*>(widget().bindingFor(form().unitNumControl))->numberEdit());
+    for (int i = 0; i < 4; ++i)
+        KeyClick(Qt::Key_Backspace);
+    TypeText(QStringLiteral("2500"));
+    KeyClick(Qt::Key_Tab);
+    KeyClick(Qt::Key_F9);  // nothing left to correct
+    KeyClick(Qt::Key_F, Qt::ControlModifier);
+    auto* bar = static_cast<FindBar*>(widget().findBar());
+    ASSERT_TRUE(bar->isVisible());
+    TypeText(QStringLiteral("CH-3"));
+    KeyClick(Qt::Key_Return);
+    EXPECT_EQ(bar->countLabel()->text(), QStringLiteral("1 of 1"));
+    KeyClick(Qt::Key_Escape);
+    EXPECT_FALSE(bar->isVisible());
+
+    ExpectSameAs(path,
+                 "node CHILLERS\nclick 2 1\nkey Backspace\nkey Backspace\nkey Backspace\n"
+                 "type \"4000\"\nkey Tab\nnode PROJECT\nclick 1 1\nkey F9\nkey Backspace\n"
+                 "key Backspace\nkey Backspace\nkey Backspace\ntype \"2500\"\nkey Tab\nkey F9\n"
+                 "find \"CH-3\"\nfind-next\n");
+    EXPECT_EQ(form().msgGridView.col(), 3);
+    EXPECT_EQ(widget().control().ProblemCount(), 0);
 }
 
 TEST_F(SessionParity, ABrokenDocumentShowsTheSameMessages) {

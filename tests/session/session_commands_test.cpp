@@ -166,3 +166,40 @@ TEST(SessionGestures, TreeGesturesSelectAndExpandNodes) {
 
 }  // namespace
 }  // namespace tabulon::testing
+
+namespace tabulon::testing {
+namespace {
+
+// A capacity above its maximum: the reason in the cell's dump and in the problems'
+// dump, the walk to it from another node, and find.
+TEST(SessionProblems, ReasonsCountsTheWalkAndFindAreReachable) {
+    const SessionRun run = RunSession(
+        "loadxml samples/english.xml\nnode CHILLERS\nclick 2 1\ntype \"9999\"\nclick 2 2\n"
+        "dump cell 2 1\ndump problems\nnode PROJECT\nnext-invalid\ndump grid\n"
+        "find \"ch-1\" whole-cell\ngo-to-hit 0\ndump state\nnext-invalid\nprevious-invalid\n"
+        "find-next\nfind-previous\n");
+    ASSERT_EQ(run.status, 0) << run.err;
+    ASSERT_EQ(run.lines.size(), 12u);
+    const JsonValue& cell = run.lines[1];
+    EXPECT_EQ(cell["problem"].text, "Above the maximum of 3000 ton");
+    EXPECT_EQ(cell["unit"].text, "ton");
+    const JsonValue& problems = run.lines[2];
+    EXPECT_EQ(problems["count"].number, 1);
+    EXPECT_EQ(problems["marks"][0]["key"].text, "CHILLERS");
+    EXPECT_EQ(problems["cells"][0]["rowCaption"].text, "Capacity");
+    EXPECT_EQ(problems["cells"][0]["columnCaption"].text, "CH-1");
+    EXPECT_TRUE(run.lines[3]["result"].boolean);
+    EXPECT_EQ(run.lines[4]["row"].number, 2);
+    EXPECT_EQ(run.lines[4]["col"].number, 1);
+    EXPECT_EQ(run.lines[4]["cells"][0][3]["text"].text, "CH-3 (future)");
+    ASSERT_EQ(run.lines[5]["result"].items.size(), 1u);
+    EXPECT_EQ(run.lines[5]["result"][0]["node"].text, "CHILLERS");
+    EXPECT_EQ(run.lines[5]["result"][0]["col"].number, 1);
+    EXPECT_TRUE(run.lines[6]["result"].boolean);
+    EXPECT_EQ(run.lines[7]["strCurrentValueKey"].text, "CHILLERS");
+    for (std::size_t i = 8; i < 12; ++i)
+        EXPECT_TRUE(run.lines[i]["result"].boolean) << i;
+}
+
+}  // namespace
+}  // namespace tabulon::testing

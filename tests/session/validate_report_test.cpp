@@ -5,6 +5,7 @@
 #include <ostream>
 #include <string>
 
+#include "common/documents.h"
 #include "common/files.h"
 #include "session/tool_runner.h"
 
@@ -101,6 +102,36 @@ TEST(Report, FailsWhenNoPrintClickIsRaised) {
     EXPECT_EQ(RunTool("report samples/filtered.xml --filter Nothing").status, 1);
     EXPECT_EQ(RunTool("report /nonexistent/doc.xml").status, 1);
     EXPECT_EQ(RunTool("report samples/english.xml --node").status, 2);
+}
+
+}  // namespace
+}  // namespace tabulon::testing
+
+namespace tabulon::testing {
+namespace {
+
+// One value beyond its row's maximum, one marked by the document and one under a key
+// no tree node shows.
+TEST(ValidateAndFind, ValidateListsEveryInvalidValueAndFindPrintsEveryHit) {
+    const std::string number = R"(Unit="TONS_TO_KW" Format="0" MinVal="0" MaxVal="3000")";
+    const std::string path = WriteTempFile(
+        "invalid.xml", Document({Row("TextBox"), Row("UnitNum", number)},
+                                {Column({{"pump", true, false}, {"5000", true, false}},
+                                        CellValues("NOWHERE", {{"x", true, false}}))}));
+    const ToolRun validate = RunTool("validate '" + path + "'");
+    EXPECT_EQ(validate.status, 0);
+    EXPECT_EQ(validate.out,
+              "tree 1 nodes; grid 3 rows x 2 cols for node \"N1\"\n"
+              "invalid: node \"N1\", row \"R\", column \"C\": Marked invalid in the document\n"
+              "invalid: node \"N1\", row \"R\", column \"C\": Above the maximum of 3000 ton\n"
+              "invalid: GridValue 1, GridValueKey \"NOWHERE\", row 1 (no node shows it): Marked "
+              "invalid in the document\n");
+
+    const ToolRun found = RunTool("find '" + path + "' PUMP");
+    EXPECT_EQ(found.status, 0);
+    EXPECT_EQ(found.out, "N1\t1\t1\tpump\n");
+    EXPECT_EQ(RunTool("find '" + path + "' PUMP --match-case").status, 1);
+    EXPECT_EQ(RunTool("find '" + path + "'").status, 2);
 }
 
 }  // namespace

@@ -54,8 +54,9 @@ GridView::GridView(BindingHost& host, FlexGrid& grid, QWidget* parent)
     setMouseTracking(true);
     setFocusPolicy(Qt::ClickFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setAccessibleName(tr("Values"));
+    // Before anything asks for the view's accessible interface (naming it does).
     InstallGridAccessibility();
+    setAccessibleName(tr("Values"));
 }
 
 void GridView::focusInEvent(QFocusEvent* event) {
@@ -178,7 +179,10 @@ void GridView::paintCell(QPainter& painter, int row, int col, const QRect& rect)
     painter.fillRect(QRect(rect.right(), rect.top(), 1, rect.height()), line);
     painter.fillRect(QRect(rect.left(), rect.bottom(), rect.width(), 1), line);
 
-    if (!fixed && !cell.note.empty()) PaintProblemMark(painter, rect.adjusted(0, 0, -1, -1), back);
+    if (!fixed && !cell.note.empty()) {
+        PaintProblemMark(painter, rect.adjusted(0, 0, -1, -1), back,
+                         ProblemMarkSize(rect.height()));
+    }
     if (cell.text.empty()) return;
     painter.setPen(fore);
     text_.paint(painter, textArea(cell, rect), TextAlignment(cell.alignment, cell.text), cell.text);

@@ -9,11 +9,11 @@
 namespace tabulon {
 
 int ProblemMarkSize(int height) {
-    return std::clamp(height * 2 / 5, 5, 10);
+    return std::clamp(height * 2 / 5, 6, 12);
 }
 
-void PaintProblemMark(QPainter& painter, const QRect& rect, const QColor& background) {
-    const int size = std::min(ProblemMarkSize(rect.height()), rect.width());
+void PaintProblemMark(QPainter& painter, const QRect& rect, const QColor& background, int size) {
+    size = std::min({size, rect.width(), rect.height()});
     if (size < 3) return;
     const bool darkBackground = qGray(background.rgb()) < 128;
     const QColor fill = darkBackground ? Qt::white : Qt::black;

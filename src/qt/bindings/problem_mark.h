@@ -2,8 +2,9 @@
 // it is seen without telling colours apart (in greyscale, in a high-contrast palette,
 // by a person who cannot see red): a small triangle in the top-left corner of the
 // cell, or of the editor open over it, filled black or white, whichever stands
-// further from the background, and outlined in the other. It is painting only: the
-// cell keeps its colours and its text.
+// further from the background, and outlined in the other. The editor, which hides
+// the cell's red, is framed in that red as well. It is painting only: the cell keeps
+// its colours and its text.
 #pragma once
 
 #include <QColor>
@@ -18,8 +19,9 @@ namespace tabulon {
 // The length of the triangle's sides in pixels for a cell or editor of that height.
 int ProblemMarkSize(int height);
 
-// Paints the mark into the top-left corner of rect, over background.
-void PaintProblemMark(QPainter& painter, const QRect& rect, const QColor& background);
+// Paints the mark, size pixels long, into the top-left corner of rect, over
+// background.
+void PaintProblemMark(QPainter& painter, const QRect& rect, const QColor& background, int size);
 
 class Generic_SP_Control;
 

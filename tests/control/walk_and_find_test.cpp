@@ -1,0 +1,178 @@
+// Going to the values that need correcting, finding text across the tree, and the
+// access keys, as a host calls them and as a person presses them.
+#include <gmock/gmock.h>
+
+#include "common/control_harness.h"
+#include "common/documents.h"
+#include "platform/key_codes.h"
+
+namespace tabulon::testing {
+namespace {
+
+using ::testing::ElementsAre;
+
+constexpr int kF9 = keys::FunctionKey(9);
+constexpr int kF12 = keys::FunctionKey(12);
+
+std::string Node(std::string_view key, int filter = 0) {
+    return R"(<Pnode Name=")" + std::string(key) + R"(" KeyValue=")" + std::string(key) +
+           R"(" GridHeaderKey="H" GridValueKey=")" + std::string(key) + R"(" Filter=")" +
+           std::to_string(filter) + R"("/>)";
+}
+
+std::string Values(std::string_view key, std::string_view filterValue,
+                   const std::vector<CellData>& cells) {
+    std::string xml = CellValues(key, cells);
+    return xml.replace(xml.find('>'), 1, R"( FilterValue=")" + std::string(filterValue) + R"(">)");
+}
+
+// Nodes A (filtered: column 1 "X", column 2 "Y"), B and C, the last, over one layout of
+// a text row and a number row. Invalid, in the gate's order: B (2, 1), C (1, 1), A
+// (1, 2); an orphan key no node names holds one more.
+std::string ThreeNodes() {
+    const std::string rows = Row("TextBox") + Row("UnitNum", R"(MinVal="0" MaxVal="10")");
+    const std::string columns =
+        R"(<ColumnHeader HName="Item"/><ColumnHeader HName="One"/><ColumnHeader HName="Two"/>)";
+    const std::string first = "<GridValue>" + Values("A", "X", {{"pump a"}, {"1"}}) +
+                              CellValues("B", {{"Pump b"}, {"99", true, false}}) +
+                              CellValues("ORPHAN", {{"x", true, false}}) +
+                              CellValues("C", {{"c", true, false}, {"3"}}) + "</GridValue>";
+    const std::string second = "<GridValue>" + Values("A", "Y", {{"a2", true, false}, {"2"}}) +
+                               CellValues("B", {{"b2"}, {"2"}}) + CellValues("C", {{"c2"}, {"2"}}) +
+                               "</GridValue>";
+    return Doc(Node("A", 1) + Node("B") + Node("C"), Header("H", columns, rows), first + second);
+}
+
+class WalkAndFind : public ControlHarness {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(LoadText(ThreeNodes()));
+        ClearRecords();
+    }
+    // Where the control shows the user now: node key, row and column.
+    std::string Here() {
+        const TreeView& tree = form().treTreeView;
+        const FlexGrid& grid = form().msgGridView;
+        return tree.node(tree.selectedIndex()).key + " " + std::to_string(grid.row()) + "," +
+               std::to_string(grid.col());
+    }
+    void Key(int keyCode, int shift = 0) { control().UserKeyStroke(keyCode, 0, shift); }
+};
+
+TEST_F(WalkAndFind, NextAndPreviousProblemFollowTheGatesOrderAcrossEveryNodeAndWrap) {
+    EXPECT_EQ(control().ProblemCount(), 4);  // the orphan counts, but no node shows it
+    std::vector<std::string> forward, backward;
+    for (int i = 0; i < 4; ++i) {
+        ASSERT_TRUE(control().NextProblem());
+        forward.push_back(Here());
+    }
+    EXPECT_THAT(forward, ElementsAre("B 2,1", "C 1,1", "A 1,2", "B 2,1"));
+    for (int i = 0; i < 3; ++i) {
+        ASSERT_TRUE(control().PreviousProblem());
+        backward.push_back(Here());
+    }
+    EXPECT_THAT(backward, ElementsAre("A 1,2", "C 1,1", "B 2,1"));
+    // Ready for typing: the editor of the cell is open and has the focus.
+    EXPECT_TRUE(form().unitNumControl.visible());
+    EXPECT_TRUE(form().unitNumControl.hasFocus());
+    ExpectMessages({});
+    EXPECT_THAT(host.events(), ::testing::IsEmpty());
+}
+
+TEST_F(WalkAndFind, AProblemInAColumnTheFilterHidesShowsAllAgain) {
+    ASSERT_TRUE(form().cboFilter.userPick("X"));
+    ASSERT_EQ(form().msgGridView.colWidth(2), 0);
+    control().PreviousProblem();  // back from A (1, 1): wraps to A (1, 2)
+    EXPECT_EQ(Here(), "A 1,2");
+    EXPECT_EQ(control().FilterValue(), "All");
+    EXPECT_GT(form().msgGridView.colWidth(2), 0);
+}
+
+TEST_F(WalkAndFind, TheOpenEditorIsCommittedBeforeTheWalkGoesOn) {
+    ASSERT_TRUE(control().NextProblem());
+    form().unitNumControl.UserSetText("5");
+    ASSERT_TRUE(control().NextProblem());
+    EXPECT_EQ(Here(), "C 1,1");
+    EXPECT_EQ(control().ProblemCount(), 3);
+    EXPECT_EQ(core().doc.objXMLDoc->root().select("//CellValues[@GridValueKey='B']/*[2]")[0].text(),
+              "5");
+}
+
+TEST_F(WalkAndFind, FindSearchesEveryNodesCaptionsAndValuesInTreeOrder) {
+    const auto where = [](const std::vector<FindHit>& hits) {
+        std::vector<std::string> places;
+        for (const FindHit& hit : hits)
+            places.push_back(hit.nodeKey + " " + std::to_string(hit.row) + "," +
+                             std::to_string(hit.col) + " " + hit.text);
+        return places;
+    };
+    EXPECT_THAT(where(control().Find("PUMP")), ElementsAre("A 1,1 pump a", "B 1,1 Pump b"));
+    EXPECT_THAT(where(control().Find("Pump", {.matchCase = true})), ElementsAre("B 1,1 Pump b"));
+    EXPECT_THAT(where(control().Find("two", {.wholeCell = true})),
+                ElementsAre("A 0,2 Two", "B 0,2 Two", "C 0,2 Two"));
+    EXPECT_THAT(control().Find(""), ::testing::IsEmpty());
+
+    ASSERT_EQ(control().Find("2").size(), 6u);  // "a2", "b2", "c2" and three "2" values
+    ASSERT_TRUE(control().GoToFindHit(2));
+    EXPECT_EQ(Here(), "B 1,2");
+    EXPECT_TRUE(form().txtTextBoxControl.hasFocus());
+    ASSERT_TRUE(control().FindNext());
+    EXPECT_EQ(Here(), "B 2,2");
+    ASSERT_TRUE(control().FindPrevious());
+    ASSERT_TRUE(control().FindPrevious());
+    EXPECT_EQ(Here(), "A 2,2");
+    EXPECT_EQ(control().CurrentFindHit(), 1);
+    EXPECT_FALSE(control().GoToFindHit(6));
+}
+
+TEST_F(ControlHarness, FindSeesValuesAsShownInAMetricDocument) {
+    const std::string row =
+        Row("UnitDrop", R"(Unit="FT_TO_M;INCH_TO_MM" Format="0.0;0" MinVal="0;0" MaxVal="10;24")");
+    ASSERT_TRUE(LoadText(Document({row, Row("UnitNum", R"(Unit="INCH_TO_MM" Format="0")")},
+                                  {Column({{"5(in)"}, {"2"}})}, "METRIC")));
+    EXPECT_EQ(control().Find("127(mm)", {.wholeCell = true}).size(), 1u);
+    EXPECT_EQ(control().Find("51", {.wholeCell = true}).size(), 1u);
+    EXPECT_THAT(control().Find("(in)"), ::testing::IsEmpty());
+}
+
+// The access keys act at key-down: the data area's key-up handler, which swallows
+// every key-up there, never sees them.
+TEST_F(WalkAndFind, AccessKeysActBeforeTheKeyUpHandlerAndLeaveTheDesignsKeysAlone) {
+    form().msgGridView.setFocus();
+    Key(kF9);
+    EXPECT_EQ(Here(), "B 2,1");
+    Key(kF9, kShiftBit);
+    EXPECT_EQ(Here(), "A 1,2");
+
+    std::vector<std::string> visited;
+    for (int i = 0; i < 7; ++i) {
+        Key(kF12);
+        visited.push_back(form().focus.focused()->name());
+    }
+    // Into the grid: the current cell's editor opens, as on a click.
+    EXPECT_THAT(visited, ElementsAre("cmdPrint", "cmdOK", "cmdCancel", "cmdHelp", "treTreeView",
+                                     "cboFilter", "txtTextBoxControl"));
+    Key(kF12, kShiftBit);
+    EXPECT_EQ(form().focus.focused()->name(), "cboFilter");
+
+    int findRequests = 0;
+    Key('F', kCtrlBit);  // no front end asked for it: not the control's key
+    core().find.onRequested = [&] { ++findRequests; };
+    Key('F', kCtrlBit);
+    EXPECT_EQ(findRequests, 1);
+
+    Key('O', kAltBit);
+    ExpectMessages({Critical(
+        "Validation Error(s). You must correct all data highlighted in red before saving.")});
+    Key('H', kAltBit);
+    EXPECT_THAT(host.eventsOf(HostEventKind::HelpClick), ::testing::SizeIs(1));
+
+    form().msgGridView.setFocus();
+    form().msgGridView.setRow(1);
+    form().msgGridView.setCol(1);
+    control().UserKeyStroke(keys::kTab, keys::kTab, 0);  // the design's keys work as before
+    EXPECT_EQ(form().msgGridView.col(), 2);
+}
+
+}  // namespace
+}  // namespace tabulon::testing

@@ -1,0 +1,135 @@
+// What the widget shows of a value that needs correcting, besides its red: the reason
+// as a tooltip, a mark that is not colour alone on the cell and on its editor, the
+// tree's badges, and the grid as a table for assistive technology.
+#include <QAccessible>
+#include <QHelpEvent>
+#include <QLabel>
+#include <QTest>
+#include <QToolTip>
+#include <QTreeWidget>
+
+#include "qt/bindings/grid_view.h"
+#include "qt/bindings/tree_problem_badge.h"
+#include "widget_fixture.h"
+
+namespace tabulon::testing {
+namespace {
+
+constexpr const char* kReason = "Above the maximum of 3000 ton";
+
+class ProblemCues : public WidgetFixture {
+protected:
+    // english.xml with CH-1's capacity (Chillers, cell 2, 1) typed beyond its maximum;
+    // the editor has moved on to cell 2, 2.
+    void SetUp() override {
+        ASSERT_TRUE(Load(SampleCopy("english.xml")));
+        ClickNode("CHILLERS");
+        ClickCell(2, 1);
+        TypeText(QStringLiteral("9"));
+        KeyClick(Qt::Key_Tab);
+        ASSERT_EQ(widget().control().CellProblem(2, 1), kReason);
+    }
+    GridView& view() { return *static_cast<GridView*>(widget().widgetFor(form().msgGridView)); }
+    QTreeWidgetItem* TreeItem(const std::string& key) {
+        auto* tree = static_cast<QTreeWidget*>(widget().widgetFor(form().treTreeView));
+        for (QTreeWidgetItemIterator it(tree); *it != nullptr; ++it) {
+            if (form().treTreeView.node((*it)->data(0, Qt::UserRole).toInt()).key == key)
+                return *it;
+        }
+        return nullptr;
+    }
+};
+
+TEST_F(ProblemCues, TheRedCellTellsItsReasonAndCarriesAMarkSeenWithoutColour) {
+    const QRect cell = view().cellRect(2, 1);
+    QHelpEvent help(QEvent::ToolTip, cell.center(), view().mapToGlobal(cell.center()));
+    QApplication::sendEvent(&view(), &help);
+    EXPECT_EQ(QToolTip::text(), QString::fromUtf8(kReason));
+
+    // In greyscale the red is dark; the mark in its corner is light.
+    const QImage shot = view().grab().toImage();
+    EXPECT_GT(qGray(shot.pixel(cell.topLeft() + QPoint(2, 2))), 200);
+    EXPECT_LT(qGray(shot.pixel(cell.center() + QPoint(0, cell.height() / 3))), 100);
+    const QRect valid = view().cellRect(3, 1);
+    EXPECT_EQ(shot.pixel(valid.topLeft() + QPoint(2, 2)),
+              shot.pixel(valid.center() + QPoint(0, 6)));
+
+    // The editor over the red cell shows the mark and the reason too.
+    ClickCell(2, 1);
+    QWidget* editor = widget().widgetFor(form().unitNumControl);
+    ASSERT_TRUE(editor->isVisible());
+    EXPECT_EQ(editor->toolTip(), QString::fromUtf8(kReason));
+    const QImage withEditor = widget().grab(editor->geometry()).toImage();
+    EXPECT_LT(qGray(withEditor.pixel(3, 3)), 100);  // the corner triangle, dark on white
+    EXPECT_EQ(editor->accessibleName(), QStringLiteral("Capacity, CH-1"));
+    EXPECT_EQ(editor->accessibleDescription(),
+              QStringLiteral("Unit: ton. ") + QString::fromUtf8(kReason));
+}
+
+TEST_F(ProblemCues, TreeNodesCountTheirProblemsUntilTheyAreCorrected) {
+    QTreeWidgetItem* chillers = TreeItem("CHILLERS");
+    ASSERT_NE(chillers, nullptr);
+    EXPECT_EQ(chillers->data(0, kProblemCountRole).toInt(), 1);
+    EXPECT_EQ(chillers->toolTip(0), QStringLiteral("1 value needs correcting"));
+    EXPECT_EQ(TreeItem("PUMPS")->data(0, kProblemCountRole).toInt(), 0);
+
+    ClickCell(2, 1);
+    KeyClick(Qt::Key_Backspace);
+    KeyClick(Qt::Key_Tab);
+    EXPECT_EQ(chillers->data(0, kProblemCountRole).toInt(), 0);
+    EXPECT_EQ(chillers->toolTip(0), QString());
+}
+
+// Through Qt's accessibility API, as a screen reader's bridge reads it.
+TEST_F(ProblemCues, AssistiveTechnologySeesTheGridAsATableWithReasons) {
+    QAccessibleInterface* table = QAccessible::queryAccessibleInterface(&view());
+    ASSERT_NE(table, nullptr);
+    EXPECT_EQ(table->role(), QAccessible::Table);
+    EXPECT_EQ(table->text(QAccessible::Name), QStringLiteral("Values"));
+    QAccessibleTableInterface* grid = table->tableInterface();
+    ASSERT_NE(grid, nullptr);
+    EXPECT_EQ(grid->rowCount(), 5);
+    EXPECT_EQ(grid->columnCount(), 3);
+    EXPECT_EQ(grid->columnDescription(0), QStringLiteral("CH-1"));
+    QAccessibleInterface* capacity = grid->cellAt(1, 0);
+    ASSERT_NE(capacity, nullptr);
+    EXPECT_EQ(capacity->role(), QAccessible::Cell);
+    EXPECT_EQ(capacity->text(QAccessible::Name), QStringLiteral("4009"));
+    EXPECT_EQ(capacity->text(QAccessible::Description),
+              QStringLiteral("Unit: ton. ") + QString::fromUtf8(kReason));
+    QAccessibleTableCellInterface* place = capacity->tableCellInterface();
+    ASSERT_NE(place, nullptr);
+    EXPECT_EQ(place->columnHeaderCells().value(0)->text(QAccessible::Name), QStringLiteral("CH-1"));
+    EXPECT_EQ(place->rowHeaderCells().value(0)->text(QAccessible::Name),
+              QStringLiteral("Capacity"));
+    EXPECT_EQ(table->indexOfChild(capacity), 2 * 4 + 1);
+
+    // The grid takes the focus on a disabled cell: that cell is the focused one.
+    ClickCell(2, 3);
+    ASSERT_TRUE(view().hasFocus());
+    EXPECT_EQ(table->focusChild(), grid->cellAt(1, 2));
+    EXPECT_TRUE(grid->cellAt(1, 2)->state().focused);
+    EXPECT_FALSE(capacity->state().focused);
+    EXPECT_EQ(grid->selectedCells(), QList<QAccessibleInterface*>{grid->cellAt(1, 2)});
+}
+
+TEST_F(ProblemCues, EveryPartHasANameAndTheButtonsTheirAccessKeys) {
+    EXPECT_EQ(widget().widgetFor(form().treTreeView)->accessibleName(),
+              QStringLiteral("Categories"));
+    EXPECT_EQ(widget().widgetFor(form().cmdOK)->accessibleDescription(),
+              QStringLiteral("Shortcut: Alt+O"));
+    EXPECT_EQ(widget().widgetFor(form().cmdOK)->property("text").toString(), QStringLiteral("OK"));
+    auto* label = qobject_cast<QLabel*>(widget().widgetFor(form().lblFilter));
+    ASSERT_NE(label, nullptr);
+    EXPECT_EQ(label->buddy(), widget().widgetFor(form().cboFilter));  // names the combo
+
+    // F12 walks the parts; Alt+H presses Help without its caption changing.
+    ClickCell(1, 1);
+    KeyClick(Qt::Key_F12);
+    EXPECT_EQ(QApplication::focusWidget(), widget().widgetFor(form().cmdPrint));
+    KeyClick(Qt::Key_H, Qt::AltModifier);
+    EXPECT_EQ(events, std::vector<std::string>{"HelpClick"});
+}
+
+}  // namespace
+}  // namespace tabulon::testing
