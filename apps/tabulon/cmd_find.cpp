@@ -1,8 +1,9 @@
 // tabulon find FILE TEXT [--whole-cell] [--match-case]: loads FILE into a headless
 // control (Load with the path) and prints every cell of every tree node's grid whose
 // shown text holds TEXT (captions and values as the grid shows them, Metric
-// included), one per line in tree order: KEY, ROW, COL and the shown text, separated
-// by tabs (row 0 holds the column captions, column 0 the row captions). Message boxes
+// included), one per line in tree order, as validate names cells:
+//     node "KEY", row R, column C: TEXT
+// (row 0 holds the column captions, column 0 the row captions). Message boxes
 // go to stderr. Exit status: 0 when something was found, 1 when nothing was (or the
 // document did not load), 2 for bad arguments.
 #include <optional>
@@ -35,7 +36,8 @@ int RunFind(Arguments args, std::ostream& out, std::ostream& err) {
     if (!control.Load(words[0])) return 1;
     const std::vector<FindHit> hits = control.Find(words[1], options);
     for (const FindHit& hit : hits)
-        out << hit.nodeKey << '\t' << hit.row << '\t' << hit.col << '\t' << hit.text << '\n';
+        out << "node \"" << hit.nodeKey << "\", row " << hit.row << ", column " << hit.col << ": "
+            << hit.text << '\n';
     return hits.empty() ? 1 : 0;
 }
 

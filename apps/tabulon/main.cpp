@@ -19,7 +19,7 @@ constexpr std::array kCommands = {
             RunConvert},
     Command{"dtd", "", "print the built-in document type definition", RunDtd},
     Command{"find", "FILE TEXT [--whole-cell] [--match-case]",
-            "print every cell of every tree node's grid that shows TEXT (tab-separated)", RunFind},
+            "print every cell of every tree node's grid that shows TEXT", RunFind},
     Command{"generate",
             "--keys K --cols C --rows R [--grids G] [--metric] [--custom-units N] [--depth D] "
             "[--seed S] [--invalid I] [--host-checked H] [-o FILE]",

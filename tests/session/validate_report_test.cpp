@@ -129,7 +129,7 @@ TEST(ValidateAndFind, ValidateListsEveryInvalidValueAndFindPrintsEveryHit) {
 
     const ToolRun found = RunTool("find '" + path + "' PUMP");
     EXPECT_EQ(found.status, 0);
-    EXPECT_EQ(found.out, "N1\t1\t1\tpump\n");
+    EXPECT_EQ(found.out, "node \"N1\", row 1, column 1: pump\n");
     EXPECT_EQ(RunTool("find '" + path + "' PUMP --match-case").status, 1);
     EXPECT_EQ(RunTool("find '" + path + "'").status, 2);
 }
