@@ -66,6 +66,16 @@ TEST_F(ProblemCues, TheRedCellTellsItsReasonAndCarriesAMarkSeenWithoutColour) {
               QStringLiteral("Unit: ton. ") + QString::fromUtf8(kReason));
 }
 
+TEST_F(ProblemCues, ACutRedCellTellsItsReasonAndItsWholeText) {
+    form().msgGridView.setColWidth(1, 200);
+    ProcessEvents();
+    const QRect cell = view().cellRect(2, 1);
+    ASSERT_TRUE(view().textCut(2, 1));
+    QHelpEvent help(QEvent::ToolTip, cell.center(), view().mapToGlobal(cell.center()));
+    QApplication::sendEvent(&view(), &help);
+    EXPECT_EQ(QToolTip::text(), QString::fromUtf8(kReason) + QStringLiteral("\n4009"));
+}
+
 TEST_F(ProblemCues, TreeNodesCountTheirProblemsUntilTheyAreCorrected) {
     QTreeWidgetItem* chillers = TreeItem("CHILLERS");
     ASSERT_NE(chillers, nullptr);

@@ -1,11 +1,9 @@
 #include "qt/bindings/grid_view.h"
 
 #include <QApplication>
-#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
-#include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
 
@@ -265,21 +263,6 @@ void GridView::paintEvent(QPaintEvent* event) {
     }
     paintFocusRect(painter);
     borderDrag_.paint(painter);
-}
-
-bool GridView::event(QEvent* event) {
-    if (event->type() != QEvent::ToolTip) return QWidget::event(event);
-    const auto* help = static_cast<QHelpEvent*>(event);
-    const int row = rowAt(help->pos().y());
-    const int col = colAt(help->pos().x());
-    const QString tip = row >= 0 && col >= 0 ? CellToolTip(grid_, row, col, false) : QString();
-    if (tip.isEmpty()) {
-        QToolTip::hideText();
-        event->ignore();
-    } else {
-        QToolTip::showText(help->globalPos(), tip, this, cellRect(row, col));
-    }
-    return true;
 }
 
 void GridView::pointerAt(const QPoint& position, Qt::MouseButtons buttons,

@@ -21,8 +21,8 @@
 // text runs past the view's edge.
 //
 // A cell whose note says why its value is invalid carries the problem mark
-// (problem_mark.h) and shows the note as its tooltip. Assistive technology sees the
-// view as a table (grid_accessibility.h).
+// (problem_mark.h) and shows the note as its tooltip, above the whole text when that
+// is cut too. Assistive technology sees the view as a table (grid_accessibility.h).
 //
 // Decisions on what the model does not say:
 // - The area past the last row and column is the classic flex grid's dark grey. It is

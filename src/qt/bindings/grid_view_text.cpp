@@ -1,11 +1,12 @@
 // GridView: where a cell's text goes, what is shown of it, and the tooltip that shows
-// what was cut.
+// what was cut and why a red cell is red.
 #include <QHelpEvent>
 #include <QToolTip>
 #include <algorithm>
 
 #include "control/control_access.h"
 #include "qt/bindings/grid_view.h"
+#include "qt/bindings/problem_mark.h"
 #include "qt/qt_text.h"
 
 namespace tabulon {
@@ -61,9 +62,11 @@ bool GridView::event(QEvent* event) {
     const auto* help = static_cast<QHelpEvent*>(event);
     const int row = rowAt(help->pos().y());
     const int col = colAt(help->pos().x());
-    if (row >= 0 && col >= 0 && textCut(row, col)) {
-        QToolTip::showText(help->globalPos(), ToQString(grid_.textMatrix(row, col)), this,
-                           cellRect(row, col));
+    // The reason a cell is red, then its whole text when it is cut.
+    const QString tip =
+        row >= 0 && col >= 0 ? CellToolTip(grid_, row, col, textCut(row, col)) : QString();
+    if (!tip.isEmpty()) {
+        QToolTip::showText(help->globalPos(), tip, this, cellRect(row, col));
     } else {
         QToolTip::hideText();
         event->ignore();
