@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QSaveFile>
@@ -39,6 +40,7 @@ DemoWindow::DemoWindow(PropertyBag* savedSettings, QWidget* parent)
       boxes_(this),
       log_(new EventLog(this)),
       logDock_(new QDockWidget(tr("Log"), this)),
+      problems_(new QLabel(this)),
       spreadsheet_(nullptr) {
     makeSpreadsheet();
     logDock_->setObjectName(QStringLiteral("log"));
@@ -48,6 +50,9 @@ DemoWindow::DemoWindow(PropertyBag* savedSettings, QWidget* parent)
     resizeDocks({logDock_}, {150}, Qt::Vertical);
     buildMenus();
     buildToolBar();
+    // Beside the passing messages, so that hovering a menu does not wipe it.
+    problems_->setObjectName(QStringLiteral("problemCount"));
+    statusBar()->addPermanentWidget(problems_);
     setDocumentTitle(QString());
     statusBar()->showMessage(tr("No document"));
 }
@@ -187,26 +192,20 @@ void DemoWindow::buildToolBar() {
         ->setToolTip(tr("Find in every node (Ctrl+F)"));
 }
 
-QString DemoWindow::problemText(int count) {
-    if (count == 0) return tr("no values need correcting");
-    if (count == 1) return tr("1 cell needs correcting");
-    return tr("%1 cells need correcting").arg(count);
-}
-
 void DemoWindow::showProblemCount(int count) {
-    QString text = problemText(count);
-    text[0] = text[0].toUpper();
-    statusBar()->showMessage(text);
+    if (count == 0) {
+        problems_->clear();
+    } else if (count == 1) {
+        problems_->setText(tr("1 cell needs correcting"));
+    } else {
+        problems_->setText(tr("%1 cells need correcting").arg(count));
+    }
 }
 
 void DemoWindow::showLoaded(bool loaded, const QString& origin) {
-    if (!loaded) {
-        statusBar()->showMessage(tr("%1 was not loaded").arg(origin));
-        return;
-    }
-    const int count = spreadsheet_->control().ProblemCount();
-    statusBar()->showMessage(count == 0 ? origin
-                                        : origin + QStringLiteral(": ") + problemText(count));
+    statusBar()->showMessage(loaded ? origin : tr("%1 was not loaded").arg(origin));
+    // A fresh control starts at no problems, so its first count may not be a change.
+    showProblemCount(spreadsheet_->control().ProblemCount());
 }
 
 void DemoWindow::connectSignals() {

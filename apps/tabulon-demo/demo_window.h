@@ -8,7 +8,8 @@
 // - View: shows or hides the log pane; Protective editing switches the control's
 //   ProtectiveEditing (on in the demo, for every control it makes).
 // - A toolbar: Previous problem, Next problem and Find (the control's F9 / Shift+F9
-//   and Ctrl+F); the status line says how many values need correcting.
+//   and Ctrl+F); the right of the status line says how many values need correcting
+//   ("3 cells need correcting"), empty when none do.
 // The title carries "*" while the document has changes that are not saved.
 // Every signal of the control, every message box (the control's and the pages') and
 // every host action is written to the log pane (EventLog).
@@ -51,6 +52,7 @@
 class QAction;
 class QCloseEvent;
 class QDockWidget;
+class QLabel;
 
 namespace tabulon {
 class PropertyBag;
@@ -123,7 +125,6 @@ private:
     void buildToolBar();
     void showProblemCount(int count);
     void showLoaded(bool loaded, const QString& origin);
-    static QString problemText(int count);
     void connectSignals();
     void showMessage(MessageIcon icon, const QString& text);
     void onPrintClick(const QString& report);
@@ -150,6 +151,7 @@ private:
     QtMessageSink boxes_;
     EventLog* log_;
     QDockWidget* logDock_;
+    QLabel* problems_;
     SpreadsheetWidget* spreadsheet_;
     QAction* previewAction_ = nullptr;
     QAction* pdfAction_ = nullptr;

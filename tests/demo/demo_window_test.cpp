@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -16,6 +17,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QToolBar>
 #include <functional>
 
 #include "control/control_access.h"
@@ -187,6 +189,28 @@ TEST_F(DemoWindowTest, UnsavedChangesMarkTheTitleAndQuittingAsksFirst) {
     undo->trigger();
     EXPECT_FALSE(window.isWindowModified());
     EXPECT_TRUE(window.close());  // nothing to lose: no question
+}
+
+// The count beside the status line follows each correction and each document; the
+// toolbar's Next problem reaches a value of the last tree node.
+TEST_F(DemoWindowTest, TheStatusLineCountsTheCellsThatNeedCorrecting) {
+    window.setInteractive(false);
+    const auto* count = window.findChild<QLabel*>(QStringLiteral("problemCount"));
+    ASSERT_NE(count, nullptr);
+    ASSERT_TRUE(window.openDocument(QStringLiteral("docs/examples/needs-correcting.xml")));
+    EXPECT_EQ(count->text(), QStringLiteral("2 cells need correcting"));
+
+    auto* bar = window.findChild<QToolBar*>(QStringLiteral("problems"));
+    ASSERT_NE(bar, nullptr);
+    bar->actions().at(1)->trigger();  // Next problem
+    const Form& form = FormOf(window.spreadsheet().control());
+    EXPECT_EQ(form.treTreeView.node(form.treTreeView.selectedIndex()).key, "STANDBY");
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("15"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(count->text(), QStringLiteral("1 cell needs correcting"));
+
+    ASSERT_TRUE(window.openDocument(QStringLiteral("samples/english.xml")));
+    EXPECT_EQ(count->text(), QString());
 }
 
 // A window made small keeps the control at its minimum size, buttons included.

@@ -19,13 +19,13 @@ constexpr const char* kReason = "Above the maximum of 3000 ton";
 
 class ProblemCues : public WidgetFixture {
 protected:
-    // english.xml with CH-1's capacity (Chillers, cell 2, 1) typed beyond its maximum;
-    // the editor has moved on to cell 2, 2.
+    // english.xml with CH-1's capacity (Chillers, cell 2, 1) typed beyond its maximum
+    // over the editor's selected text; the editor has moved on to cell 2, 2.
     void SetUp() override {
         ASSERT_TRUE(Load(SampleCopy("english.xml")));
         ClickNode("CHILLERS");
         ClickCell(2, 1);
-        TypeText(QStringLiteral("9"));
+        TypeText(QStringLiteral("4009"));
         KeyClick(Qt::Key_Tab);
         ASSERT_EQ(widget().control().CellProblem(2, 1), kReason);
     }
@@ -84,7 +84,7 @@ TEST_F(ProblemCues, TreeNodesCountTheirProblemsUntilTheyAreCorrected) {
     EXPECT_EQ(TreeItem("PUMPS")->data(0, kProblemCountRole).toInt(), 0);
 
     ClickCell(2, 1);
-    KeyClick(Qt::Key_Backspace);
+    TypeText(QStringLiteral("400"));
     KeyClick(Qt::Key_Tab);
     EXPECT_EQ(chillers->data(0, kProblemCountRole).toInt(), 0);
     EXPECT_EQ(chillers->toolTip(0), QString());

@@ -321,6 +321,40 @@ TEST_F(SessionParity, F9AndTheFindBarTakeTheUserToCellsLikeTheSession) {
     EXPECT_EQ(widget().control().ProblemCount(), 0);
 }
 
+// OK refuses twice: first for a value of the last tree node, which it does not show
+// (F9 goes there), then for one it shows with the keyboard on the grid, where typing
+// goes straight into the red cell; the third OK saves.
+TEST_F(SessionParity, AfterOKRefusesTheKeyboardReachesEachRedCellLikeTheSession) {
+    const std::string example = ReadFileBytes(std::filesystem::path(TABULON_SOURCE_DIR) /
+                                              "docs/examples/needs-correcting.xml");
+    TempDir dir;
+    const std::string path = dir.write("widget.xml", example);
+    ASSERT_TRUE(Load(path));
+    ClickButton(form().cmdOK);
+    EXPECT_EQ(form().treTreeView.node(form().treTreeView.selectedIndex()).key, "PLANT");
+    KeyClick(Qt::Key_F9);
+    EXPECT_EQ(form().treTreeView.node(form().treTreeView.selectedIndex()).key, "STANDBY");
+    TypeText(QStringLiteral("15"));
+    KeyClick(Qt::Key_Tab);
+    ClickButton(form().cmdOK);
+    ASSERT_EQ(widget().control().CellProblem(3, 2), "Above the maximum of 3000 ton");
+    EXPECT_EQ(QApplication::focusWidget(), widget().widgetFor(form().msgGridView));
+    TypeText(QStringLiteral("2500"));
+    KeyClick(Qt::Key_Tab);
+    ClickButton(form().cmdOK);
+
+    const std::string refused =
+        "critical: Validation Error(s). You must correct all data highlighted in red before "
+        "saving.";
+    EXPECT_EQ(messages, (std::vector<std::string>{refused, refused}));
+    EXPECT_EQ(events, std::vector<std::string>{"OKClick"});
+    EXPECT_EQ(widget().control().ProblemCount(), 0);
+    ExpectSameAs(dir.write("session.xml", example),
+                 "button OK\nkey F9\ntype \"15\"\nkey Tab\nbutton OK\ntype \"2500\"\nkey Tab\n"
+                 "button OK\n");
+    EXPECT_EQ(ReadFileBytes(path), widget().XML().toStdString());
+}
+
 TEST_F(SessionParity, ABrokenDocumentShowsTheSameMessages) {
     EXPECT_FALSE(widget().LoadXML(QStringLiteral("<xml><bad")));
     EXPECT_EQ(messages, SessionMessages(RunSteps("loadxml-text \"<xml><bad\"\n")));
