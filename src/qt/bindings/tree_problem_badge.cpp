@@ -9,7 +9,6 @@ namespace {
 
 constexpr int kGap = 6;
 constexpr int kPadding = 4;
-constexpr QRgb kBadgeColor = 0x202020;
 
 }  // namespace
 
@@ -41,9 +40,14 @@ void TreeProblemBadge::paint(QPainter* painter, const QStyleOptionViewItem& opti
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(Qt::NoPen);
-    painter->setBrush(QColor::fromRgb(kBadgeColor));
+    const bool selected = item.state.testFlag(QStyle::State_Selected);
+    QPalette::ColorGroup group = QPalette::Disabled;
+    if (item.state.testFlag(QStyle::State_Enabled))
+        group = item.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
+    painter->setBrush(
+        item.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text));
     painter->drawRoundedRect(badge, badge.height() / 2.0, badge.height() / 2.0);
-    painter->setPen(Qt::white);
+    painter->setPen(item.palette.color(group, selected ? QPalette::Highlight : QPalette::Base));
     painter->setFont(item.font);
     painter->drawText(badge, Qt::AlignCenter, count);
     painter->restore();

@@ -1,6 +1,7 @@
 // The tree's problem mark: a node whose grid holds values that need correcting shows
-// their count in a small badge after its text (a dark rounded box with the number in
-// white, seen in greyscale as well as in colour), and says it in its tooltip and
+// their count in a small badge after its text (a rounded box in the colour of the
+// node's text with the number in the colour behind it, so that it stands out as the
+// text does, in greyscale and in a high-contrast palette), and says it in its tooltip and
 // accessible description ("2 values need correcting"). Painting only: the node's
 // text, icon and size stay as they are.
 #pragma once
