@@ -164,12 +164,6 @@ TEST(SessionGestures, TreeGesturesSelectAndExpandNodes) {
     EXPECT_EQ(run.lines[3]["focus"].text, "treTreeView");
 }
 
-}  // namespace
-}  // namespace tabulon::testing
-
-namespace tabulon::testing {
-namespace {
-
 // A capacity above its maximum: the reason in the cell's dump and in the problems'
 // dump, the walk to it from another node, and find.
 TEST(SessionProblems, ReasonsCountsTheWalkAndFindAreReachable) {

@@ -104,12 +104,6 @@ TEST(Report, FailsWhenNoPrintClickIsRaised) {
     EXPECT_EQ(RunTool("report samples/english.xml --node").status, 2);
 }
 
-}  // namespace
-}  // namespace tabulon::testing
-
-namespace tabulon::testing {
-namespace {
-
 // One value beyond its row's maximum, one marked by the document and one under a key
 // no tree node shows.
 TEST(ValidateAndFind, ValidateListsEveryInvalidValueAndFindPrintsEveryHit) {
