@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "document/validation_scan.h"
 #include "support/text.h"
 #include "view/control_core.h"
 #include "view/problem_reasons.h"
@@ -42,6 +43,10 @@ const std::string* CellProblems::sessionNote(const xml::Node& cellValue) const {
 
 void CellProblems::clear() {
     notes_.clear();
+    clearCounts();
+}
+
+void CellProblems::clearCounts() {
     counts_.clear();
     nodesByKey_.clear();
     total_ = 0;
@@ -77,7 +82,7 @@ void ClearProblems(ControlCore& core) {
 
 void CountProblems(ControlCore& core) {
     CellProblems& problems = core.problems;
-    problems.clear();
+    problems.clearCounts();
     const ValidityIndex& index = core.doc.validityIndex;
     for (const ValidityIndex::Column& column : index.columns) {
         int invalid = 0;
@@ -121,10 +126,12 @@ void NoteRangeCheck(ControlCore& core, int row, int col, xml::Node cellValue, bo
     problems.changed();
 }
 
-HostChangeWatch::HostChangeWatch(ControlCore& core, xml::Node gridValue)
-    : core_(core), gridValue_(gridValue), before_(Look()) {}
+ValidityWatch::ValidityWatch(ControlCore& core, std::vector<xml::Node> elements, Cause cause)
+    : core_(core), elements_(std::move(elements)), cause_(cause) {
+    whole_ = !Look(before_);
+}
 
-HostChangeWatch::~HostChangeWatch() {
+ValidityWatch::~ValidityWatch() {
     try {
         Settle();
     } catch (...) {
@@ -133,35 +140,61 @@ HostChangeWatch::~HostChangeWatch() {
     }
 }
 
-std::vector<HostChangeWatch::Seen> HostChangeWatch::Look() const {
-    std::vector<Seen> seen;
-    for (xml::Node column = gridValue_.firstChild(); column; column = column.nextSibling()) {
-        if (column.type() != xml::NodeType::Element) continue;
-        const std::string key = KeyOf(column);
-        for (xml::Node cell = column.firstChild(); cell; cell = cell.nextSibling()) {
-            if (cell.type() != xml::NodeType::Element) continue;
-            seen.push_back({cell, key, IsValid(cell), std::string(cell.firstChild().value())});
+bool ValidityWatch::Look(std::vector<Seen>& seen) const {
+    const std::vector<xml::Node>& gridValues = core_.doc.arrGridValueNodes;
+    const std::unordered_set<xml::Node, xml::Node::Hash> isGridValue(gridValues.begin(),
+                                                                     gridValues.end());
+    const auto cell = [&seen](const xml::Node& cellValue, const std::string& key) {
+        if (cellValue.type() != xml::NodeType::Element) return;
+        seen.push_back(
+            {cellValue, key, IsValid(cellValue), std::string(cellValue.firstChild().value())});
+    };
+    const auto column = [&cell](const xml::Node& cellValues) {
+        if (cellValues.type() != xml::NodeType::Element) return;
+        const std::string key = KeyOf(cellValues);
+        for (xml::Node c = cellValues.firstChild(); c; c = c.nextSibling())
+            cell(c, key);
+    };
+    for (const xml::Node& element : elements_) {
+        if (isGridValue.contains(element)) {
+            for (xml::Node c = element.firstChild(); c; c = c.nextSibling())
+                column(c);
+        } else if (isGridValue.contains(element.parent())) {
+            column(element);
+        } else if (isGridValue.contains(element.parent().parent())) {
+            cell(element, KeyOf(element.parent()));
+        } else {
+            return false;
         }
     }
-    return seen;
+    return true;
 }
 
-void HostChangeWatch::Settle() {
+void ValidityWatch::Settle() {
     CellProblems& problems = core_.problems;
-    const std::vector<Seen> after = Look();
+    std::vector<Seen> after;
+    if (whole_ || !Look(after)) {
+        for (const Seen& seen : before_)
+            problems.dropSessionNote(seen.element);
+        EnsureValidityIndex(core_.doc);
+        CountProblems(core_);
+        return;
+    }
     std::unordered_map<xml::Node, const Seen*, xml::Node::Hash> earlier;
     std::unordered_set<std::string> keys;
     for (const Seen& seen : before_) {
         earlier.emplace(seen.element, &seen);
         keys.insert(seen.key);
         if (!seen.valid) problems.addToCount(seen.key, -1);
+        if (cause_ == Cause::Restore) problems.dropSessionNote(seen.element);
     }
     std::unordered_set<xml::Node, xml::Node::Hash> present;
     for (const Seen& seen : after) {
         present.insert(seen.element);
         keys.insert(seen.key);
-        if (seen.valid) {
+        if (seen.valid || cause_ == Cause::Restore) {
             problems.dropSessionNote(seen.element);
+            if (!seen.valid) problems.addToCount(seen.key, 1);
             continue;
         }
         problems.addToCount(seen.key, 1);

@@ -45,6 +45,8 @@ public:
 
     // --- for the control's collaborators (the functions below)
     void clear();
+    // Forgets the counts and the nodes, keeping the reasons.
+    void clearCounts();
     void setSessionNote(const xml::Node& cellValue, std::string note);
     void dropSessionNote(const xml::Node& cellValue);
     void addToCount(const std::string& key, int delta);
@@ -64,7 +66,8 @@ private:
 // Forgets everything (a new document is coming); tells the observers.
 void ClearProblems(ControlCore& core);
 // Counts the invalid values of the loaded document (the validity index must be
-// gathered) and marks the tree. Run once per load, after the tree is built.
+// gathered) and marks the tree; the reasons noted so far stay. Run once per load,
+// after the tree is built, and when a change reached beyond the values.
 void CountProblems(ControlCore& core);
 
 // The reason for an invalid CellValue shown in a row: this session's note, else what
@@ -77,16 +80,24 @@ std::string ProblemNote(ControlCore& core, xml::Node cellValue, const RowInfo& r
 void NoteRangeCheck(ControlCore& core, int row, int col, xml::Node cellValue, bool wasValid,
                     const std::string& problem);
 
-// Watches one GridValue element while the host may change it: made right before
-// AppGridEventHandler, it settles when it goes out of scope (also when the host's
-// handler throws). A value that the host made invalid, or changed and left invalid,
-// gets kMarkedByHost; one it left as it was keeps its reason; counts and marks follow.
-class HostChangeWatch {
+// Watches elements of the value part of the document while something else may change
+// them: made right before, it settles when it goes out of scope (also when the change
+// throws), so that counts and tree marks follow every CellValue under the elements
+// (a GridValue, a CellValues or a CellValue; for anything above them the whole
+// document is counted again).
+// - Host: the elements are what AppGridEventHandler was handed. A value that the host
+//   made invalid, or changed and left invalid, gets kMarkedByHost; one it left as it
+//   was keeps its reason.
+// - Restore: the elements get back content they had before (undo, redo); the reasons
+//   this session noted on them are forgotten, so each is judged again by its row's
+//   rules when it is shown.
+class ValidityWatch {
 public:
-    HostChangeWatch(ControlCore& core, xml::Node gridValue);
-    ~HostChangeWatch();
-    HostChangeWatch(const HostChangeWatch&) = delete;
-    HostChangeWatch& operator=(const HostChangeWatch&) = delete;
+    enum class Cause { Host, Restore };
+    ValidityWatch(ControlCore& core, std::vector<xml::Node> elements, Cause cause);
+    ~ValidityWatch();
+    ValidityWatch(const ValidityWatch&) = delete;
+    ValidityWatch& operator=(const ValidityWatch&) = delete;
 
 private:
     void Settle();
@@ -96,12 +107,14 @@ private:
         bool valid;
         std::string text;
     };
-    // Every CellValue of the GridValue (element children of its element children).
-    std::vector<Seen> Look() const;
+    // Every CellValue under the elements; false when one lies above a GridValue.
+    bool Look(std::vector<Seen>& seen) const;
 
     ControlCore& core_;
-    xml::Node gridValue_;
+    std::vector<xml::Node> elements_;
+    Cause cause_;
     std::vector<Seen> before_;
+    bool whole_ = false;  // count the whole document again
 };
 
 // The problem of a grid cell as its note says; "" for a valid cell, a fixed cell or a

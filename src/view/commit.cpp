@@ -241,7 +241,7 @@ void ApplicationValidation(ControlCore& core, const CommittedCell& cell) {
     {
         const WaitCursorGuard busy(core.host);
         const StaleIndexOnExit stale(doc);
-        const HostChangeWatch watch(core, gridValue);
+        const ValidityWatch watch(core, {gridValue}, ValidityWatch::Cause::Host);
         core.host.AppGridEventHandler(gridValue);
     }
     if (hostChanges.Changed()) RefillColumn(core, ToInt16(cell.col));
