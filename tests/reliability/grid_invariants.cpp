@@ -4,6 +4,7 @@
 #include <map>
 #include <optional>
 #include <thread>
+#include <vector>
 
 #include "control/control_access.h"
 #include "document/validate_document_text.h"
@@ -413,6 +414,17 @@ Problems CheckAgainstFreshFill(const Generic_SP_Control& control) {
     const int node = FormOf(control).treTreeView.selectedIndex();
     const GridSnapshot live = Snapshot(FormOf(control).msgGridView);
     GridSnapshot fresh;
+    // The counts of values that need correcting, in all and per tree node, are kept
+    // as the control works; a fresh load counts them from the document.
+    const auto counts = [](const Generic_SP_Control& c) {
+        std::vector<int> all{c.ProblemCount()};
+        const TreeView& tree = FormOf(c).treTreeView;
+        for (int n = 1; n <= tree.count(); ++n)
+            all.push_back(tree.node(n).problems);
+        return all;
+    };
+    const std::vector<int> liveCounts = counts(control);
+    std::vector<int> freshCounts;
     Problems problems;
     std::thread([&] {
         try {
@@ -425,6 +437,7 @@ Problems CheckAgainstFreshFill(const Generic_SP_Control& control) {
                 problems.push_back("a fresh control does not load XML()");
                 return;
             }
+            freshCounts = counts(other);
             if (node > 1) FormOf(other).treTreeView.userClickNode(node);
             fresh = Snapshot(FormOf(other).msgGridView);
         } catch (...) {
@@ -432,6 +445,16 @@ Problems CheckAgainstFreshFill(const Generic_SP_Control& control) {
         }
     }).join();
     if (!problems.empty()) return problems;
+    if (liveCounts != freshCounts) {
+        const auto listed = [](const std::vector<int>& numbers) {
+            std::string joined;
+            for (const int n : numbers)
+                joined += (joined.empty() ? "" : " ") + std::to_string(n);
+            return joined;
+        };
+        problems.push_back("the problem counts (all, then per node) are " + listed(liveCounts) +
+                           ", a fresh load counts " + listed(freshCounts));
+    }
     if (live.rows != fresh.rows || live.cols != fresh.cols) {
         return {"the grid is " + std::to_string(live.rows) + " x " + std::to_string(live.cols) +
                 ", a fresh fill gives " + std::to_string(fresh.rows) + " x " +
