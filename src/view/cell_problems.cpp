@@ -144,8 +144,10 @@ bool ValidityWatch::Look(std::vector<Seen>& seen) const {
     const std::vector<xml::Node>& gridValues = core_.doc.arrGridValueNodes;
     const std::unordered_set<xml::Node, xml::Node::Hash> isGridValue(gridValues.begin(),
                                                                      gridValues.end());
-    const auto cell = [&seen](const xml::Node& cellValue, const std::string& key) {
-        if (cellValue.type() != xml::NodeType::Element) return;
+    // Elements may be named twice, or one inside another: each value counts once.
+    std::unordered_set<xml::Node, xml::Node::Hash> looked;
+    const auto cell = [&seen, &looked](const xml::Node& cellValue, const std::string& key) {
+        if (cellValue.type() != xml::NodeType::Element || !looked.insert(cellValue).second) return;
         seen.push_back(
             {cellValue, key, IsValid(cellValue), std::string(cellValue.firstChild().value())});
     };
