@@ -346,11 +346,11 @@ bool SpreadsheetWidget::Redo() {
 }
 
 bool SpreadsheetWidget::NextProblem() {
-    return d_->control_->NextProblem();
+    return d_->hostCall([&] { return d_->control_->NextProblem(); });
 }
 
 bool SpreadsheetWidget::PreviousProblem() {
-    return d_->control_->PreviousProblem();
+    return d_->hostCall([&] { return d_->control_->PreviousProblem(); });
 }
 
 void SpreadsheetWidget::showFindBar() {

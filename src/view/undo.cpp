@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <set>
+#include <vector>
 
 #include "support/scoped_value.h"
 #include "view/cell_editors.h"
+#include "view/cell_problems.h"
 #include "view/grid_fill.h"
 #include "view/node_selection.h"
 #include "view/scrollbar_refresh.h"
@@ -88,7 +90,16 @@ void Apply(ControlCore& core, Direction direction) {
     core.unitRegistrar.reset();
     const EditStep& step =
         direction == Direction::Back ? history.StepToUndo() : history.StepToRedo();
-    const bool beyondCells = Restore(core, step, direction);
+    bool beyondCells = false;
+    {
+        // Counts, tree marks and reasons follow the flags the step puts back.
+        std::vector<xml::Node> elements;
+        const xml::Node root = core.doc.objXMLDoc->root();
+        for (const ElementChange& change : step.changes)
+            elements.push_back(xml::NodeAt(root, change.path));
+        const ValidityWatch watch(core, std::move(elements), ValidityWatch::Cause::Restore);
+        beyondCells = Restore(core, step, direction);
+    }
     if (direction == Direction::Back) {
         history.Undone();
     } else {

@@ -8,7 +8,8 @@
 // 2. Every element the step changed gets its content back, byte for byte (undo: the
 //    content before, last change first; redo: after, first change first). No event
 //    is raised: what the host changed in AppGridEventHandler comes back as the host
-//    left it.
+//    left it. The counts of values that need correcting and the tree's marks follow
+//    the flags put back (cell_problems.h), at the cost of the elements restored.
 // 3. The view follows the document as after a host change: when the step's grid is
 //    on screen, its changed columns are filled again from the document; otherwise the
 //    step's tree node is selected and its grid filled afresh.

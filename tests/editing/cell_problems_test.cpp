@@ -161,6 +161,37 @@ TEST_F(EditingTest, TheHostsMarkIsItsReasonAndAValueItLeftKeepsItsOwn) {
     EXPECT_EQ(form().treTreeView.node(1).problems, 2);
 }
 
+// Undo and redo put flags back, the host's mark included: counts, marks and reasons
+// follow them.
+TEST_F(EditingTest, CountsAndReasonsFollowUndoAndRedo) {
+    Load({Row("TextBox"), Row("UnitNum", kTons)}, {Column({{"a", true, true, true}, {"400"}})});
+    host.onAppGridEventHandler = [](xml::Node& gridValue) {
+        gridValue.select("CellValues/CellValue[1]")[0].setAttribute("Valid", "0");
+    };
+    Click(2, 1);
+    Paste("5000");
+    PointAtHeader();
+    Click(1, 1);
+    Paste("b");
+    PointAtHeader();
+    ASSERT_EQ(control().ProblemCount(), 2);
+
+    ASSERT_TRUE(control().Undo());
+    EXPECT_EQ(control().ProblemCount(), 1);
+    EXPECT_EQ(control().CellProblem(1, 1), "");
+    ASSERT_TRUE(control().Undo());
+    EXPECT_EQ(control().ProblemCount(), 0);
+    EXPECT_EQ(form().treTreeView.node(1).problems, 0);
+    EXPECT_EQ(control().CellProblem(2, 1), "");
+
+    ASSERT_TRUE(control().Redo());
+    ASSERT_TRUE(control().Redo());
+    EXPECT_EQ(control().ProblemCount(), 2);
+    EXPECT_EQ(form().treTreeView.node(1).problems, 2);
+    EXPECT_EQ(control().CellProblem(2, 1), "Above the maximum of 3000 ton");
+    EXPECT_EQ(control().CellProblem(1, 1), "Marked invalid in the document");
+}
+
 // Two nodes over the same layout; counts follow each commit and each host change, and a
 // node shown again brings back the reason this session found.
 TEST_F(EditingTest, CountsAndTreeMarksFollowCommitsAndReasonsSurviveLeavingTheNode) {

@@ -5,8 +5,8 @@
 
 #include "control/control_access.h"
 #include "qt/key_translation.h"
-#include "view/edit_keys.h"
 #include "view/access_keys.h"
+#include "view/edit_keys.h"
 
 namespace tabulon {
 
