@@ -49,15 +49,7 @@ std::string FilePath(int megabytes, const char* suffix) {
 
 }  // namespace
 
-GeneratedDocumentShape LoadShape(int megabytes) {
-    GeneratedDocumentShape shape;
-    shape.valueColumns = 10;
-    shape.rows = 20;
-    shape.gridHeaders = 4;
-    shape.metric = true;
-    shape.customUnits = 4;
-    shape.depth = 4;
-    shape.seed = 2024;
+GeneratedDocumentShape SizedShape(GeneratedDocumentShape shape, int megabytes) {
     // The text grows linearly with the keys: measure the slope on two small documents.
     shape.keys = 20;
     const auto small = static_cast<double>(GenerateDocument(shape).size());
@@ -67,6 +59,18 @@ GeneratedDocumentShape LoadShape(int megabytes) {
     const double fixed = small - 20 * perKey;
     shape.keys = std::max(1, static_cast<int>((megabytes * 1048576.0 - fixed) / perKey + 0.5));
     return shape;
+}
+
+GeneratedDocumentShape LoadShape(int megabytes) {
+    GeneratedDocumentShape shape;
+    shape.valueColumns = 10;
+    shape.rows = 20;
+    shape.gridHeaders = 4;
+    shape.metric = true;
+    shape.customUnits = 4;
+    shape.depth = 4;
+    shape.seed = 2024;
+    return SizedShape(shape, megabytes);
 }
 
 const std::string& LoadDocumentOfSize(int megabytes) {

@@ -15,6 +15,9 @@ namespace tabulon::bench {
 inline constexpr int kLoadSizesMb[] = {1, 10, 50};
 GeneratedDocumentShape LoadShape(int megabytes);
 
+// The shape with as many keys as make its text about megabytes MB.
+GeneratedDocumentShape SizedShape(GeneratedDocumentShape shape, int megabytes);
+
 // The text of LoadShape(megabytes), made once.
 const std::string& LoadDocumentOfSize(int megabytes);
 // The same text behind the built-in DTD, as the validating parser reads it.

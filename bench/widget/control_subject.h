@@ -1,0 +1,71 @@
+// The control as a host shows it: a SpreadsheetWidget as a top-level window with the
+// control's own scroll bars, its message boxes and events counted.
+#pragma once
+
+#include <QSize>
+#include <memory>
+
+#include "grid_contents.h"
+#include "qt/spreadsheet_widget.h"
+#include "subject.h"
+
+namespace tabulon {
+class GridView;
+struct Form;
+}  // namespace tabulon
+
+namespace tabulon::bench {
+
+class ControlSubject : public Subject {
+public:
+    explicit ControlSubject(QSize size);
+    ~ControlSubject() override;
+
+    SpreadsheetWidget& widget() { return *widget_; }
+    Form& form();
+
+    // The current grid and the tree, for the stock anchor; selectNode changes the
+    // node through the model (set-up, not a gesture).
+    GridContents gridContents();
+    TreeContents treeContents();
+    void selectNode(int index);
+
+    QWidget& window() override { return *widget_; }
+    QWidget& cellArea() override;
+    QRect cellRect(int row, int col) override;
+    int rows() override;
+    int cols() override;
+    int currentRow() override;
+    int currentCol() override;
+    int topRow() override;
+    int leftCol() override;
+    bool editing() override;
+    bool enterMovesDown() override { return true; }
+    QWidget& borderArea() override { return cellArea(); }
+    QPoint columnBorder(int col) override;
+    int columnWidth(int col) override;
+    bool canScroll(Qt::Orientation orientation, int direction) override;
+    QScrollBar& scrollBar(Qt::Orientation orientation) override;
+    void scrollHome() override;
+    QTreeWidget& tree() override;
+    QTreeWidgetItem* nodeItem(int index) override;
+    int selectedNode() override;
+    QComboBox& filter() override;
+    QPushButton* printButton() override;
+    QPushButton* okButton() override;
+    int printClicks() override { return printClicks_; }
+    int okClicks() override { return okClicks_; }
+    int messages() override { return messages_; }
+    QString lastMessage() override { return lastMessage_; }
+
+private:
+    GridView& gridView();
+
+    std::unique_ptr<SpreadsheetWidget> widget_;
+    int printClicks_ = 0;
+    int okClicks_ = 0;
+    int messages_ = 0;
+    QString lastMessage_;
+};
+
+}  // namespace tabulon::bench

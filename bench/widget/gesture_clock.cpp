@@ -1,0 +1,73 @@
+#include "gesture_clock.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace tabulon::bench {
+
+namespace {
+
+class EventCounter : public QObject {
+public:
+    long long events = 0;
+    long long paints = 0;
+
+protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        ++events;
+        if (event->type() == QEvent::Paint) ++paints;
+        return false;
+    }
+};
+
+EventCounter*& Counter() {
+    static EventCounter* counter = nullptr;
+    return counter;
+}
+
+}  // namespace
+
+void InstallEventCounter() {
+    if (Counter() != nullptr) return;
+    Counter() = new EventCounter();
+    QCoreApplication::instance()->installEventFilter(Counter());
+}
+
+long long DeliveredEvents() {
+    return Counter() == nullptr ? 0 : Counter()->events;
+}
+
+long long DeliveredPaints() {
+    return Counter() == nullptr ? 0 : Counter()->paints;
+}
+
+void Settle() {
+    // A round may post more (a queued focus fix posts an update): go on until quiet.
+    for (int round = 0; round < 100; ++round) {
+        const long long before = DeliveredEvents();
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::processEvents(QEventLoop::AllEvents);
+        if (DeliveredEvents() == before) return;
+    }
+}
+
+double TimeGesture(const std::function<void()>& act) {
+    QElapsedTimer timer;
+    timer.start();
+    act();
+    Settle();
+    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+double Samples::Percentile(std::vector<double> values, double percent) {
+    if (values.empty()) return std::numeric_limits<double>::quiet_NaN();
+    std::sort(values.begin(), values.end());
+    const auto rank =
+        static_cast<std::size_t>(std::ceil(percent / 100.0 * static_cast<double>(values.size())));
+    return values[std::clamp<std::size_t>(rank, 1, values.size()) - 1];
+}
+
+}  // namespace tabulon::bench

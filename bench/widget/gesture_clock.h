@@ -1,0 +1,47 @@
+// The clock of the widget benchmarks: a gesture is timed from the first Qt event it
+// sends to the end of the repaint it causes, that is until the application has no
+// event left to deliver (the posted update requests, and so the painting, included).
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace tabulon::bench {
+
+// Counts every event the application delivers and every paint; made once, after the
+// QApplication.
+void InstallEventCounter();
+long long DeliveredEvents();
+long long DeliveredPaints();
+
+// Delivers posted and queued events until a round delivers none.
+void Settle();
+
+// Runs act (which sends the gesture's events) and settles; the milliseconds taken.
+double TimeGesture(const std::function<void()>& act);
+
+// Milliseconds, in the order taken.
+struct Samples {
+    std::vector<double> ms;
+    double median() const { return Percentile(ms, 50); }
+    double p95() const { return Percentile(ms, 95); }
+    // Nearest-rank percentile; NaN for no samples.
+    static double Percentile(std::vector<double> values, double percent);
+};
+
+// The steps of one gesture on one subject (the control or the stock anchor).
+// Sample i: before(i) readies it without being timed and returns what went wrong
+// (empty: ready); act(i) sends the real events, timed with the repaint; after(i)
+// checks the gesture had its effect and returns what went wrong. kind(i), when set,
+// files the sample under another gesture name (a Tab that scrolled); finish, when
+// set, puts right what the samples left (a typed character).
+struct GesturePlan {
+    std::function<std::string(int)> before;
+    std::function<void(int)> act;
+    std::function<std::string(int)> after;
+    std::function<std::string(int)> kind;
+    std::function<void()> finish = {};
+};
+
+}  // namespace tabulon::bench
