@@ -230,17 +230,18 @@ std::optional<GesturePlan> NodeClick(Subject& s, const GestureContext& c) {
     if (c.nodes.size() < 2) return std::nullopt;
     const std::vector<int> nodes = c.nodes;
     const auto node = [nodes](int i) { return nodes[static_cast<std::size_t>(i) % nodes.size()]; };
-    return GesturePlan{[&s, node](int i) {
-                           QTreeWidgetItem* item = s.nodeItem(node(i));
-                           if (item == nullptr) return std::string("no tree item");
-                           s.tree().scrollToItem(item);
+    // The item is looked up before the clock starts: finding it is the bench's work.
+    auto item = std::make_shared<QTreeWidgetItem*>(nullptr);
+    return GesturePlan{[&s, node, item](int i) {
+                           *item = s.nodeItem(node(i));
+                           if (*item == nullptr) return std::string("no tree item");
+                           s.tree().scrollToItem(*item);
                            Settle();
-                           return Expect(s.tree().visualItemRect(item).isValid(),
+                           return Expect(s.tree().visualItemRect(*item).isValid(),
                                          "the tree item is not in view");
                        },
-                       [&s, node](int i) {
-                           QTreeWidgetItem* item = s.nodeItem(node(i));
-                           ClickAt(*s.tree().viewport(), s.tree().visualItemRect(item).center());
+                       [&s, item](int) {
+                           ClickAt(*s.tree().viewport(), s.tree().visualItemRect(*item).center());
                        },
                        [&s, node](int i) {
                            return Expect(s.selectedNode() == node(i), "the node was not selected");

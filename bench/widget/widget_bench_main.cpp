@@ -7,9 +7,11 @@
 //
 //   tabulon_widget_bench --documents DIR --out FILE [--sizes 1,10,50]
 //       [--families grid,english,wide,tree] [--gestures a,b] [--scale X] [--size WxH]
+//       [--generator PATH]
 //
-// Documents (tools/generator), written to DIR as widget_<family>_<N>mb.xml with a
-// DTD-prefixed copy widget_<family>_<N>mb_dtd.xml, about N MB each:
+// Documents (tools/generator; written by `PATH generate` when --generator names the
+// tabulon tool), written to DIR as widget_<family>_<N>mb.xml with a DTD-prefixed
+// copy widget_<family>_<N>mb_dtd.xml, about N MB each:
 //   grid     30 value columns x 50 rows, Metric, four layouts and custom units: the
 //            grid gestures, load and OK (the document is saved over its file);
 //   english  the same in English units: leaving a cell;
@@ -17,16 +19,20 @@
 //            horizontal scroll bar across 1,000 columns;
 //   tree     one value column x 2 rows, so that 50 MB hold over 100,000 tree nodes:
 //            load, node clicks and resizing beside a big tree.
-// FILE gets one line per gesture, document and subject, tab-separated:
+// FILE gets one line per document, tab-separated:
+//   document family size_mb bytes generate-arguments
+// then one line per gesture, document and subject:
 //   family size_mb gesture subject samples median_ms p95_ms note
 // with subject "control" or "stock"; note says why a gesture has no figures ("not
 // built yet", "no stock counterpart", or what went wrong). Nothing here asserts a
 // time: bench/compare.sh holds the goals.
 #include <QApplication>
+#include <QProcess>
 #include <QTest>
 #include <cstdio>
 #include <fstream>
 #include <functional>
+#include <iterator>
 #include <map>
 #include <memory>
 #include <set>
@@ -116,6 +122,7 @@ struct Options {
     std::set<std::string> gestures;
     double scale = 1.0;
     QSize window{1280, 800};
+    std::string generator;  // the tabulon tool; empty: the generator library
 };
 
 std::vector<std::string> Split(const std::string& list) {
@@ -153,6 +160,7 @@ bool ParseOptions(int argc, char** argv, Options& options) {
              return true;
          }},
         {"--scale", [&](const std::string& v) { return (options.scale = std::stod(v)) > 0; }},
+        {"--generator", [&](const std::string& v) { return !(options.generator = v).empty(); }},
         {"--size",
          [&](const std::string& v) {
              int w = 0, h = 0;
@@ -177,6 +185,13 @@ class Report {
 public:
     explicit Report(const std::string& path) : out_(path) {}
     bool good() const { return out_.good(); }
+
+    void document(const std::string& family, int megabytes, std::size_t bytes,
+                  const std::string& arguments) {
+        out_ << "document\t" << family << '\t' << megabytes << '\t' << bytes << '\t' << arguments
+             << '\n';
+        out_.flush();
+    }
 
     void add(const std::string& family, int megabytes, const std::string& gesture,
              const char* subject, const Samples& samples, const std::string& note = {}) {
@@ -205,6 +220,50 @@ private:
 void WriteText(const std::string& path, const std::string& text) {
     std::ofstream out(path, std::ios::binary | std::ios::trunc);
     out.write(text.data(), static_cast<std::streamsize>(text.size()));
+}
+
+std::string ReadText(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+// The arguments of `tabulon generate` that write the shape's document.
+QStringList GenerateArguments(const GeneratedDocumentShape& shape) {
+    QStringList args = {"generate",
+                        "--keys",
+                        QString::number(shape.keys),
+                        "--cols",
+                        QString::number(shape.valueColumns),
+                        "--rows",
+                        QString::number(shape.rows),
+                        "--grids",
+                        QString::number(shape.gridHeaders),
+                        "--custom-units",
+                        QString::number(shape.customUnits),
+                        "--depth",
+                        QString::number(shape.depth),
+                        "--seed",
+                        QString::number(shape.seed)};
+    if (shape.metric) args << "--metric";
+    return args;
+}
+
+// Writes the document and its DTD-prefixed copy; the text, empty when the tool failed.
+std::string WriteDocument(const GeneratedDocumentShape& shape, const std::string& path,
+                          const std::string& generator) {
+    std::string text;
+    if (generator.empty()) {
+        text = GenerateDocument(shape);
+        WriteText(path, text);
+    } else {
+        const int status = QProcess::execute(QString::fromStdString(generator),
+                                             GenerateArguments(shape)
+                                                 << "-o" << QString::fromStdString(path));
+        if (status != 0) return {};
+        text = ReadText(path);
+    }
+    WriteText(path.substr(0, path.size() - 4) + "_dtd.xml", JoinWithDtd(text));
+    return text;
 }
 
 // Four nodes spread over the tree, the first and the last included.
@@ -266,9 +325,14 @@ void RunFamily(const Family& family, int megabytes, const Options& options, Repo
     const std::string path =
         options.documents + "/widget_" + family.name + "_" + std::to_string(megabytes) + "mb.xml";
     {
-        const std::string text = GenerateDocument(SizedShape(family.shape, megabytes));
-        WriteText(path, text);
-        WriteText(path.substr(0, path.size() - 4) + "_dtd.xml", JoinWithDtd(text));
+        const GeneratedDocumentShape shape = SizedShape(family.shape, megabytes);
+        const std::string text = WriteDocument(shape, path, options.generator);
+        if (text.empty()) {
+            std::fprintf(stderr, "could not generate %s\n", path.c_str());
+            return;
+        }
+        report.document(family.name, megabytes, text.size(),
+                        GenerateArguments(shape).join(' ').toStdString());
     }
     std::vector<std::string> gestures;
     for (const std::string& g : family.gestures) {
@@ -280,9 +344,9 @@ void RunFamily(const Family& family, int megabytes, const Options& options, Repo
     };
 
     std::unique_ptr<ControlSubject> loaded;
-    const GestureRun loads = TimeLoads(loaded, options.window, path, count("load"));
-    if (std::find(gestures.begin(), gestures.end(), "load") != gestures.end())
-        report.add(family.name, megabytes, "load", "control", loads);
+    const bool timeLoads = std::find(gestures.begin(), gestures.end(), "load") != gestures.end();
+    const GestureRun loads = TimeLoads(loaded, options.window, path, timeLoads ? count("load") : 0);
+    if (timeLoads) report.add(family.name, megabytes, "load", "control", loads);
     if (!loads.failure.empty()) return;
 
     ControlSubject& control = *loaded;
@@ -342,7 +406,7 @@ int main(int argc, char** argv) {
         std::fputs(
             "usage: tabulon_widget_bench --documents=DIR --out=FILE [--sizes=1,10,50]\n"
             "       [--families=grid,english,wide,tree] [--gestures=a,b] [--scale=X]\n"
-            "       [--size=WxH]\n",
+            "       [--size=WxH] [--generator=PATH]\n",
             stderr);
         return 2;
     }
