@@ -264,6 +264,36 @@ TEST_F(WidgetBehaviour, TreeShowsEveryNodeWithItsPicture) {
     EXPECT_EQ(tree->currentItem()->text(0), QStringLiteral("Riverside MOB"));
 }
 
+// The items are only touched where they differ from the model: each change must still
+// show, a click changes no picture, and a node expanded twice stays expanded.
+TEST_F(WidgetBehaviour, TreeItemsFollowEveryExpansionAndKeepTheirPictures) {
+    ASSERT_TRUE(Load("samples/english.xml"));
+    auto* tree = qobject_cast<QTreeWidget*>(widget().widgetFor(form().treTreeView));
+    TreeView& model = form().treTreeView;
+    const auto item = [tree](int index) {
+        for (QTreeWidgetItemIterator it(tree); *it != nullptr; ++it) {
+            if ((*it)->data(0, Qt::UserRole).toInt() == index) return *it;
+        }
+        return static_cast<QTreeWidgetItem*>(nullptr);
+    };
+    int parents = 0;
+    for (int i = 1; i <= model.count(); ++i) {
+        if (item(i)->childCount() == 0) continue;
+        ++parents;
+        for (const bool expanded : {!model.node(i).expanded, model.node(i).expanded, true, true}) {
+            model.setExpanded(i, expanded);
+            EXPECT_EQ(item(i)->isExpanded(), expanded) << i;
+        }
+        const qint64 picture = item(i)->icon(0).cacheKey();
+        QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier,
+                          tree->visualItemRect(item(i)).center());
+        EXPECT_EQ(model.selectedIndex(), i);
+        EXPECT_EQ(item(i)->icon(0).cacheKey(), picture) << i;
+        EXPECT_EQ(item(i)->icon(0).isNull(), model.node(i).image == 0) << i;
+    }
+    EXPECT_GT(parents, 1);
+}
+
 TEST_F(WidgetBehaviour, DraggingTheScrollBarsThumbMovesTheGridOneColumnPerChange) {
     UseScrollBars();
     ASSERT_TRUE(Load("samples/filtered.xml"));
