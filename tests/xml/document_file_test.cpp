@@ -61,6 +61,33 @@ TEST(LoadFile, ReadsUtf8AndUtf16WithByteOrderMarks) {
     EXPECT_EQ(error.reason, "Start-end tags mismatch at line 2, column 8");
 }
 
+// A UTF-8 file is parsed in place: the outcome, a failure's reason and position
+// included, must be what parsing the same bytes as text gives.
+TEST(LoadFile, AUtf8FileLoadsAsItsTextParses) {
+    const std::vector<std::string> texts = {
+        "<a x=\"1\"><b>t &amp; u</b><!--c--></a>\n",
+        "\xEF\xBB\xBF<a/>",
+        "<a>\n  <b></a>",
+        "only text",
+        "",
+        "<a/>trailing",
+        "<a>x",
+    };
+    TempDir folder;
+    for (const std::string& text : texts) {
+        folder.write("f.xml", text);
+        Document fromFile;
+        Document fromText;
+        ParseError fileError;
+        ParseError textError;
+        const bool loaded = fromFile.LoadFile(folder.file("f.xml"), &fileError);
+        ASSERT_EQ(loaded, fromText.Parse(text, &textError)) << text;
+        EXPECT_EQ(fromFile.Serialize(), fromText.Serialize()) << text;
+        EXPECT_EQ(fileError.reason, textError.reason) << text;
+        EXPECT_EQ(fileError.offset, textError.offset) << text;
+    }
+}
+
 TEST(LoadFile, UnreadableOrMalformedFilesFailNamingThePath) {
     TempDir folder;
     folder.write("odd.xml", std::string("\xFF\xFE<\0a", 5));

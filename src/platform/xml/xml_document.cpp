@@ -103,10 +103,62 @@ bool Document::Parse(std::string_view text, ParseError* error) {
     return false;
 }
 
+namespace {
+
+// Reads a UTF-8 file of known size into a buffer of the parser's allocator, to be
+// parsed in place, with a terminating zero as the parser's own copy has (without it the
+// last character would be lost); null when the file is empty, UTF-16 or not as big as
+// it said (the caller then reads it the ordinary way). size excludes the zero.
+char* ReadForParsingInPlace(const std::string& path, std::size_t& size) {
+    const int fd = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0) return nullptr;
+    struct stat info {};
+    char* buffer = nullptr;
+    size = 0;
+    if (fstat(fd, &info) == 0 && info.st_size > 0) {
+        size = static_cast<std::size_t>(info.st_size);
+        buffer = static_cast<char*>(pugi::get_memory_allocation_function()(size + 1));
+    }
+    std::size_t got = 0;
+    char extra = 0;
+    while (buffer != nullptr) {
+        const ssize_t count = got < size ? read(fd, buffer + got, size - got) : read(fd, &extra, 1);
+        if (count < 0 && errno == EINTR) continue;
+        if (count > 0 && got < size) {
+            got += static_cast<std::size_t>(count);
+            continue;
+        }
+        const std::string_view text(buffer, got);
+        if (count != 0 || got != size || text.starts_with("\xFF\xFE") ||
+            text.starts_with("\xFE\xFF")) {
+            pugi::get_memory_deallocation_function()(buffer);
+            buffer = nullptr;
+        } else {
+            buffer[size] = '\0';
+        }
+        break;
+    }
+    close(fd);
+    return buffer;
+}
+
+}  // namespace
+
 bool Document::LoadFile(const std::string& path, ParseError* error) {
     if (!impl_) impl_ = std::make_unique<Impl>();
     ChangeStructure();
     impl_->document.reset();
+    // Parsed in place, a large file is held once while its tree is built, not twice.
+    // A failure is parsed again from a copy, which keeps the text to report from.
+    std::size_t size = 0;
+    if (char* buffer = ReadForParsingInPlace(path, size)) {
+        pugi::xml_document& document = impl_->document;
+        pugi::xml_parse_result result =
+            document.load_buffer_inplace_own(buffer, size + 1, kParseOptions, pugi::encoding_utf8);
+        if (result && HasElementChild(document)) return true;
+        ChangeStructure();
+        document.reset();
+    }
     std::string text;
     if (const int cause = ReadWholeFile(path, text); cause != 0) {
         return FillError(error, "Cannot read the file " + path + ": " + std::strerror(cause));
