@@ -232,21 +232,19 @@ std::optional<GesturePlan> NodeClick(Subject& s, const GestureContext& c) {
     const auto node = [nodes](int i) { return nodes[static_cast<std::size_t>(i) % nodes.size()]; };
     // The item is looked up before the clock starts: finding it is the bench's work.
     auto item = std::make_shared<QTreeWidgetItem*>(nullptr);
-    return GesturePlan{[&s, node, item](int i) {
-                           *item = s.nodeItem(node(i));
-                           if (*item == nullptr) return std::string("no tree item");
-                           s.tree().scrollToItem(*item);
-                           Settle();
-                           return Expect(s.tree().visualItemRect(*item).isValid(),
-                                         "the tree item is not in view");
-                       },
-                       [&s, item](int) {
-                           ClickAt(*s.tree().viewport(), s.tree().visualItemRect(*item).center());
-                       },
-                       [&s, node](int i) {
-                           return Expect(s.selectedNode() == node(i), "the node was not selected");
-                       },
-                       {}};
+    return GesturePlan{
+        [&s, node, item](int i) {
+            *item = s.nodeItem(node(i));
+            if (*item == nullptr) return std::string("no tree item");
+            s.tree().scrollToItem(*item);
+            Settle();
+            return Expect(s.tree().visualItemRect(*item).isValid(), "the tree item is not in view");
+        },
+        [&s, item](int) { ClickAt(*s.tree().viewport(), s.tree().visualItemRect(*item).center()); },
+        [&s, node](int i) {
+            return Expect(s.selectedNode() == node(i), "the node was not selected");
+        },
+        {}};
 }
 
 // One click on an arrow: forward to the end of the range, then back.

@@ -256,9 +256,9 @@ std::string WriteDocument(const GeneratedDocumentShape& shape, const std::string
         text = GenerateDocument(shape);
         WriteText(path, text);
     } else {
-        const int status = QProcess::execute(QString::fromStdString(generator),
-                                             GenerateArguments(shape)
-                                                 << "-o" << QString::fromStdString(path));
+        const int status =
+            QProcess::execute(QString::fromStdString(generator),
+                              GenerateArguments(shape) << "-o" << QString::fromStdString(path));
         if (status != 0) return {};
         text = ReadText(path);
     }
