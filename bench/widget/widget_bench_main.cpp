@@ -36,6 +36,7 @@
 #include <map>
 #include <memory>
 #include <set>
+#include <utility>
 
 #include "bench_documents.h"
 #include "control/control_access.h"
@@ -229,21 +230,16 @@ std::string ReadText(const std::string& path) {
 
 // The arguments of `tabulon generate` that write the shape's document.
 QStringList GenerateArguments(const GeneratedDocumentShape& shape) {
-    QStringList args = {"generate",
-                        "--keys",
-                        QString::number(shape.keys),
-                        "--cols",
-                        QString::number(shape.valueColumns),
-                        "--rows",
-                        QString::number(shape.rows),
-                        "--grids",
-                        QString::number(shape.gridHeaders),
-                        "--custom-units",
-                        QString::number(shape.customUnits),
-                        "--depth",
-                        QString::number(shape.depth),
-                        "--seed",
-                        QString::number(shape.seed)};
+    const std::pair<const char*, std::uint64_t> counts[] = {{"--keys", shape.keys},
+                                                            {"--cols", shape.valueColumns},
+                                                            {"--rows", shape.rows},
+                                                            {"--grids", shape.gridHeaders},
+                                                            {"--custom-units", shape.customUnits},
+                                                            {"--depth", shape.depth},
+                                                            {"--seed", shape.seed}};
+    QStringList args = {"generate"};
+    for (const auto& [option, value] : counts)
+        args << option << QString::number(value);
     if (shape.metric) args << "--metric";
     return args;
 }
