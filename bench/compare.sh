@@ -67,6 +67,7 @@ run_bench() {  # binary, csv out, extra args...
 log "core benchmarks (${REPETITIONS} repetitions)"
 run_bench "$BUILD/bench/tabulon_bench" "$WORK/core.csv" --tabulon_documents="$WORK"
 paint_ran=0
+widget_failed=0
 if [ "$qt_front_end" = 1 ]; then
     log "painting benchmarks"
     QT_QPA_PLATFORM=offscreen run_bench "$BUILD/bench/tabulon_paint_bench" "$WORK/paint.csv"
@@ -75,8 +76,10 @@ if [ "$qt_front_end" = 1 ]; then
     QT_QPA_PLATFORM=offscreen "$BUILD/bench/tabulon_widget_bench" --documents="$WORK" \
         --out="$WORK/widget.tsv" --scale="${WIDGET_SCALE:-1}" \
         --generator="$BUILD/apps/tabulon/tabulon" 2>"$WORK/widget.log" || {
-        cat "$WORK/widget.log" >&2
-        exit 1
+        awk -F'\t' '$1 != "document" && $8 != "" && $8 != "not built yet" &&
+            $8 != "no stock counterpart"' "$WORK/widget.tsv" >&2
+        echo "some gestures went wrong: they are listed without figures" >&2
+        widget_failed=1
     }
 fi
 
@@ -120,7 +123,7 @@ median_ms() {  # file, benchmark name (without _median)
         END { if (found) printf "%.6f\n", value; else print "nan" }' "$1"
 }
 
-failed=0
+failed=$widget_failed
 rows=()
 check() {  # label, measured, goal text, comparison (le|lt|ge), limit, unit
     local label=$1 value=$2 goal=$3 op=$4 limit=$5 unit=$6 verdict

@@ -24,9 +24,11 @@
 // then one line per gesture, document and subject:
 //   family size_mb gesture subject samples median_ms p95_ms note
 // with subject "control" or "stock"; note says why a gesture has no figures ("not
-// built yet", "no stock counterpart", or what went wrong). Nothing here asserts a
-// time: bench/compare.sh holds the goals.
+// built yet", "no stock counterpart", or what went wrong). The exit status is 1 when
+// a gesture went wrong (it did not have its effect, or a message box came up); no
+// time is judged here: bench/compare.sh holds the goals.
 #include <QApplication>
+#include <QDir>
 #include <QProcess>
 #include <QTest>
 #include <cstdio>
@@ -186,6 +188,8 @@ class Report {
 public:
     explicit Report(const std::string& path) : out_(path) {}
     bool good() const { return out_.good(); }
+    // Gestures that went wrong (and documents that could not be written).
+    int failures = 0;
 
     void document(const std::string& family, int megabytes, std::size_t bytes,
                   const std::string& arguments) {
@@ -207,6 +211,7 @@ public:
     void add(const std::string& family, int megabytes, const std::string& gesture,
              const char* subject, const GestureRun& run) {
         if (!run.failure.empty() || run.samples.empty()) {
+            if (!run.failure.empty()) ++failures;
             add(family, megabytes, gesture, subject, Samples{}, run.failure);
             return;
         }
@@ -325,6 +330,7 @@ void RunFamily(const Family& family, int megabytes, const Options& options, Repo
         const std::string text = WriteDocument(shape, path, options.generator);
         if (text.empty()) {
             std::fprintf(stderr, "could not generate %s\n", path.c_str());
+            ++report.failures;
             return;
         }
         report.document(family.name, megabytes, text.size(),
@@ -407,6 +413,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     InstallEventCounter();
+    QDir().mkpath(QString::fromStdString(options.documents));
     Report report(options.out);
     if (!report.good()) return 1;
     for (const Family& family : Families()) {
@@ -414,5 +421,5 @@ int main(int argc, char** argv) {
         for (const int megabytes : options.sizes)
             RunFamily(family, megabytes, options, report);
     }
-    return 0;
+    return report.failures == 0 ? 0 : 1;
 }
