@@ -404,6 +404,17 @@ void FlexGrid::bigSelect(int row, int col) {
     Notify(Change::Current);
 }
 
+void FlexGrid::userExtendSelection(int row, int col) {
+    checkRow(row);
+    checkCol(col);
+    if (!acceptsInput() || row < fixedRows_ || col < fixedCols_) return;
+    if (row == rowSel_ && col == colSel_) return;
+    rowSel_ = row;
+    colSel_ = col;
+    Notify(Change::Current);
+    Raise(onSelChange);
+}
+
 void FlexGrid::userMouseMove(int row, int col, int button, int shift) {
     if (row != -1) checkRow(row);
     if (col != -1) checkCol(col);

@@ -50,6 +50,9 @@
 // (header row clicked), row (header column clicked) or grid (corner clicked) of
 // scrollable cells is selected, its first cell becoming current with the usual
 // notifications; otherwise the current cell stays. Click runs in every case.
+// UserExtendSelection(r, c) (Shift+click, a drag, Shift+arrows) moves the far corner
+// of the selection (RowSel/ColSel) to a scrollable cell, the current cell staying,
+// and raises SelChange when the selection changed; a fixed cell is ignored.
 // UserMouseMove records MouseRow/MouseCol and raises MouseMove. UserScroll (wheel)
 // moves TopRow/LeftCol within the scroll range and raises Scroll once if it moved.
 // UserResizeCol (the user drags a column header's border) sets the column's width,
@@ -209,6 +212,7 @@ public:
     // top-left corner of the cell under the pointer as x/y (0 along an axis of -1).
     void userMouseMove(int row, int col, int button = 0, int shift = 0);
     void userScroll(int rowDelta, int colDelta);
+    void userExtendSelection(int row, int col);
     void userResizeCol(int col, std::int32_t width);
 
     GridHandle handle() { return life_.of(this); }
@@ -221,6 +225,7 @@ public:
     std::function<void()> onClick;
     std::function<void(int button, int shift, std::int32_t x, std::int32_t y)> onMouseMove;
     std::function<void(int col)> onUserColResize;
+    std::function<void()> onSelChange;
 
 protected:
     void geometryChanged() override;
