@@ -51,10 +51,12 @@ install(EXPORT TabulonTargets
 set(TABULON_PUBLIC_HEADERS
   control/generic_sp_control.h
   control/settings_records.h
+  platform/clipboard.h
   platform/property_bag.h
   platform/xml/xml_document.h
   support/failure.h
   support/message_sink.h
+  view/block_report.h
   view/find_hit.h
   view/host_events.h)
 set(TABULON_PUBLIC_WIDGET_HEADERS

@@ -21,8 +21,10 @@
 #include <vector>
 
 #include "control/settings_records.h"
+#include "platform/clipboard.h"
 #include "platform/property_bag.h"
 #include "support/message_sink.h"
+#include "view/block_report.h"
 #include "view/find_hit.h"
 #include "view/host_events.h"
 
@@ -149,6 +151,30 @@ public:
     // docs/embedding.md. It takes effect at once and is not saved with the settings.
     bool ProtectiveEditing() const;
     void SetProtectiveEditing(bool on);
+
+    // --- blocks of cells: additions to the design (docs/embedding.md); rows and
+    // columns are the grid's, the captions being row and column 0
+    // Selects from (row1, col1), made current as by a click, to (row2, col2); more
+    // than one cell commits and hides the open editor. Captions throw.
+    void SelectCells(int row1, int col1, int row2, int col2);
+    // The cells from (row1, col1) to (row2, col2) as the grid shows them, shown
+    // columns only, as tab-separated text and an HTML table; with captions the column
+    // captions come first and every row starts with its caption.
+    ClipboardContent CopyCells(int row1, int col1, int row2, int col2, bool captions = false) const;
+    // The selection onto the clipboard (Ctrl+C).
+    void Copy(bool captions = false);
+    // Tab-separated cells into the grid, each by the rules of the user's typing, one
+    // undo step, AppGridEventHandler once per column that asks for it; skipped cells
+    // are shown to the user in one message and returned (view/block_edit.h).
+    BlockEditReport PasteCells(const std::string& tabSeparated);
+    BlockEditReport Paste();       // the clipboard's text (Ctrl+V)
+    BlockEditReport FillDown();    // Ctrl+D over the selection
+    BlockEditReport FillRight();   // Ctrl+R
+    BlockEditReport ClearCells();  // Delete: text and pick-list cells of the selection
+    // Where copies go and pastes come from; null gives the control its own again.
+    // The clipboard must outlive the control or be replaced before it ends.
+    void SetClipboard(Clipboard* clipboard);
+    const Clipboard& clipboard() const;
 
     // The splitter between tree and grid dragged by x twips with the left button
     // (button 1; other buttons, shift and y are ignored). The tree's new width is

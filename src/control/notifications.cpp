@@ -3,6 +3,7 @@
 #include "control/save_gate.h"
 #include "platform/key_codes.h"
 #include "view/cell_editors.h"
+#include "view/cell_selection.h"
 #include "view/commit.h"
 #include "view/control_core.h"
 #include "view/filter.h"
@@ -37,6 +38,7 @@ void Generic_SP_Control::WireNotifications() {
         GridMouseMove(core, button, shift, x, y);
     };
     grid.onUserColResize = [&core](int) { GridUserColResize(core); };
+    grid.onSelChange = [&core] { GridSelChange(core); };
 
     f.hscGrid.onGotFocus = [&core] { ScrollBarGotFocus(core); };
     f.vscGrid.onGotFocus = [&core] { ScrollBarGotFocus(core); };

@@ -249,7 +249,14 @@ void ApplicationValidation(ControlCore& core, const CommittedCell& cell) {
 
 }  // namespace
 
-void CommitCellEdit(ControlCore& core) {
+namespace {
+
+enum class HostValidation { Now, Later };
+
+// The commit; with Later the host's validation is not raised, and true is returned
+// when it would have been.
+bool Commit(ControlCore& core, HostValidation validation) {
+    bool wanted = false;
     Guarded(core.sink, "1010", [&] {
         DocumentModel& doc = core.doc;
         if (doc.blnGridLoaded) {
@@ -258,12 +265,36 @@ void CommitCellEdit(ControlCore& core) {
                 const CommittedCell cell{grid.row(), grid.col(), doc.arrCellNodes};
                 const EditHistory::StepGuard step(core.history, CurrentLocation(core));
                 if (WriteBackRecorded(core, cell) && core.blnEditorActive) {
-                    ApplicationValidation(core, cell);
+                    if (validation == HostValidation::Now) {
+                        ApplicationValidation(core, cell);
+                    } else {
+                        const xml::Node element = cell.Element();
+                        wanted = element && GetAttributeValue(core.sink, element,
+                                                              "ApplicationValidation") == "1";
+                    }
                 }
             }
             core.blnEditorActive = false;
         }
         core.unitRegistrar.reset();
+    });
+    return wanted;
+}
+
+}  // namespace
+
+void CommitCellEdit(ControlCore& core) {
+    Commit(core, HostValidation::Now);
+}
+
+bool CommitBlockCell(ControlCore& core) {
+    return Commit(core, HostValidation::Later);
+}
+
+void ValidateColumnWithHost(ControlCore& core, int row, int col) {
+    Guarded(core.sink, "1010", [&] {
+        const EditHistory::StepGuard step(core.history, CurrentLocation(core));
+        ApplicationValidation(core, CommittedCell{row, col, core.doc.arrCellNodes});
     });
 }
 

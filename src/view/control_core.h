@@ -9,6 +9,7 @@
 #include <optional>
 
 #include "document/document_model.h"
+#include "platform/clipboard.h"
 #include "support/message_sink.h"
 #include "unitinput/unit_registrar.h"
 #include "view/cell_problems.h"
@@ -58,6 +59,12 @@ struct ControlCore {
     CellProblems problems;
     // The last search across the tree (view/find.h).
     FindState find;
+
+    // --- blocks of cells (block_edit.h)
+    // The clipboard copies go to and pastes come from: ownClipboard unless a front end
+    // hands the control the desktop's.
+    MemoryClipboard ownClipboard;
+    Clipboard* clipboard = &ownClipboard;
 };
 
 }  // namespace tabulon

@@ -1,0 +1,241 @@
+// Ranges, copy, paste, fill and clear as the user and the host see them: the cells,
+// the document, colours, the host's validation, the undo step and the skip report.
+#include "editing/editing_fixture.h"
+#include "platform/key_codes.h"
+
+namespace tabulon::testing {
+namespace {
+
+constexpr Rgb kRed = 0xFF0000;
+constexpr Rgb kWhite = 0xFFFFFF;
+
+// One row of each editor kind.
+const std::vector<std::string> kRows = {
+    Row("TextBox", R"(MaxLength="5")"),
+    Row("ComboBox", R"(ListValues="a;b;")"),
+    Row("UnitNum", R"(Unit="FT_TO_M" Format="0.00" MinVal="0" MaxVal="100")"),
+    Row("UnitDrop", R"(Unit="FT_TO_M;INCH_TO_MM" Format="0.0;0" MinVal="0;0" MaxVal="100;1000")"),
+};
+const std::string kColumn = Column({{"x"}, {"a"}, {"1"}, {"1.0(ft)"}});
+
+class Blocks : public EditingTest {
+protected:
+    void LoadKinds(std::string_view system = "ENGLISH", int columns = 2) {
+        Load(kRows, std::vector<std::string>(static_cast<std::size_t>(columns), kColumn), system);
+    }
+    void Key(int code, int shift, int ascii = 0) { control().UserKeyStroke(code, ascii, shift); }
+    void Ctrl(char letter) { Key(letter, kCtrlBit, letter - 'A' + 1); }
+    std::vector<std::string> RowTexts(int row) {
+        std::vector<std::string> texts;
+        for (int col = 0; col < grid().cols(); ++col)
+            texts.push_back(Shown(row, col));
+        return texts;
+    }
+    std::vector<int> Selection() {
+        return {grid().row(), grid().col(), grid().rowSel(), grid().colSel()};
+    }
+};
+
+TEST_F(Blocks, ShiftClickDragAndShiftArrowsSelectAndLeaveTheEditor) {
+    LoadKinds();
+    Click(1, 1);
+    Paste("typed");
+    grid().userExtendSelection(3, 2);  // Shift+click or a drag reaching (3, 2)
+    EXPECT_EQ(Selection(), (std::vector<int>{1, 1, 3, 2}));
+    EXPECT_EQ(Stored(1, 1), "typed");          // the open editor was committed ...
+    EXPECT_THAT(VisibleEditors(), IsEmpty());  // ... and hidden
+    EXPECT_TRUE(grid().hasFocus());
+
+    Key(keys::kDown, kShiftBit);
+    Key(keys::kLeft, kShiftBit);
+    EXPECT_EQ(Selection(), (std::vector<int>{1, 1, 4, 1}));
+    Key(keys::kDown, kShiftBit);  // the last row: stays
+    EXPECT_EQ(Selection(), (std::vector<int>{1, 1, 4, 1}));
+
+    // The data-area rule reads RowSel/ColSel as before: Tab still moves, and a click
+    // collapses the range and edits again.
+    Key(keys::kTab, 0, keys::kTab);
+    EXPECT_EQ(Selection(), (std::vector<int>{1, 2, 1, 2}));
+    Click(2, 1);
+    EXPECT_THAT(VisibleEditors(), ElementsAre("cboComboBoxControl"));
+
+    // Shift+Left/Right belong to an open editor's text; Shift+Down leaves it.
+    Click(1, 1);
+    Key(keys::kRight, kShiftBit);
+    EXPECT_EQ(Selection(), (std::vector<int>{1, 1, 1, 1}));
+    Key(keys::kDown, kShiftBit);
+    EXPECT_EQ(Selection(), (std::vector<int>{1, 1, 2, 1}));
+}
+
+TEST_F(Blocks, CopyGivesShownCellsAsTextAndHtmlWithoutHiddenColumns) {
+    LoadKinds("ENGLISH", 3);
+    grid().setColWidth(2, 0);  // filtered out
+    Click(3, 1);
+    grid().userExtendSelection(4, 3);
+    Ctrl('C');
+    const auto& clip = static_cast<const MemoryClipboard&>(control().clipboard()).content();
+    EXPECT_EQ(clip.text, "1.00\t1.00\r\n1.0(ft)\t1.0(ft)");
+    EXPECT_EQ(clip.html,
+              "<html><head><meta charset=\"utf-8\"></head><body><table><tr><td>1.00</td>"
+              "<td>1.00</td></tr><tr><td>1.0(ft)</td><td>1.0(ft)</td></tr></table></body></html>");
+    EXPECT_EQ(control().CopyCells(1, 1, 1, 1, true).text, "Name\tC\r\nR\tx");
+}
+
+struct PasteCase {
+    std::string system;
+    int row;
+    std::string value;
+    std::string shown;   // the cell afterwards
+    std::string stored;  // the CellValue text afterwards
+    Rgb color;
+    std::string reason;  // in the report; "" when written as it came
+};
+
+class PasteRules : public Blocks, public ::testing::WithParamInterface<PasteCase> {};
+
+TEST_P(PasteRules, EachValueTakesTheRouteOfTyping) {
+    const PasteCase& c = GetParam();
+    LoadKinds(c.system);
+    Click(c.row, 1);
+    PointAtHeader();  // the cell's own commit first, as the user leaving it
+    const std::string before = Stored(c.row, 1);
+    ClearRecords();
+    const BlockEditReport report = control().PasteCells(c.value);
+    EXPECT_EQ(Shown(c.row, 1), c.shown);
+    EXPECT_EQ(Stored(c.row, 1), c.stored);
+    EXPECT_EQ(grid().cellBackColor(c.row, 1), c.color);
+    if (c.row >= 3) {
+        EXPECT_EQ(Attribute(c.row, 1, "Valid"), c.color == kRed ? "0" : "1");
+    }
+    if (c.reason.empty()) {
+        EXPECT_THAT(report.skipped, IsEmpty());
+        EXPECT_THAT(sink.messages(), IsEmpty());
+    } else {
+        ASSERT_EQ(report.skipped.size(), 1u);
+        EXPECT_EQ(report.skipped[0].reason, c.reason);
+        ASSERT_EQ(sink.messages().size(), 1u);
+        EXPECT_THAT(sink.messages()[0].text, ::testing::HasSubstr(c.reason));
+    }
+    EXPECT_EQ(report.written, c.stored != before || c.reason.starts_with("cut") ? 1 : 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Blocks, PasteRules,
+    ::testing::Values(
+        PasteCase{"ENGLISH", 1, "hello", "hello", "hello", kWhite, ""},
+        PasteCase{"ENGLISH", 1, "toolong", "toolo", "toolo", kWhite, "cut to 5 characters"},
+        PasteCase{"ENGLISH", 2, "b", "b", "b", kWhite, ""},
+        PasteCase{"ENGLISH", 2, "\n", "", "", kWhite, ""},  // an empty cell copied
+        PasteCase{"ENGLISH", 2, "z", "a", "a", kWhite, "not in the list"},
+        PasteCase{"ENGLISH", 3, "12.5", "12.50", "12.50", kWhite, ""},
+        PasteCase{"ENGLISH", 3, "12.5 ft", "12.50", "12.50", kWhite, ""},
+        PasteCase{"ENGLISH", 3, "1,234", "1234.00", "1234.00", kRed, ""},
+        PasteCase{"ENGLISH", 3, "-3", "1.00", "1.00", kWhite, "the cell does not take this number"},
+        PasteCase{"ENGLISH", 3, "abc", "1.00", "1.00", kWhite, "not a number"},
+        PasteCase{"ENGLISH", 3, "5 in", "1.00", "1.00", kWhite, "unit \"in\" is not offered here"},
+        PasteCase{"ENGLISH", 3, "\n", "1.00", "1.00", kWhite, "a number is required"},
+        PasteCase{"ENGLISH", 4, "12.5(ft)", "12.5(ft)", "12.5(ft)", kWhite, ""},
+        PasteCase{"ENGLISH", 4, "300 in", "300(in)", "300(in)", kWhite, ""},
+        PasteCase{"ENGLISH", 4, "7", "7.0(ft)", "7.0(ft)", kWhite, ""},
+        PasteCase{"ENGLISH", 4, "200", "200.0(ft)", "200.0(ft)", kRed, ""},
+        PasteCase{"ENGLISH", 4, "2 yd", "1.0(ft)", "1.0(ft)", kWhite,
+                  "unit \"yd\" is not offered here"},
+        PasteCase{"METRIC", 3, "30", "30.00", "98.4251969", kWhite, ""},
+        PasteCase{"METRIC", 3, "30 m", "30.00", "98.4251969", kWhite, ""},
+        PasteCase{"METRIC", 3, "31", "31.00", "101.7060367", kRed, ""},
+        PasteCase{"METRIC", 4, "3.048(m)", "3.0(m)", "9.8425197(m)", kWhite, ""}));
+
+TEST_F(Blocks, BlockPasteIsOneUndoStepWithTheHostAskedOncePerColumn) {
+    Load({Row("TextBox"), Row("TextBox"), Row("TextBox")},
+         {Column({{"a", true, true, true}, {"b", true, true, true}, {"c", false}}),
+          Column({{"d"}, {"e"}, {"f"}})});
+    const std::string loaded = control().XML();
+    Click(1, 1);
+    PointAtHeader();  // the grid has the focus, (1, 1) current
+    ClearRecords();
+    const BlockEditReport report = control().PasteCells("1\t4\n2\t5\n3\t6\n7\t8\n");
+    EXPECT_EQ(report.written, 5);
+    EXPECT_EQ(report.beyondGrid, 2);  // the fourth row lies past the grid
+    ASSERT_EQ(report.skipped.size(), 1u);
+    EXPECT_EQ(report.skipped[0], (SkippedCell{3, 1, "3", "disabled"}));
+    EXPECT_EQ(host.eventsOf(HostEventKind::AppGridEventHandler).size(), 1u);
+    EXPECT_EQ(RowTexts(1), (std::vector<std::string>{"R", "1", "4"}));
+    EXPECT_EQ(Selection(), (std::vector<int>{1, 1, 3, 2}));
+    ExpectMessages({{MessageIcon::Information,
+                     "5 cell(s) pasted, 1 skipped:\nR, C: \"3\" disabled\n"
+                     "2 value(s) lay beyond the grid"}});
+
+    ASSERT_TRUE(control().Undo());
+    EXPECT_EQ(control().XML(), loaded);
+    EXPECT_EQ(RowTexts(1), (std::vector<std::string>{"R", "a", "d"}));
+    EXPECT_FALSE(control().CanUndo());
+}
+
+TEST_F(Blocks, OneValueFillsTheSelectionAndCtrlVTakesTheClipboard) {
+    LoadKinds("ENGLISH", 3);
+    Click(1, 1);
+    grid().userExtendSelection(1, 3);
+    control().SetClipboard(nullptr);
+    core().clipboard->Put({"zz", ""});
+    Ctrl('V');
+    EXPECT_EQ(RowTexts(1), (std::vector<std::string>{"R", "zz", "zz", "zz"}));
+    // With one cell and its editor open, a one-cell clipboard is the editor's.
+    Click(1, 1);
+    Ctrl('V');
+    EXPECT_EQ(form().txtTextBoxControl.text(), "zz");
+    EXPECT_THAT(VisibleEditors(), ElementsAre("txtTextBoxControl"));
+}
+
+TEST_F(Blocks, FillDownRightAndDeleteFollowTheRules) {
+    Load({Row("TextBox"), Row("TextBox"), Row("ComboBox", R"(ListValues="a;b")"),
+          Row("UnitNum", R"(Unit="FT_TO_M" Format="0.0")")},
+         {Column({{"top"}, {"x"}, {"a"}, {"2"}}), Column({{"right"}, {"y"}, {"b"}, {"3"}})});
+    Click(1, 1);
+    grid().userExtendSelection(2, 2);
+    Ctrl('D');
+    EXPECT_EQ(RowTexts(2), (std::vector<std::string>{"R", "top", "right"}));
+    Click(4, 1);
+    grid().userExtendSelection(4, 2);
+    Ctrl('R');
+    EXPECT_EQ(RowTexts(4), (std::vector<std::string>{"R", "2.0", "2.0"}));
+
+    Click(1, 1);
+    grid().userExtendSelection(4, 2);
+    const std::string before = control().XML();
+    Key(keys::kDelete, 0);
+    EXPECT_EQ(RowTexts(1), (std::vector<std::string>{"R", "", ""}));
+    EXPECT_EQ(RowTexts(3), (std::vector<std::string>{"R", "a", "b"}));      // "" is not listed
+    EXPECT_EQ(RowTexts(4), (std::vector<std::string>{"R", "2.0", "2.0"}));  // a number stays
+    ASSERT_TRUE(control().Undo());
+    EXPECT_EQ(control().XML(), before);
+}
+
+TEST_F(Blocks, WholeGridCopiedIntoAnotherNodeOfTheLayoutAgrees) {
+    const std::string second =
+        R"(<Pnode Name="N2" KeyValue="N2" GridHeaderKey="H" GridValueKey="K2" Filter="0"/>)";
+    const std::string blank = CellValues("K2", {{"x"}, {"a"}, {"1"}, {"1.0(ft)"}});
+    Load(kRows,
+         {Column({{"one"}, {"b"}, {"150.00", true, false}, {"3(in)"}}, blank),
+          Column({{"two"}, {""}, {"7.50"}, {"2.5(ft)"}}, blank)},
+         "ENGLISH", "", second);
+    const auto cells = [&] {
+        std::vector<std::string> all;
+        for (int row = 1; row <= 4; ++row) {
+            for (int col = 1; col <= 2; ++col) {
+                all.push_back(Shown(row, col) + "|" + Stored(row, col) + "|" +
+                              Attribute(row, col, "Valid"));
+            }
+        }
+        return all;
+    };
+    const std::vector<std::string> first = cells();
+    control().SelectCells(1, 1, 4, 2);
+    control().Copy();
+    form().treTreeView.userClickNode(form().treTreeView.indexOf("N2"));
+    Click(1, 1);
+    EXPECT_EQ(control().Paste().written, 8);
+    EXPECT_EQ(cells(), first);
+}
+
+}  // namespace
+}  // namespace tabulon::testing
