@@ -26,6 +26,7 @@
 #include "qt/bindings/unit_num_binding.h"
 #include "qt/editor_cues.h"
 #include "qt/find_bar.h"
+#include "qt/qt_clipboard.h"
 #include "qt/qt_message_sink.h"
 #include "qt/qt_text.h"
 #include "qt/twips_scale.h"
@@ -88,6 +89,7 @@ public:
 
     SpreadsheetWidget& q_;
     QtMessageSink sink_;
+    QtClipboard clipboard_;
     std::unique_ptr<WidgetHostEvents> hostEvents_;
     std::unique_ptr<Generic_SP_Control> control_;
     TwipsScale scale_;
@@ -111,6 +113,7 @@ SpreadsheetWidget::SpreadsheetWidget(QWidget* parent, PropertyBag* savedSettings
     d_->sink_.setHandler(std::move(messages));
     Generic_SP_Control& control = *d_->control_;
     FormOf(control).ilsTreeView.setLoader(LoadDecodedPicture);
+    control.SetClipboard(&d_->clipboard_);
     if (savedSettings != nullptr) {
         control.ReadProperties(*savedSettings);
     } else {

@@ -164,14 +164,11 @@ bool GridView::selected(int row, int col) const {
 void GridView::paintCell(QPainter& painter, int row, int col, const QRect& rect) const {
     const bool fixed = row < grid_.fixedRows() || col < grid_.fixedCols();
     const GridCell& cell = grid_.cell(row, col);
-    QColor back = ToColor(grid_.cellBackColor(row, col));
     QColor fore = ToColor(cell.foreColor);
-    if (!fixed && selected(row, col)) {
-        back = palette().color(QPalette::Highlight);
-        fore = palette().color(QPalette::HighlightedText);
-    }
     if (!isEnabled()) fore = palette().color(QPalette::Disabled, QPalette::Text);
-    painter.fillRect(rect, back);
+    painter.fillRect(rect, ToColor(grid_.cellBackColor(row, col)));
+    // Over the cell's own colour, so that a red (invalid) cell stays red when selected.
+    if (!fixed && selected(row, col)) painter.fillRect(rect, SelectionTint(palette()));
 
     const QColor line = ToColor(fixed ? kFixedGridLineColor : kGridLineColor);
     painter.fillRect(QRect(rect.right(), rect.top(), 1, rect.height()), line);
@@ -184,6 +181,12 @@ void GridView::paintCell(QPainter& painter, int row, int col, const QRect& rect)
     if (cell.text.empty()) return;
     painter.setPen(fore);
     text_.paint(painter, textArea(cell, rect), TextAlignment(cell.alignment, cell.text), cell.text);
+}
+
+QColor GridView::SelectionTint(const QPalette& palette) {
+    QColor tint = palette.color(QPalette::Highlight);
+    tint.setAlpha(kSelectionAlpha);
+    return tint;
 }
 
 void GridView::paintFocusRect(QPainter& painter) const {
@@ -223,10 +226,6 @@ std::vector<std::pair<int, int>> GridView::coveredSpans(const std::vector<int>& 
 void GridView::paintBackground(QPainter& painter, const QRect& area, const std::vector<int>& rows,
                                const std::vector<int>& cols) const {
     const QColor background = ToColor(kBackgroundColor);
-    if (palette().color(QPalette::Highlight).alpha() != 255) {
-        painter.fillRect(area, background);  // a see-through selection shows what is below
-        return;
-    }
     const auto fillGaps = [&](const std::vector<std::pair<int, int>>& spans, bool columns) {
         int from = columns ? area.left() : area.top();
         const int end = (columns ? area.right() : area.bottom()) + 1;
@@ -266,32 +265,44 @@ void GridView::paintEvent(QPaintEvent* event) {
 }
 
 void GridView::pointerAt(const QPoint& position, Qt::MouseButtons buttons,
-                         Qt::KeyboardModifiers modifiers, bool click) {
+                         Qt::KeyboardModifiers modifiers, Pointer pointer) {
     const int row = rowAt(position.y());
     const int col = colAt(position.x());
     const int button = ButtonBits(buttons);
     const int shift = ShiftBits(modifiers);
-    host_.runGesture([this, row, col, button, shift, click] {
+    host_.runGesture([this, row, col, button, shift, pointer] {
         grid_.userMouseMove(row, col, button, shift);
-        if (click && row >= 0 && col >= 0) grid_.userClick(row, col);
+        if (row < 0 || col < 0) return;
+        if (pointer == Pointer::Click) grid_.userClick(row, col);
+        if (pointer == Pointer::Extend) grid_.userExtendSelection(row, col);
     });
 }
 
 void GridView::mousePressEvent(QMouseEvent* event) {
     const bool onBorder = borderDrag_.press(event);
-    const bool click = event->button() == Qt::LeftButton && !onBorder;
-    pointerAt(event->position().toPoint(), event->buttons(), event->modifiers(), click);
+    const bool left = event->button() == Qt::LeftButton && !onBorder;
+    const QPoint position = event->position().toPoint();
+    const bool onCell =
+        rowAt(position.y()) >= grid_.fixedRows() && colAt(position.x()) >= grid_.fixedCols();
+    // Shift+click on a cell extends the selection; a press on a cell may start a drag.
+    const bool extend = left && onCell && event->modifiers() == Qt::ShiftModifier;
+    dragging_ = left && onCell;
+    pointerAt(position, event->buttons(), event->modifiers(),
+              extend ? Pointer::Extend : (left ? Pointer::Click : Pointer::Move));
     event->accept();
 }
 
 void GridView::mouseMoveEvent(QMouseEvent* event) {
     borderDrag_.move(event);
-    pointerAt(event->position().toPoint(), event->buttons(), event->modifiers(), false);
+    const bool extend = dragging_ && event->buttons().testFlag(Qt::LeftButton);
+    pointerAt(event->position().toPoint(), event->buttons(), event->modifiers(),
+              extend ? Pointer::Extend : Pointer::Move);
     event->accept();
 }
 
 void GridView::mouseReleaseEvent(QMouseEvent* event) {
     borderDrag_.release(event);
+    dragging_ = false;
     event->accept();
 }
 

@@ -9,8 +9,11 @@
 //
 // Gestures, all into the model: a left press -> userMouseMove then userClick on the
 // cell under the pointer (only the mouse move when the pointer is outside every row
-// or column, on a column header's border, and for the other buttons); pointer moves,
-// pressed or not -> userMouseMove with the buttons held and the shift state; the
+// or column, on a column header's border, and for the other buttons), or, with Shift
+// alone on a scrollable cell, userExtendSelection instead of the click; pointer moves,
+// pressed or not -> userMouseMove with the buttons held and the shift state, and while
+// the left button pressed on a scrollable cell is held (a drag) userExtendSelection
+// to the cell under the pointer (fixed cells are ignored by the model); the
 // wheel -> the control's UserWheel (QApplication::wheelScrollLines() rows per notch,
 // one column per notch of a horizontal wheel), which scrolls the grid and lets the
 // scroll bars follow; dragging or double-clicking a column header's border ->
@@ -27,13 +30,15 @@
 // Decisions on what the model does not say:
 // - The area past the last row and column is the classic flex grid's dark grey. It is
 //   painted only where no cell lies (every cell paints its whole rectangle in an opaque
-//   colour), or everywhere first when the palette's highlight is see-through.
+//   colour first).
 // - Grid lines: light grey between scrollable cells, dark grey around fixed cells,
 //   drawn along each cell's right and bottom edge inside the cell.
 // - Alignment "general" (9): text that is wholly a number goes right, other text
 //   left; both centred vertically.
-// - Selected cells other than the current one use the palette's highlight colours;
-//   the current cell of the scrollable area always carries the dotted focus rectangle.
+// - Selected cells other than the current one are tinted with the palette's highlight
+//   colour at kSelectionAlpha over their own colour, so a red cell stays visibly red;
+//   the text keeps its colour. The current cell of the scrollable area always carries
+//   the dotted focus rectangle.
 // - Text sits 2 pixels inside the cell (and 1 before its grid line), on one line.
 #pragma once
 
@@ -57,6 +62,7 @@ public:
     static constexpr Rgb kGridLineColor = 0xC0C0C0;
     static constexpr Rgb kFixedGridLineColor = 0x808080;
     static constexpr int kTextPadding = 2;
+    static constexpr int kSelectionAlpha = 96;
 
     GridView(BindingHost& host, FlexGrid& grid, QWidget* parent);
 
@@ -75,6 +81,8 @@ public:
 
     // The alignment used for a cell's text (see decisions).
     static Qt::Alignment TextAlignment(CellAlignment alignment, const std::string& text);
+    // What a selected cell is painted over with.
+    static QColor SelectionTint(const QPalette& palette);
 
     // What the cell shows of its text: the text itself, or its cut form when it does
     // not fit (CellText). Empty for a cell out of view.
@@ -111,14 +119,16 @@ private:
     void paintBackground(QPainter& painter, const QRect& area, const std::vector<int>& rows,
                          const std::vector<int>& cols) const;
     bool selected(int row, int col) const;
+    enum class Pointer { Move, Click, Extend };
     void pointerAt(const QPoint& position, Qt::MouseButtons buttons,
-                   Qt::KeyboardModifiers modifiers, bool click);
+                   Qt::KeyboardModifiers modifiers, Pointer pointer);
 
     BindingHost& host_;
     FlexGrid& grid_;
     CellText text_;
     ColumnBorderDrag borderDrag_;
     QPoint wheelRemainder_;
+    bool dragging_ = false;
 };
 
 }  // namespace tabulon
