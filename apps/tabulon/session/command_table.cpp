@@ -12,11 +12,13 @@ struct Group {
     std::span<const ScriptCommand> (*commands)();
 };
 
-constexpr std::array<Group, 6> kGroups = {{
+constexpr std::array<Group, 7> kGroups = {{
     {"Instances", InstanceCommands},
     {"Host calls (print {\"result\": ...} where the member has one)", HostCallCommands},
     {"User gestures and host behaviour", GestureCommands},
     {"Values that need correcting, and find", ProblemCommands},
+    {"Ranges, copy and paste (reports print as {\"result\": {written, beyond_grid, skipped}})",
+     BlockCommands},
     {"Property pages", PageCommands},
     {"Dumps (one JSON object each)", DumpCommands},
 }};

@@ -32,6 +32,7 @@ struct ScriptCommand {
 std::span<const ScriptCommand> InstanceCommands();
 std::span<const ScriptCommand> HostCallCommands();
 std::span<const ScriptCommand> GestureCommands();
+std::span<const ScriptCommand> BlockCommands();
 std::span<const ScriptCommand> DumpCommands();
 std::span<const ScriptCommand> PageCommands();
 std::span<const ScriptCommand> ProblemCommands();

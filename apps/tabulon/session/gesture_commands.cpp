@@ -12,6 +12,7 @@
 #include "session/script_error.h"
 #include "session/session.h"
 #include "session/values.h"
+#include "support/cell_table_text.h"
 #include "support/text.h"
 
 namespace tabulon::cli::session {
@@ -151,8 +152,16 @@ UnitBoxBase& FocusedNumberField(Session& s, std::string_view command) {
                       " has the focus, not a unit editor");
 }
 
+// Into the focused unit editor's field when the text is one cell; else a block.
 void Paste(Session& s, Args args) {
-    FocusedNumberField(s, "paste").UserPaste(args[0].text);
+    const Form& form = FormOf(s);
+    const Component* focused = form.focus.focused();
+    const bool field = focused == &form.unitNumControl || focused == &form.unitDropControl;
+    if (field && !HoldsSeveralCells(args[0].text)) {
+        FocusedNumberField(s, "paste").UserPaste(args[0].text);
+        return;
+    }
+    s.output().Result(BlockReportToJson(s.control().PasteCells(args[0].text)));
 }
 
 void SelectText(Session& s, Args args) {
@@ -342,8 +351,10 @@ constexpr ScriptCommand kCommands[] = {
     {"set-text", "\"TEXT\"", "Replaces the focused editor's text at once, as a paste.", 1, 1, false,
      SetText},
     {"paste", "\"TEXT\"",
-     "Pastes TEXT into the focused unit editor's number field at its selection, as Ctrl+V "
-     "does: only the characters that can stand in a number there are taken.",
+     "With a unit editor focused and TEXT one cell (no tab or line break): pastes TEXT into "
+     "its number field at its selection, as Ctrl+V does there (only the characters that can "
+     "stand in a number are taken). Otherwise host call PasteCells: TEXT, tab-separated, as a "
+     "block at the selection; prints the report.",
      1, 1, false, Paste},
     {"select-text", "START LENGTH",
      "The user selects LENGTH characters from START in the focused text or number editor "

@@ -181,4 +181,20 @@ std::vector<RecordChange<B>> ParseButtonChanges(std::string_view command,
     return ParseChanges(command, words, ButtonFields());
 }
 
+JsonObject BlockReportToJson(const BlockEditReport& report) {
+    JsonArray skipped;
+    for (const SkippedCell& cell : report.skipped) {
+        skipped.Obj(JsonObject()
+                        .Int("row", cell.row)
+                        .Int("col", cell.col)
+                        .Str("value", cell.value)
+                        .Str("reason", cell.reason)
+                        .Bool("written", cell.written));
+    }
+    return JsonObject()
+        .Int("written", report.written)
+        .Int("beyond_grid", report.beyondGrid)
+        .Arr("skipped", skipped);
+}
+
 }  // namespace tabulon::cli::session

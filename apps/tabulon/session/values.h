@@ -19,6 +19,7 @@
 #include "control/settings_records.h"
 #include "session/json_writer.h"
 #include "session/script_lexer.h"
+#include "view/block_report.h"
 
 namespace tabulon::cli::session {
 
@@ -51,6 +52,8 @@ std::span<const RecordField<gButtonProperty_type>> ButtonFields();
 // as numbers, strings as strings, in field order.
 JsonObject RecordToJson(const gGeneralProperty_type& record);
 JsonObject RecordToJson(const gButtonProperty_type& record);
+// {"written", "beyond_grid", "skipped": [{"row", "col", "value", "reason", "written"}]}
+JsonObject BlockReportToJson(const BlockEditReport& report);
 
 // Reads FIELD=VALUE words into changes to apply to a record later, so that a bad
 // word rejects the whole command before anything runs. Throws ScriptError naming the
