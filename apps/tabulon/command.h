@@ -32,6 +32,7 @@ struct Command {
 
 int RunConvert(Arguments args, std::ostream& out, std::ostream& err);
 int RunDtd(Arguments args, std::ostream& out, std::ostream& err);
+int RunExport(Arguments args, std::ostream& out, std::ostream& err);
 int RunFind(Arguments args, std::ostream& out, std::ostream& err);
 int RunGenerate(Arguments args, std::ostream& out, std::ostream& err);
 int RunReport(Arguments args, std::ostream& out, std::ostream& err);

@@ -1,8 +1,9 @@
-// Generic_SP_Control: ranges, copy, paste, fill and clear, forwarded to view/.
+// Generic_SP_Control: ranges, copy, paste, fill, clear and export, forwarded to view/.
 #include "control/generic_sp_control.h"
 #include "view/block_edit.h"
 #include "view/cell_selection.h"
 #include "view/control_core.h"
+#include "view/grid_export.h"
 
 namespace tabulon {
 
@@ -40,6 +41,10 @@ BlockEditReport Generic_SP_Control::FillRight() {
 
 BlockEditReport Generic_SP_Control::ClearCells() {
     return tabulon::ClearCells(*core_);
+}
+
+int Generic_SP_Control::ExportCsv(const std::string& folder) {
+    return ExportGridsAsCsv(*core_, folder);
 }
 
 void Generic_SP_Control::SetClipboard(Clipboard* clipboard) {

@@ -171,6 +171,10 @@ public:
     BlockEditReport FillDown();    // Ctrl+D over the selection
     BlockEditReport FillRight();   // Ctrl+R
     BlockEditReport ClearCells();  // Delete: text and pick-list cells of the selection
+    // Every grid as shown into folder, one CSV file per tree node that shows one, the
+    // node shown now shown again afterwards (view/grid_export.h); returns how many
+    // files. A folder or file that cannot be written throws RuntimeFailure.
+    int ExportCsv(const std::string& folder);
     // Where copies go and pastes come from; null gives the control its own again.
     // The clipboard must outlive the control or be replaced before it ends.
     void SetClipboard(Clipboard* clipboard);

@@ -49,6 +49,21 @@ TEST(TabulonCli, ConvertPrintsTheValueAndTheTargetLabel) {
     }
 }
 
+// One CSV per node showing a grid, in tree order: captions with the row's unit in the
+// document's system, values as shown, quoted where a comma needs it.
+TEST(TabulonCli, ExportWritesEveryGridAsShown) {
+    const TempDir dir;
+    const ToolRun r = RunTool("export samples/metric.xml --csv " + (dir.path() / "out").string());
+    EXPECT_EQ(r.status, 0) << r.err;
+    EXPECT_EQ(r.out, "4 file(s) written to " + (dir.path() / "out").string() + "\n");
+    const std::string suite = ReadFileBytes(dir.path() / "out" / "000001_SUITE.csv");
+    EXPECT_EQ(suite.substr(0, suite.find("Air")),
+              "Room,Zone A,Zone B\r\nFloor area (sq m),223.0,167.2\r\n"
+              "Ceiling height,3.05(m),3.05(m)\r\n");
+    EXPECT_TRUE(std::filesystem::exists(dir.path() / "out" / "000004_UTILITIES.csv"));
+    EXPECT_EQ(RunTool("export samples/metric.xml").status, 2);
+}
+
 TEST(TabulonCli, UsageErrorsExitWithTwoAndAUsageLine) {
     const char* bad[] = {
         "",

@@ -1,0 +1,31 @@
+// Every grid of the document as the user sees it, one CSV file per tree node that
+// shows one, for spreadsheets.
+//
+// Decisions:
+// - One file per node (nodes of one layout may hold different values and columns),
+//   named NNNNNN_KEY.csv: the node's place in the tree, so the files sort in tree
+//   order, then its key with characters other than letters, digits, "-", "_" and "."
+//   made "_".
+// - The column captions, then one line per row starting with its caption; a number
+//   row (UnitNum) carries its unit after the caption, "Flow (gpm)", in the document's
+//   unit system, as its cells show their values. Cells as shown, hidden columns
+//   included. CRLF line ends.
+// - The nodes are shown one after the other (the open editor is committed first, as
+//   when the user selects a node) and the node shown before is shown again at the end.
+#pragma once
+
+#include <filesystem>
+
+#include "support/cell_table_text.h"
+#include "view/control_core.h"
+
+namespace tabulon {
+
+// The grid shown now, captions included (see decisions).
+CellTable ShownGridTable(ControlCore& core);
+
+// Writes the files into folder (made when missing); returns how many. A file that
+// cannot be written throws RuntimeFailure naming it.
+int ExportGridsAsCsv(ControlCore& core, const std::filesystem::path& folder);
+
+}  // namespace tabulon
