@@ -20,6 +20,7 @@
 #include "qt/spreadsheet_widget.h"
 #include "report_preview.h"
 #include "report_table.h"
+#include "support/failure.h"
 #include "xml_text_dialog.h"
 
 namespace tabulon::demo {
@@ -71,6 +72,7 @@ void DemoWindow::buildMenus() {
                                  &DemoWindow::choosePdfTarget);
     previewAction_->setEnabled(false);
     pdfAction_->setEnabled(false);
+    file->addAction(tr("E&xport the grids as CSV..."), this, &DemoWindow::chooseCsvFolder);
     file->addSeparator();
     file->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
 
@@ -323,6 +325,19 @@ bool DemoWindow::exportReportPdf(const QString& path) {
     return written;
 }
 
+int DemoWindow::exportCsv(const QString& folder) {
+    try {
+        const int written = spreadsheet_->control().ExportCsv(ToStdString(folder));
+        log_->note(QStringLiteral("Export CSV ") + folder + QStringLiteral(": ") +
+                   QString::number(written) + QStringLiteral(" file(s)"));
+        return written;
+    } catch (const RuntimeFailure& failure) {
+        log_->note(QStringLiteral("Export CSV ") + folder + QStringLiteral(": ") +
+                   QString::fromStdString(failure.what()));
+        return -1;
+    }
+}
+
 PropertyPageDialog* DemoWindow::openPropertyPage(PropertyPageDialog::Kind kind) {
     const auto messages = [this](MessageIcon icon, const QString& text) {
         showMessage(icon, text);
@@ -357,6 +372,11 @@ bool DemoWindow::chooseSaveTarget() {
     const QString path = QFileDialog::getSaveFileName(this, tr("Save as"), QString(),
                                                       tr("XML documents (*.xml);;All files (*)"));
     return !path.isEmpty() && saveXml(path);
+}
+
+void DemoWindow::chooseCsvFolder() {
+    const QString folder = QFileDialog::getExistingDirectory(this, tr("Export the grids as CSV"));
+    if (!folder.isEmpty()) exportCsv(folder);
 }
 
 void DemoWindow::choosePdfTarget() {

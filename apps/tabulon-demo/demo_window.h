@@ -96,6 +96,9 @@ public:
     // Exports the last report as PDF. False (logged) when there is none or the file
     // cannot be written.
     bool exportReportPdf(const QString& path);
+    // Every grid as shown into folder, one CSV per tree node; the number of files, -1
+    // when one could not be written (the log says why).
+    int exportCsv(const QString& folder);
 
     // Opens a property page for the control: modal while interactive (returns when
     // it closes, null), modeless otherwise (returns the open dialog, owned by the
@@ -137,6 +140,7 @@ private:
     // True when the document was saved.
     bool chooseSaveTarget();
     void choosePdfTarget();
+    void chooseCsvFolder();
 
     // The log and the message mode exist before the control, which may show messages
     // while it starts.
