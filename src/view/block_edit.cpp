@@ -118,8 +118,10 @@ std::vector<Target> Over(const FlexGrid& grid, const CellRange& range, Source&& 
     return targets;
 }
 
-void Tell(ControlCore& core, const BlockEditReport& report) {
+// The report, after the user's message for it.
+BlockEditReport Told(ControlCore& core, BlockEditReport report) {
     core.sink.Information(BlockEditMessage(core, report));
+    return report;
 }
 
 }  // namespace
@@ -131,10 +133,8 @@ BlockEditReport PasteCells(ControlCore& core, const std::string& tabSeparated) {
     const CellRange selected = SelectedRange(grid);
     if (table.size() == 1 && table[0].size() == 1 && SeveralCellsSelected(grid)) {
         const std::string& value = table[0][0];
-        const BlockEditReport report =
-            WriteCells(core, Over(grid, selected, [&](int, int) { return value; }), selected, 0);
-        Tell(core, report);
-        return report;
+        return Told(core, WriteCells(core, Over(grid, selected, [&](int, int) { return value; }),
+                                     selected, 0));
     }
     const std::vector<int> shown = ShownColumns(grid, selected.left, grid.cols() - 1);
     std::vector<Target> targets;
@@ -152,9 +152,7 @@ BlockEditReport PasteCells(ControlCore& core, const std::string& tabSeparated) {
             written.right = std::max(written.right, shown[c]);
         }
     }
-    const BlockEditReport report = WriteCells(core, std::move(targets), written, beyond);
-    Tell(core, report);
-    return report;
+    return Told(core, WriteCells(core, std::move(targets), written, beyond));
 }
 
 BlockEditReport FillDown(ControlCore& core) {
@@ -163,9 +161,7 @@ BlockEditReport FillDown(ControlCore& core) {
     if (range.bottom <= range.top || !Ready(core)) return {};
     const CellRange rest{range.top + 1, range.left, range.bottom, range.right};
     const auto first = [&](int, int col) { return grid.textMatrix(range.top, col); };
-    const BlockEditReport report = WriteCells(core, Over(grid, rest, first), range, 0);
-    Tell(core, report);
-    return report;
+    return Told(core, WriteCells(core, Over(grid, rest, first), range, 0));
 }
 
 BlockEditReport FillRight(ControlCore& core) {
@@ -175,9 +171,7 @@ BlockEditReport FillRight(ControlCore& core) {
     if (shown.size() < 2 || !Ready(core)) return {};
     const CellRange rest{range.top, shown[1], range.bottom, range.right};
     const auto first = [&](int row, int) { return grid.textMatrix(row, shown[0]); };
-    const BlockEditReport report = WriteCells(core, Over(grid, rest, first), range, 0);
-    Tell(core, report);
-    return report;
+    return Told(core, WriteCells(core, Over(grid, rest, first), range, 0));
 }
 
 BlockEditReport ClearCells(ControlCore& core) {
