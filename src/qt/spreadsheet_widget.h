@@ -29,6 +29,9 @@
 //   emitted when the value changed, once the outermost user's gesture or host call
 //   that changed it has finished: a slot that calls the widget while one of the
 //   control's signals runs sees them afterwards.
+// - Ranges, copy, paste, fill and clear (Shift+click, drag, Shift+arrows, Ctrl+C,
+//   Ctrl+V, Ctrl+D, Ctrl+R, Delete; control().Copy, Paste ...) with the desktop's
+//   clipboard: a copy puts text/plain and text/html there, a paste reads text/plain.
 //
 // - Besides the control's interface (additions that change nothing it does): the
 //   reason a red cell is red as its tooltip and a mark on it and on the editor open
