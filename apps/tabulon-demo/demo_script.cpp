@@ -21,7 +21,7 @@ void SettleEvents() {
 
 QString DemoScript::run(const std::vector<DemoStep>& steps) {
     for (const DemoStep& step : steps) {
-        const QString failure = runStep(step);
+        QString failure = runStep(step);
         SettleEvents();
         if (!failure.isEmpty()) return failure;
     }

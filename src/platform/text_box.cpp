@@ -50,7 +50,8 @@ void TextBox::setSelLength(int length) {
 
 std::string TextBox::selText() const {
     const std::size_t begin = Utf8Offset(text_, static_cast<std::size_t>(selStart_));
-    const std::size_t end = Utf8Offset(text_, static_cast<std::size_t>(selStart_ + selLength_));
+    const std::size_t end = Utf8Offset(
+        text_, static_cast<std::size_t>(selStart_) + static_cast<std::size_t>(selLength_));
     return text_.substr(begin, end - begin);
 }
 

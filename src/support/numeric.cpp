@@ -10,7 +10,9 @@ namespace tabulon {
 
 namespace {
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
 struct Prefix {
     std::size_t begin = 0;  // first character of the number (sign included)
@@ -19,18 +21,21 @@ struct Prefix {
 
 Prefix FindPrefix(std::string_view text) {
     std::size_t i = 0;
-    while (i < text.size() && (text[i] == ' ' || text[i] == '\t')) ++i;
+    while (i < text.size() && (text[i] == ' ' || text[i] == '\t'))
+        ++i;
     Prefix p{i, i};
     std::size_t j = i;
     if (j < text.size() && (text[j] == '+' || text[j] == '-')) ++j;
     const std::size_t intStart = j;
-    while (j < text.size() && IsDigit(text[j])) ++j;
+    while (j < text.size() && IsDigit(text[j]))
+        ++j;
     const bool intDigits = j > intStart;
     bool fracDigits = false;
     std::size_t afterMantissa = j;
     if (j < text.size() && text[j] == '.') {
         std::size_t k = j + 1;
-        while (k < text.size() && IsDigit(text[k])) ++k;
+        while (k < text.size() && IsDigit(text[k]))
+            ++k;
         fracDigits = k > j + 1;
         if (intDigits || fracDigits) afterMantissa = k;
     }
@@ -40,7 +45,8 @@ Prefix FindPrefix(std::string_view text) {
         std::size_t k = j + 1;
         if (k < text.size() && (text[k] == '+' || text[k] == '-')) ++k;
         const std::size_t expStart = k;
-        while (k < text.size() && IsDigit(text[k])) ++k;
+        while (k < text.size() && IsDigit(text[k]))
+            ++k;
         if (k > expStart) j = k;
     }
     p.end = j;
@@ -69,8 +75,8 @@ double ReadNumber(std::string_view text) {
     if (ec == std::errc::result_out_of_range) {
         // from_chars leaves the value untouched on range errors: decide by the exponent sign.
         const std::size_t e = number.find_first_of("eE");
-        const bool tiny = e != std::string_view::npos && e + 1 < number.size() &&
-                          number[e + 1] == '-';
+        const bool tiny =
+            e != std::string_view::npos && e + 1 < number.size() && number[e + 1] == '-';
         if (tiny) return 0.0;
         throw OverflowFailure();
     }
@@ -94,16 +100,20 @@ std::int32_t ToInt32(double value) {
     return static_cast<std::int32_t>(r);
 }
 
-std::int16_t ReadInt16(std::string_view text) { return ToInt16(ReadNumber(text)); }
-std::int32_t ReadInt32(std::string_view text) { return ToInt32(ReadNumber(text)); }
+std::int16_t ReadInt16(std::string_view text) {
+    return ToInt16(ReadNumber(text));
+}
+std::int32_t ReadInt32(std::string_view text) {
+    return ToInt32(ReadNumber(text));
+}
 
 std::string NumberToText(double value) {
     if (!std::isfinite(value)) throw OverflowFailure();
     if (value == 0.0) return "0";
     // to_chars ignores the C locale (a host's locale could otherwise turn "." into ",").
     char buffer[64];
-    const auto result = std::to_chars(buffer, buffer + sizeof buffer, value,
-                                      std::chars_format::general, 15);
+    const auto result =
+        std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, 15);
     std::string text(buffer, result.ptr);
     for (char& c : text) {
         if (c == 'e') c = 'E';
@@ -111,6 +121,8 @@ std::string NumberToText(double value) {
     return text;
 }
 
-std::string IntegerToText(long long value) { return std::to_string(value); }
+std::string IntegerToText(long long value) {
+    return std::to_string(value);
+}
 
 }  // namespace tabulon

@@ -14,14 +14,17 @@ struct ReadCase {
 
 TEST(ReadNumber, TakesTheLongestNumericPrefix) {
     const ReadCase cases[] = {
-        {"", 0},          {"abc", 0},        {"12", 12},        {"  12abc", 12},
-        {"\t-3.5x", -3.5}, {"+4", 4},         {".5", 0.5},       {"5.", 5},
-        {".", 0},         {"-", 0},          {"1e3", 1000},     {"1E-2", 0.01},
-        {"1e", 1},        {"1e+", 1},        {"2.5e1kg", 25},   {"0x10", 0},
-        {"inf", 0},       {"nan", 0},        {"1,5", 1},        {"- 1", 0},
-        {"12.50(ft)", 12.5}, {"1e-400", 0},
+        {"", 0},         {"abc", 0},        {"12", 12},
+        {"  12abc", 12}, {"\t-3.5x", -3.5}, {"+4", 4},
+        {".5", 0.5},     {"5.", 5},         {".", 0},
+        {"-", 0},        {"1e3", 1000},     {"1E-2", 0.01},
+        {"1e", 1},       {"1e+", 1},        {"2.5e1kg", 25},
+        {"0x10", 0},     {"inf", 0},        {"nan", 0},
+        {"1,5", 1},      {"- 1", 0},        {"12.50(ft)", 12.5},
+        {"1e-400", 0},
     };
-    for (const auto& c : cases) EXPECT_DOUBLE_EQ(ReadNumber(c.text), c.value) << c.text;
+    for (const auto& c : cases)
+        EXPECT_DOUBLE_EQ(ReadNumber(c.text), c.value) << c.text;
     EXPECT_EQ(NumericPrefixLength("  12abc"), 4u);
     EXPECT_EQ(NumericPrefixLength("abc"), 0u);
 }

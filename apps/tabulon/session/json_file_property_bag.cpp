@@ -26,7 +26,7 @@ namespace tabulon {
 namespace {
 
 // Bag files are a few hundred bytes; anything near this is not one.
-constexpr std::size_t kMaxBagBytes = 16u * 1024u * 1024u;
+constexpr std::size_t kMaxBagBytes = std::size_t{16} * 1024 * 1024;
 
 using Json = nlohmann::json;
 
