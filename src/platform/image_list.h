@@ -24,7 +24,7 @@ struct Picture {
 // be read. It does not decode: an empty file loads as an empty picture. A front end
 // may install a loader that also decodes the image.
 using PictureLoader = std::function<Picture(const std::string& path)>;
-inline constexpr std::size_t kMaxPictureBytes = 16u * 1024u * 1024u;
+inline constexpr std::size_t kMaxPictureBytes = std::size_t{16} * 1024 * 1024;
 Picture LoadPictureFile(const std::string& path);
 
 // True when a regular file exists at path (the directory look-up of the loader);

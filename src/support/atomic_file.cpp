@@ -83,14 +83,12 @@ void SyncFolder(const std::string& folder) {
 // Writes, flushes and closes the new file; on failure closes it and returns errno.
 int FillTemporary(int fd, std::string_view data, mode_t mode) {
     int error = 0;
-    if (fchmod(fd, mode) != 0) {
-        error = errno;
-    } else if (FaultAfterWriteRequested()) {
+    const bool modeSet = fchmod(fd, mode) == 0;
+    if (modeSet && FaultAfterWriteRequested()) {
         WriteAll(fd, data.substr(0, data.size() / 2));
         std::abort();
-    } else if (!WriteAll(fd, data) || fsync(fd) != 0) {
-        error = errno;
     }
+    if (!modeSet || !WriteAll(fd, data) || fsync(fd) != 0) error = errno;
     if (close(fd) != 0 && error == 0) error = errno;
     return error;
 }
