@@ -164,9 +164,10 @@ bool GridView::selected(int row, int col) const {
 void GridView::paintCell(QPainter& painter, int row, int col, const QRect& rect) const {
     const bool fixed = row < grid_.fixedRows() || col < grid_.fixedCols();
     const GridCell& cell = grid_.cell(row, col);
+    const QColor back = ToColor(grid_.cellBackColor(row, col));
     QColor fore = ToColor(cell.foreColor);
     if (!isEnabled()) fore = palette().color(QPalette::Disabled, QPalette::Text);
-    painter.fillRect(rect, ToColor(grid_.cellBackColor(row, col)));
+    painter.fillRect(rect, back);
     // Over the cell's own colour, so that a red (invalid) cell stays red when selected.
     if (!fixed && selected(row, col)) painter.fillRect(rect, SelectionTint(palette()));
 
