@@ -14,6 +14,7 @@
 #include "control/generic_sp_control.h"
 #include "generator/document_generator.h"
 #include "testing/recording_sink.h"
+#include "unit_drop_cell.h"
 #include "view/cell_editors.h"
 #include "view/commit.h"
 
@@ -44,17 +45,8 @@ struct MetricControl {
     MetricControl() {
         control.InitProperties();
         control.Show();
-        if (!control.LoadXML(GenerateDocument(Shape()))) return;
-        const DocumentModel& doc = CoreOf(control).doc;
-        for (int row = 1; row < static_cast<int>(doc.arrRowInfo.size()) && !ready; ++row) {
-            if (doc.arrRowInfo[static_cast<std::size_t>(row)].ControlType != EditorKind::UnitDrop)
-                continue;
-            for (int col = 1; col <= doc.arrCellNodes.upperBound2() && !ready; ++col) {
-                if (doc.arrCellNodes.at(row, col).attribute("Enabled").value() != "1") continue;
-                FormOf(control).msgGridView.userClick(row, col);
-                ready = FormOf(control).unitDropControl.visible() && sink.messages().empty();
-            }
-        }
+        ready = control.LoadXML(GenerateDocument(Shape())) && OpenFirstUnitDropEditor(control) &&
+                sink.messages().empty();
     }
 };
 

@@ -14,6 +14,7 @@
 #include "control/control_access.h"
 #include "control/generic_sp_control.h"
 #include "testing/recording_sink.h"
+#include "unit_drop_cell.h"
 
 namespace tabulon::bench {
 namespace {
@@ -29,20 +30,11 @@ struct EditedControl {
         control.InitProperties();
         control.Show();
         if (!control.LoadXML(LoadDocumentOfSize(megabytes))) return;
-        const DocumentModel& doc = CoreOf(control).doc;
+        if (!OpenFirstUnitDropEditor(control)) return;
         Form& form = FormOf(control);
-        for (int row = 1; row < static_cast<int>(doc.arrRowInfo.size()) && !ready; ++row) {
-            if (doc.arrRowInfo[static_cast<std::size_t>(row)].ControlType != EditorKind::UnitDrop)
-                continue;
-            for (int col = 1; col <= doc.arrCellNodes.upperBound2() && !ready; ++col) {
-                if (doc.arrCellNodes.at(row, col).attribute("Enabled").value() != "1") continue;
-                form.msgGridView.userClick(row, col);
-                if (!form.unitDropControl.visible()) continue;
-                form.unitDropControl.UserSetText("7.25");
-                form.msgGridView.userMouseMove(0, 1);  // commits
-                ready = control.CanUndo() && sink.messages().empty();
-            }
-        }
+        form.unitDropControl.UserSetText("7.25");
+        form.msgGridView.userMouseMove(0, 1);  // commits
+        ready = control.CanUndo() && sink.messages().empty();
     }
 };
 
