@@ -52,6 +52,15 @@ inline std::string Doc(std::string_view tree, std::string_view headers, std::str
            "</GridValues></GridStructure></xml>";
 }
 
+// A Pnode named and keyed key over layout header, showing value key valueKey; more
+// holds its other attributes.
+inline std::string Pnode(std::string_view key, std::string_view valueKey,
+                         std::string_view more = "Filter=\"0\"", std::string_view header = "H") {
+    return "<Pnode Name=\"" + std::string(key) + "\" KeyValue=\"" + std::string(key) +
+           "\" GridHeaderKey=\"" + std::string(header) + "\" GridValueKey=\"" +
+           std::string(valueKey) + "\" " + std::string(more) + "/>";
+}
+
 // One value column: the cells for key "K", then any other CellValues.
 inline std::string Column(const std::vector<CellData>& cells, std::string_view more = "") {
     return "<GridValue>" + CellValues("K", cells) + std::string(more) + "</GridValue>";
@@ -76,9 +85,8 @@ inline std::string Document(const std::vector<std::string>& rows,
     }
     for (const std::string& row : rows)
         rowHeaders += row;
-    return Doc(R"(<Pnode Name="N1" KeyValue="N1" GridHeaderKey="H" GridValueKey="K" Filter="0"/>)" +
-                   std::string(moreNodes),
-               Header("H", headers, rowHeaders), values, unitSystem, customUnits);
+    return Doc(Pnode("N1", "K") + std::string(moreNodes), Header("H", headers, rowHeaders), values,
+               unitSystem, customUnits);
 }
 
 }  // namespace tabulon::testing

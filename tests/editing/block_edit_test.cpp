@@ -6,9 +6,6 @@
 namespace tabulon::testing {
 namespace {
 
-constexpr Rgb kRed = 0xFF0000;
-constexpr Rgb kWhite = 0xFFFFFF;
-
 // One row of each editor kind.
 const std::vector<std::string> kRows = {
     Row("TextBox", R"(MaxLength="5")"),
@@ -208,33 +205,6 @@ TEST_F(Blocks, FillDownRightAndDeleteFollowTheRules) {
     EXPECT_EQ(RowTexts(4), (std::vector<std::string>{"R", "2.0", "2.0"}));  // a number stays
     ASSERT_TRUE(control().Undo());
     EXPECT_EQ(control().XML(), before);
-}
-
-TEST_F(Blocks, WholeGridCopiedIntoAnotherNodeOfTheLayoutAgrees) {
-    const std::string second =
-        R"(<Pnode Name="N2" KeyValue="N2" GridHeaderKey="H" GridValueKey="K2" Filter="0"/>)";
-    const std::string blank = CellValues("K2", {{"x"}, {"a"}, {"1"}, {"1.0(ft)"}});
-    Load(kRows,
-         {Column({{"one"}, {"b"}, {"150.00", true, false}, {"3(in)"}}, blank),
-          Column({{"two"}, {""}, {"7.50"}, {"2.5(ft)"}}, blank)},
-         "ENGLISH", "", second);
-    const auto cells = [&] {
-        std::vector<std::string> all;
-        for (int row = 1; row <= 4; ++row) {
-            for (int col = 1; col <= 2; ++col) {
-                all.push_back(Shown(row, col) + "|" + Stored(row, col) + "|" +
-                              Attribute(row, col, "Valid"));
-            }
-        }
-        return all;
-    };
-    const std::vector<std::string> first = cells();
-    control().SelectCells(1, 1, 4, 2);
-    control().Copy();
-    form().treTreeView.userClickNode(form().treTreeView.indexOf("N2"));
-    Click(1, 1);
-    EXPECT_EQ(control().Paste().written, 8);
-    EXPECT_EQ(cells(), first);
 }
 
 }  // namespace

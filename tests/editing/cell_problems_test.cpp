@@ -1,150 +1,87 @@
 // Why a cell is red: the reason a commit, the document or the host gives, as the
 // control reports it (CellProblem), and the counts and tree marks that follow edits.
-#include <optional>
-
 #include "editing_fixture.h"
 
 namespace tabulon::testing {
 namespace {
 
-const std::string kWidget = R"(<CustomUnit EUnit="widget" MUnit="wdg" EToMFactor="2.5"/>)";
 const std::string kTons = R"(Unit="TONS_TO_KW" Format="0" MinVal="50" MaxVal="3000")";
 const std::string kHeads =
     R"(Unit="FTWG_TO_KPA;PSI_TO_KPA" Format="0.0;0.00" MinVal="0;0" MaxVal="50;20")";
 
-// What the user enters into cell (1, 1): a pasted text, after picking a unit when one
-// is named.
-struct Entry {
-    std::string text;
-    std::string unit;
-};
-
-struct ReasonCase {
-    const char* name;
-    std::string row;             // the RowHeader of the one row
-    CellData cell;               // the value of cell (1, 1)
-    std::string unitSystem;      // ENGLISH or METRIC
-    std::optional<Entry> entry;  // none: the document's value as loaded
-    std::string reason;          // CellProblem(1, 1) afterwards
-};
-
-void PrintTo(const ReasonCase& c, std::ostream* os) {
-    *os << c.name;
-}
-
-Entry Enter(std::string text, std::string unit = {}) {
-    return {std::move(text), std::move(unit)};
-}
-
-std::string CaseName(const ::testing::TestParamInfo<ReasonCase>& param) {
-    return param.param.name;
-}
-
-class CellReasons : public EditingTest, public ::testing::WithParamInterface<ReasonCase> {};
-
-TEST_P(CellReasons, ReasonIsWhatTheCheckFoundInTheUnitAndFormatShown) {
-    const ReasonCase& c = GetParam();
-    Load({c.row}, {Column({c.cell})}, c.unitSystem, kWidget);
-    if (c.entry) {
-        Click(1, 1);
-        if (!c.entry->unit.empty()) form().unitDropControl.UserPickUnit(c.entry->unit);
-        Paste(c.entry->text);
-        PointAtHeader();
+// CellProblem(1, 1) of a one-row document as loaded, or after the user pastes a text
+// into the cell (having picked a unit first where one is named).
+TEST_F(EditingTest, ReasonIsWhatTheCheckFoundInTheUnitAndFormatShown) {
+    const std::string num = Row("UnitNum", kTons);
+    const std::string drop = Row("UnitDrop", kHeads);
+    const struct {
+        std::string row;
+        CellData cell;
+        const char* system;
+        const char* typed;  // nullptr: nothing entered
+        const char* unit;
+        const char* reason;
+    } cases[] = {
+        {num, {"400"}, "ENGLISH", "3500", "", "Above the maximum of 3000 ton"},
+        {num, {"400"}, "METRIC", "100", "", "Below the minimum of 176 kW"},
+        {Row("UnitNum", R"(Unit="TONS_TO_KW" MinVal="10" MaxVal="100")"),
+         {"40"},
+         "ENGLISH",
+         "abc",
+         "",
+         "Not a number"},
+        {Row("UnitNum", R"(Unit="widget" Format="0.0" MinVal="0" MaxVal="10")"),
+         {"4"},
+         "METRIC",
+         "30",
+         "",
+         "Above the maximum of 25.0 wdg"},
+        {drop, {"18.5(ft wg)"}, "ENGLISH", "60", "", "Above the maximum of 50.0 ft wg"},
+        {drop, {"18.5(ft wg)"}, "ENGLISH", "25", "psi", "Above the maximum of 20.00 psi"},
+        {Row("UnitDrop", R"(Unit="FT_TO_M;INCH_TO_MM" Format="0.0;0" MinVal="0;0" MaxVal="10;24")"),
+         {"5(in)"},
+         "METRIC",
+         "700",
+         "",
+         "Above the maximum of 610 mm"},
+        {Row("UnitDrop", R"(Unit="FTWG_TO_KPA" Format="0" MinVal="10" MaxVal="5")"),
+         {"7(ft wg)"},
+         "ENGLISH",
+         "7",
+         "",
+         "No value fits: the minimum of 10 ft wg is above the maximum of 5 ft wg"},
+        {num, {"5000", true, false}, "ENGLISH", "2500", "", ""},  // corrected: no reason
+        {num, {"400", true, false}, "ENGLISH", nullptr, "", "Marked invalid in the document"},
+        {num, {"5000", true, false}, "METRIC", nullptr, "", "Above the maximum of 10551 kW"},
+        {Row("UnitNum", R"(Unit="TONS_TO_KW" Format="#,##0" MinVal="50" MaxVal="3000")"),
+         {"5000", true, false},
+         "ENGLISH",
+         nullptr,
+         "",
+         "Above the maximum of 3,000 ton"},
+        {drop, {"3(m)", true, false}, "ENGLISH", nullptr, "", "Not one of the listed units"},
+        {Row("TextBox"),
+         {"x", true, false},
+         "ENGLISH",
+         nullptr,
+         "",
+         "Marked invalid in the document"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.row + " " + c.cell.text + " " + c.system);
+        NewControl();  // a control takes a document's custom units once
+        Load({c.row}, {Column({c.cell})}, c.system, kWidget);
+        if (c.typed != nullptr) {
+            Click(1, 1);
+            if (*c.unit != '\0') form().unitDropControl.UserPickUnit(c.unit);
+            Paste(c.typed);
+            PointAtHeader();
+        }
+        EXPECT_EQ(control().CellProblem(1, 1), c.reason);
+        EXPECT_EQ(Attribute(1, 1, "Valid") == "1", *c.reason == '\0');
+        EXPECT_EQ(control().ProblemCount(), *c.reason == '\0' ? 0 : 1);
     }
-    EXPECT_EQ(control().CellProblem(1, 1), c.reason);
-    EXPECT_EQ(Attribute(1, 1, "Valid") == "1", c.reason.empty());
-    EXPECT_EQ(control().ProblemCount(), c.reason.empty() ? 0 : 1);
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Reasons, CellReasons,
-    ::testing::Values(
-        ReasonCase{"UnitNumAboveMaximum",
-                   Row("UnitNum", kTons),
-                   {"400"},
-                   "ENGLISH",
-                   Enter("3500"),
-                   "Above the maximum of 3000 ton"},
-        ReasonCase{"UnitNumBelowMinimumInMetric",
-                   Row("UnitNum", kTons),
-                   {"400"},
-                   "METRIC",
-                   Enter("100"),
-                   "Below the minimum of 176 kW"},
-        ReasonCase{"TextWithoutNumber",
-                   Row("UnitNum", R"(Unit="TONS_TO_KW" MinVal="10" MaxVal="100")"),
-                   {"40"},
-                   "ENGLISH",
-                   Enter("abc"),
-                   "Not a number"},
-        ReasonCase{"CustomUnitInMetric",
-                   Row("UnitNum", R"(Unit="widget" Format="0.0" MinVal="0" MaxVal="10")"),
-                   {"4"},
-                   "METRIC",
-                   Enter("30"),
-                   "Above the maximum of 25.0 wdg"},
-        ReasonCase{"UnitDropFirstUnit",
-                   Row("UnitDrop", kHeads),
-                   {"18.5(ft wg)"},
-                   "ENGLISH",
-                   Enter("60"),
-                   "Above the maximum of 50.0 ft wg"},
-        ReasonCase{"UnitDropSecondUnit",
-                   Row("UnitDrop", kHeads),
-                   {"18.5(ft wg)"},
-                   "ENGLISH",
-                   Enter("25", "psi"),
-                   "Above the maximum of 20.00 psi"},
-        ReasonCase{"UnitDropSecondUnitInMetric",
-                   Row("UnitDrop",
-                       R"(Unit="FT_TO_M;INCH_TO_MM" Format="0.0;0" MinVal="0;0" MaxVal="10;24")"),
-                   {"5(in)"},
-                   "METRIC",
-                   Enter("700"),
-                   "Above the maximum of 610 mm"},
-        ReasonCase{"UnitWhoseLimitsExcludeEverything",
-                   Row("UnitDrop", R"(Unit="FTWG_TO_KPA" Format="0" MinVal="10" MaxVal="5")"),
-                   {"7(ft wg)"},
-                   "ENGLISH",
-                   Enter("7"),
-                   "No value fits: the minimum of 10 ft wg is above the maximum of 5 ft wg"},
-        ReasonCase{"ACorrectedValueHasNoReason",
-                   Row("UnitNum", kTons),
-                   {"5000", true, false},
-                   "ENGLISH",
-                   Enter("2500"),
-                   ""},
-        ReasonCase{"DocumentMarkInRange",
-                   Row("UnitNum", kTons),
-                   {"400", true, false},
-                   "ENGLISH",
-                   {},
-                   "Marked invalid in the document"},
-        ReasonCase{"DocumentMarkBeyondRangeInMetric",
-                   Row("UnitNum", kTons),
-                   {"5000", true, false},
-                   "METRIC",
-                   {},
-                   "Above the maximum of 10551 kW"},
-        ReasonCase{"DocumentMarkBeyondRangeGrouped",
-                   Row("UnitNum", R"(Unit="TONS_TO_KW" Format="#,##0" MinVal="50" MaxVal="3000")"),
-                   {"5000", true, false},
-                   "ENGLISH",
-                   {},
-                   "Above the maximum of 3,000 ton"},
-        ReasonCase{"DocumentMarkWithUnitNotListed",
-                   Row("UnitDrop", kHeads),
-                   {"3(m)", true, false},
-                   "ENGLISH",
-                   {},
-                   "Not one of the listed units"},
-        ReasonCase{"DocumentMarkOnText",
-                   Row("TextBox"),
-                   {"x", true, false},
-                   "ENGLISH",
-                   {},
-                   "Marked invalid in the document"}),
-    CaseName);
 
 TEST_F(EditingTest, TheHostsMarkIsItsReasonAndAValueItLeftKeepsItsOwn) {
     Load({Row("TextBox"), Row("UnitNum", kTons)},
@@ -195,13 +132,11 @@ TEST_F(EditingTest, CountsAndReasonsFollowUndoAndRedo) {
 // Two nodes over the same layout; counts follow each commit and each host change, and a
 // node shown again brings back the reason this session found.
 TEST_F(EditingTest, CountsAndTreeMarksFollowCommitsAndReasonsSurviveLeavingTheNode) {
-    const std::string second =
-        R"(<Pnode Name="N2" KeyValue="N2" GridHeaderKey="H" GridValueKey="K2" Filter="0"/>)";
     const std::string row = Row("UnitNum", kTons);
     Load({row, row},
          {Column({{"400"}, {"9000", true, false}},
                  CellValues("K2", {{"9000", true, false}, {"9000", true, false}}))},
-         "ENGLISH", "", second);
+         "ENGLISH", "", Pnode("N2", "K2"));
     const TreeView& tree = form().treTreeView;
     EXPECT_EQ(control().ProblemCount(), 3);
     EXPECT_EQ(tree.node(1).problems, 1);

@@ -5,10 +5,6 @@
 namespace tabulon::testing {
 namespace {
 
-constexpr Rgb kRed = 0xFF0000;
-constexpr Rgb kWhite = 0xFFFFFF;
-const std::string kWidget = R"(<CustomUnit EUnit="widget" MUnit="wdg" EToMFactor="2.5"/>)";
-
 class CommitCellEdit : public EditingTest {};
 
 TEST_F(CommitCellEdit, TextAndPickListNeverTouchValidOrColour) {

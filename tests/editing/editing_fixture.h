@@ -18,6 +18,11 @@ namespace tabulon::testing {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
+constexpr Rgb kRed = 0xFF0000;
+constexpr Rgb kWhite = 0xFFFFFF;
+// A custom unit: widget in English, wdg in Metric.
+const std::string kWidget = R"(<CustomUnit EUnit="widget" MUnit="wdg" EToMFactor="2.5"/>)";
+
 class EditingTest : public ControlHarness {
 protected:
     // Loads the document, which must load without a message, and forgets the records.

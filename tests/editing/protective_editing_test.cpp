@@ -62,12 +62,10 @@ TEST_F(ProtectiveEditing, NoEditorOpensOnCellsAFailedFillEmptied) {
 
 // As designed, selecting a node hides the editor and the typed value is gone.
 TEST_F(ProtectiveEditing, ClickingAnotherNodeCommitsTheOpenEditorFirst) {
-    const std::string second =
-        R"(<Pnode Name="N2" KeyValue="N2" GridHeaderKey="H" GridValueKey="K2" Filter="0"/>)";
     for (const bool protective : {false, true}) {
         SCOPED_TRACE(protective);
         LoadWith(protective, {Row("TextBox")}, {Column({{"a"}}, CellValues("K2", {{"x"}}))},
-                 "ENGLISH", "", second);
+                 "ENGLISH", "", Pnode("N2", "K2"));
         Click(1, 1);
         Paste("typed");
         form().treTreeView.userClickNode(2);

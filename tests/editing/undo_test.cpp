@@ -1,17 +1,14 @@
-// Undo and redo as the user and the host see them: the document byte for byte, the
-// grid, the node and cell shown, the editor's own value first, the keys, the
-// modified flag, and block edits as one step.
-#include "control/save_gate.h"
+// Undo and redo as the user and the host see them: the node and cell shown, the
+// editor's own value first, the keys and the modified flag. That undo and redo give
+// the document and the grid back, host changes included, is checked on random edits
+// (tests/reliability/undo_property_test.cpp); block edits as one step in
+// block_edit_test.cpp.
 #include "editing/editing_fixture.h"
 #include "platform/key_codes.h"
-#include "view/commit.h"
-#include "view/edit_recording.h"
+#include "view/editor_value.h"
 
 namespace tabulon::testing {
 namespace {
-
-constexpr Rgb kRed = 0xFF0000;
-constexpr Rgb kWhite = 0xFFFFFF;
 
 const std::string kCapacity = Row("UnitNum", R"(Unit="FT_TO_M" Format="0.00" MaxVal="100")");
 
@@ -30,56 +27,10 @@ protected:
     }
 };
 
-TEST_F(Undo, PutsBackTextValidAndColourAndRedoPutsTheEditBack) {
-    Load({kCapacity, Row("TextBox")}, {Column({{"12.5"}, {"a"}})});
-    const std::string loaded = control().XML();
-    EXPECT_FALSE(control().CanUndo());
-    Edit(1, 1, "150");
-    const std::string edited = control().XML();
-    ASSERT_EQ(Attribute(1, 1, "Valid"), "0");
-
-    ASSERT_TRUE(control().Undo());
-    EXPECT_EQ(control().XML(), loaded);
-    EXPECT_EQ(Shown(1, 1), "12.50");
-    EXPECT_EQ(grid().cellBackColor(1, 1), kWhite);
-    EXPECT_FALSE(control().CanUndo());
-    EXPECT_FALSE(control().Undo());
-
-    ASSERT_TRUE(control().Redo());
-    EXPECT_EQ(control().XML(), edited);
-    EXPECT_EQ(Shown(1, 1), "150.00");
-    EXPECT_EQ(grid().cellBackColor(1, 1), kRed);
-    EXPECT_FALSE(control().Redo());
-    EXPECT_THAT(host.events(), IsEmpty());
-    ExpectMessages({});
-}
-
-TEST_F(Undo, WhatTheHostChangedDuringTheCommitIsPartOfTheSameStep) {
-    Load({Row("TextBox"), Row("TextBox")}, {Column({{"a", true, true, true}, {"b"}})});
-    const std::string loaded = control().XML();
-    host.onAppGridEventHandler = [](xml::Node& gridValue) {
-        gridValue.select("CellValues/CellValue[2]")[0].setAttribute("Valid", "0");
-        gridValue.select("CellValues/CellValue[2]")[0].setText("checked");
-    };
-    Edit(1, 1, "z");
-    const std::string edited = control().XML();
-    host.clear();
-    ASSERT_TRUE(control().Undo());
-    EXPECT_EQ(control().XML(), loaded);
-    EXPECT_EQ(Shown(2, 1), "b");
-    EXPECT_EQ(grid().cellBackColor(2, 1), kWhite);
-    EXPECT_FALSE(control().CanUndo());
-    ASSERT_TRUE(control().Redo());
-    EXPECT_EQ(control().XML(), edited);
-    EXPECT_EQ(Shown(2, 1), "checked");
-    EXPECT_THAT(host.events(), IsEmpty());  // undo and redo never ask the host again
-}
-
 TEST_F(Undo, ShowsTheStepsNodeAndCellWithoutOpeningAnEditor) {
-    const std::string second =
-        R"(<Pnode Name="N2" KeyValue="N2" GridHeaderKey="H" GridValueKey="K2" Filter="0"/>)";
     Load({Row("TextBox"), Row("TextBox")},
-         {Column({{"a"}, {"b"}}, CellValues("K2", {{"x"}, {"y"}}))}, "ENGLISH", "", second);
+         {Column({{"a"}, {"b"}}, CellValues("K2", {{"x"}, {"y"}}))}, "ENGLISH", "",
+         Pnode("N2", "K2"));
     Edit(2, 1, "edited");
     form().treTreeView.userClickNode(2);
     ASSERT_EQ(core().doc.strCurrentValueKey, "K2");
@@ -211,30 +162,6 @@ TEST_F(Undo, ModifiedFollowsTheSavedState) {
     core().doc.strXMLPath = (TempDir() / "missing" / "doc.xml").string();
     form().cmdOK.userClick();
     EXPECT_TRUE(control().IsModified());
-}
-
-// What a block edit (paste, fill) does: many commits, the host asked once per column,
-// all of it one step.
-TEST_F(Undo, AStepGuardMakesManyCommitsOneStep) {
-    Load({Row("TextBox"), Row("TextBox")},
-         {Column({{"a", true, true, true}, {"b"}}), Column({{"c", true, true, true}, {"d"}})});
-    const std::string loaded = control().XML();
-    host.onAppGridEventHandler = [](xml::Node& gridValue) {
-        gridValue.select("CellValues/CellValue[2]")[0].setText("host");
-    };
-    {
-        const EditHistory::StepGuard block(core().history, CurrentLocation(core()));
-        for (int col = 1; col <= 2; ++col) {
-            Click(1, col);
-            Paste("pasted");
-        }
-        PointAtHeader();
-    }
-    EXPECT_EQ(host.eventsOf(HostEventKind::AppGridEventHandler).size(), 2u);
-    EXPECT_EQ(core().history.undoCount(), 1u);
-    ASSERT_TRUE(control().Undo());
-    EXPECT_EQ(control().XML(), loaded);
-    EXPECT_FALSE(control().CanUndo());
 }
 
 // Memory kept per step grows with the elements changed, not with the document.

@@ -7,7 +7,6 @@ namespace {
 
 class ConvertGridUnits : public EditingTest {};
 
-const std::string kWidget = R"(<CustomUnit EUnit="widget" MUnit="wdg" EToMFactor="2.5"/>)";
 const std::string kFeet = Row("UnitNum", R"(Unit="FT_TO_M" Format="0.000")");
 const std::string kFeetOrInches = Row("UnitDrop", R"(Unit="FT_TO_M;INCH_TO_MM" Format="0.00;0")");
 
@@ -40,8 +39,7 @@ TEST_F(ConvertGridUnits, MetricDocumentShowsUnitRowsConverted) {
 TEST_F(ConvertGridUnits, ValuesConvertOncePerFill) {
     Load({kFeet, kFeetOrInches},
          {Column({{"10"}, {"10(ft)"}}, CellValues("K3", {{"20"}, {"1(ft)"}}))}, "METRIC", "",
-         R"(<Pnode Name="N2" KeyValue="N2" GridHeaderKey="H" GridValueKey="K" Filter="0"/>)"
-         R"(<Pnode Name="N3" KeyValue="N3" GridHeaderKey="H" GridValueKey="K3" Filter="0"/>)");
+         Pnode("N2", "K") + Pnode("N3", "K3"));
     TreeView& tree = form().treTreeView;
     for (const auto& [node, num, drop] : std::vector<std::array<std::string, 3>>{
              {"N2", "3.048", "3.05(m)"},  // same values: no refill, no second pass
