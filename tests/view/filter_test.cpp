@@ -9,10 +9,7 @@ namespace {
 
 using ::testing::ElementsAre;
 
-std::string Pnode(std::string_view key, std::string_view valueKey) {
-    return "<Pnode Name=\"" + std::string(key) + "\" KeyValue=\"" + std::string(key) +
-           "\" GridHeaderKey=\"H\" GridValueKey=\"" + std::string(valueKey) + "\" Filter=\"1\"/>";
-}
+const char* const kFiltered = R"(Filter="1")";
 
 // Four value columns; column 3 starts hidden (it has a Width).
 const std::string kLayout =
@@ -39,8 +36,9 @@ std::string Columns(std::initializer_list<const char*> tags) {
 class Filter : public ViewTest {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(LoadText(Doc(Pnode("p1", "V1") + Pnode("p2", "V2") + Pnode("p3", "V3"), kLayout,
-                                 Columns({" A", "B", "A ", nullptr}))));
+        ASSERT_TRUE(LoadText(Doc(Pnode("p1", "V1", kFiltered) + Pnode("p2", "V2", kFiltered) +
+                                     Pnode("p3", "V3", kFiltered),
+                                 kLayout, Columns({" A", "B", "A ", nullptr}))));
     }
 };
 

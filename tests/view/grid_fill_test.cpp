@@ -9,12 +9,6 @@ namespace {
 
 using ::testing::ElementsAre;
 
-std::string Pnode(std::string_view key, std::string_view header, std::string_view values) {
-    return "<Pnode Name=\"" + std::string(key) + "\" KeyValue=\"" + std::string(key) +
-           "\" GridHeaderKey=\"" + std::string(header) + "\" GridValueKey=\"" +
-           std::string(values) + "\" Filter=\"0\"/>";
-}
-
 std::string Values(std::string_view key, std::string_view cells, std::string_view extra = "") {
     return "<CellValues GridValueKey=\"" + std::string(key) + "\" " + std::string(extra) + ">" +
            std::string(cells) + "</CellValues>";
@@ -33,8 +27,8 @@ using GridFill = ViewTest;
 
 TEST_F(GridFill, LayoutComesFromTheGridHeader) {
     grid().setRowHeightMin(0);
-    ASSERT_TRUE(LoadText(Doc(Pnode("n1", "H", "V1"), kLayout,
-                             "<GridValue>" + Values("V1", Cell("t")) + "</GridValue>")));
+    ASSERT_TRUE(LoadText(
+        Doc(Pnode("n1", "V1"), kLayout, "<GridValue>" + Values("V1", Cell("t")) + "</GridValue>")));
     ASSERT_EQ(grid().rows(), 5);
     ASSERT_EQ(grid().cols(), 3);
     EXPECT_EQ(grid().fixedRows(), 1);
@@ -81,7 +75,7 @@ TEST_F(GridFill, CellTextFollowsTheRowsControlType) {
         cells += c.cell;
     }
     ASSERT_TRUE(
-        LoadText(Doc(Pnode("n1", "H", "V1"),
+        LoadText(Doc(Pnode("n1", "V1"),
                      Header("H", R"(<ColumnHeader HName="I"/><ColumnHeader HName="A"/>)", rows),
                      "<GridValue>" + Values("V1", cells) + "</GridValue>")));
     ExpectMessages({});
@@ -96,7 +90,7 @@ TEST_F(GridFill, CellTextFollowsTheRowsControlType) {
 }
 
 TEST_F(GridFill, EnabledSetsTextColourAndValidSetsBackColour) {
-    ASSERT_TRUE(LoadText(Doc(Pnode("n1", "H", "V1"), kLayout,
+    ASSERT_TRUE(LoadText(Doc(Pnode("n1", "V1"), kLayout,
                              "<GridValue>" +
                                  Values("V1", Cell("a") + Cell("b", false, false) +
                                                   Cell("1", true, false) + Cell("2", false, true)) +
@@ -110,10 +104,10 @@ TEST_F(GridFill, EnabledSetsTextColourAndValidSetsBackColour) {
 }
 
 TEST_F(GridFill, SameKeysKeepLayoutAndValuesAndShortColumnsKeepTheirRest) {
-    ASSERT_TRUE(LoadText(
-        Doc(Pnode("n1", "H", "V1") + Pnode("n2", "H", "V2") + Pnode("n3", "H", "V2"), kLayout,
-            "<GridValue>" + Values("V1", Cell("a1") + Cell("a2") + Cell("3") + Cell("4")) +
-                Values("V2", Cell("b1") + Cell("b2")) + "</GridValue>")));
+    ASSERT_TRUE(
+        LoadText(Doc(Pnode("n1", "V1") + Pnode("n2", "V2") + Pnode("n3", "V2"), kLayout,
+                     "<GridValue>" + Values("V1", Cell("a1") + Cell("a2") + Cell("3") + Cell("4")) +
+                         Values("V2", Cell("b1") + Cell("b2")) + "</GridValue>")));
     grid().setRowHeight(1, 999);
     ClickNode("n2");
     EXPECT_EQ(grid().rowHeight(1), 999);  // same GridHeaderKey: layout kept
@@ -127,7 +121,7 @@ TEST_F(GridFill, SameKeysKeepLayoutAndValuesAndShortColumnsKeepTheirRest) {
 }
 
 TEST_F(GridFill, ALayoutOfOneColumnShowsOnlyCaptions) {
-    ASSERT_TRUE(LoadText(Doc(Pnode("n1", "H", "V1"),
+    ASSERT_TRUE(LoadText(Doc(Pnode("n1", "V1"),
                              Header("H", R"(<ColumnHeader HName="Item"/>)",
                                     R"(<RowHeader HName="R" ControlType="TextBox"/>)"),
                              "<GridValue>" + Values("V1", Cell("a")) + "</GridValue>")));
@@ -139,8 +133,8 @@ TEST_F(GridFill, ALayoutOfOneColumnShowsOnlyCaptions) {
 }
 
 TEST_F(GridFill, AnUnknownHeaderKeyEmptiesTheGridAndDisablesTheFilter) {
-    ASSERT_TRUE(LoadText(Doc(Pnode("n1", "H", "V1") + Pnode("n2", "Nope", "V1"), kLayout,
-                             "<GridValue>" + Values("V1", Cell("a")) + "</GridValue>")));
+    ASSERT_TRUE(LoadText(Doc(Pnode("n1", "V1") + Pnode("n2", "V1", R"(Filter="0")", "Nope"),
+                             kLayout, "<GridValue>" + Values("V1", Cell("a")) + "</GridValue>")));
     form().cboFilter.setText("Type A");
     ClickNode("n2");
     ExpectMessages({Information("Grid header key 'Nope' not found in XML.")});
@@ -164,7 +158,7 @@ TEST_F(GridFill, ValuesBeyondTheLastColumnAreSkippedWithOneMessage) {
     for (const char* text : {"one", "two", "three"}) {
         values += "<GridValue>" + Values("V1", Cell(text)) + "</GridValue>";
     }
-    ASSERT_TRUE(LoadText(Doc(Pnode("n1", "H", "V1"), layout, values)));
+    ASSERT_TRUE(LoadText(Doc(Pnode("n1", "V1"), layout, values)));
     ExpectMessages({Information("Less column defined in 'ColumnHeaders' element")});
     EXPECT_THAT(RowTexts(1), ElementsAre("R", "one"));
     EXPECT_TRUE(doc().blnGridLoaded);
@@ -172,7 +166,7 @@ TEST_F(GridFill, ValuesBeyondTheLastColumnAreSkippedWithOneMessage) {
 
 TEST_F(GridFill, AMissingValueKeyClearsEveryValueCell) {
     ASSERT_TRUE(
-        LoadText(Doc(Pnode("n1", "H", "V1") + Pnode("n2", "H", "V9"), kLayout,
+        LoadText(Doc(Pnode("n1", "V1") + Pnode("n2", "V9"), kLayout,
                      "<GridValue>" + Values("V1", Cell("a")) + "</GridValue><GridValue>" +
                          Values("V1", Cell("b")) + Values("V9", Cell("c")) + "</GridValue>")));
     ClickNode("n2");
@@ -182,7 +176,7 @@ TEST_F(GridFill, AMissingValueKeyClearsEveryValueCell) {
 
 TEST_F(GridFill, EveryMatchingCellValuesAppliesInDocumentOrder) {
     ASSERT_TRUE(
-        LoadText(Doc(Pnode("n1", "H", "V1"), kLayout,
+        LoadText(Doc(Pnode("n1", "V1"), kLayout,
                      "<GridValue>" + Values("V1", Cell("first"), R"(FilterValue="X")") +
                          Values("V2", Cell("other"), R"(FilterValue="Z")") +
                          Values(" V1 ", Cell("second"), R"(FilterValue=" Y ")") + "</GridValue>")));
@@ -200,7 +194,7 @@ TEST_F(GridFill, EveryMatchingCellValuesAppliesInDocumentOrder) {
 
 TEST_F(GridFill, AUnitDropTextEndingInAnOpeningParenthesisFailsTheColumn) {
     ASSERT_TRUE(
-        LoadText(Doc(Pnode("n1", "H", "V1"), kLayout,
+        LoadText(Doc(Pnode("n1", "V1"), kLayout,
                      "<GridValue>" + Values("V1", Cell("a") + Cell("b") + Cell("1") + Cell("3(")) +
                          "</GridValue>")));
     ExpectMessages({Critical("Unexpected Error - 1035")});

@@ -87,17 +87,8 @@ TEST_F(NodeSelection, CollapseSelectsAgainForTheNodeSelectedAfterwards) {
 }
 
 TEST_F(NodeSelection, AdvancedScrollBarsRefreshOnlyWhenShownAndLoaded) {
-    std::string columns = R"(<ColumnHeader HName="I"/>)";
-    for (int c = 0; c < 8; ++c)
-        columns += R"(<ColumnHeader HName="C"/>)";
-    std::string values;
-    for (int c = 0; c < 8; ++c) {
-        values +=
-            "<GridValue><CellValues GridValueKey=\"V1\">" + Cell("x") + "</CellValues></GridValue>";
-    }
-    ASSERT_TRUE(LoadText(
-        Doc(Node("Pnode", "p1", "V1", R"(Filter="0")"),
-            Header("H", columns, R"(<RowHeader HName="R" ControlType="TextBox"/>)"), values)));
+    // Nine columns of 1080 twips do not fit in the grid's 5360.
+    ASSERT_TRUE(LoadText(Document({Row("TextBox")}, std::vector<std::string>(8, Column({{"x"}})))));
     ctlHorizontalScroll& bar = form().hscGrid;
     bar.SetScrollEnabled(false);
     RefreshAdvanceScrollbars(core());  // bars hidden: nothing happens
@@ -110,7 +101,7 @@ TEST_F(NodeSelection, AdvancedScrollBarsRefreshOnlyWhenShownAndLoaded) {
 
     doc().blnGridLoaded = true;
     RefreshAdvanceScrollbars(core());
-    EXPECT_TRUE(bar.ScrollEnabled());  // nine columns of 1080 do not fit in 5360
+    EXPECT_TRUE(bar.ScrollEnabled());
     EXPECT_FALSE(form().vscGrid.ScrollEnabled());
     ExpectMessages({});
 }
