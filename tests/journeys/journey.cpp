@@ -6,8 +6,6 @@
 #include <QTest>
 #include <QWheelEvent>
 #include <algorithm>
-#include <array>
-#include <cctype>
 #include <sstream>
 #include <utility>
 
@@ -24,49 +22,6 @@ using cli::session::Word;
 
 constexpr int kWheelNotch = 120;
 constexpr int kDragSteps = 8;
-
-const std::array<std::pair<std::string_view, Qt::Key>, 12> kNamedKeys = {{
-    {"Tab", Qt::Key_Tab},
-    {"Enter", Qt::Key_Return},
-    {"Space", Qt::Key_Space},
-    {"Escape", Qt::Key_Escape},
-    {"Backspace", Qt::Key_Backspace},
-    {"Delete", Qt::Key_Delete},
-    {"Home", Qt::Key_Home},
-    {"End", Qt::Key_End},
-    {"Left", Qt::Key_Left},
-    {"Right", Qt::Key_Right},
-    {"Up", Qt::Key_Up},
-    {"Down", Qt::Key_Down},
-}};
-
-// The Qt key of a session key name: the named keys, F1..F12, or one letter or digit.
-Qt::Key QtKey(const std::string& name) {
-    for (const auto& [keyName, key] : kNamedKeys) {
-        if (keyName == name) return key;
-    }
-    if (name.size() >= 2 && name[0] == 'F') {
-        return static_cast<Qt::Key>(Qt::Key_F1 + std::stoi(name.substr(1)) - 1);
-    }
-    if (name.size() == 1 && std::isalnum(static_cast<unsigned char>(name[0]))) {
-        return static_cast<Qt::Key>(std::toupper(static_cast<unsigned char>(name[0])));
-    }
-    ADD_FAILURE() << "the journey has no key \"" << name << "\"";
-    return Qt::Key_unknown;
-}
-
-Qt::KeyboardModifiers Modifiers(const std::vector<Word>& words) {
-    Qt::KeyboardModifiers modifiers;
-    for (std::size_t i = 2; i < words.size(); ++i) {
-        std::istringstream parts(words[i].text);
-        for (std::string part; std::getline(parts, part, '+');) {
-            if (part == "ctrl") modifiers |= Qt::ControlModifier;
-            if (part == "shift") modifiers |= Qt::ShiftModifier;
-            if (part == "alt") modifiers |= Qt::AltModifier;
-        }
-    }
-    return modifiers;
-}
 
 }  // namespace
 
@@ -99,23 +54,21 @@ void JourneyFixture::Run(const std::string& line) {
     const std::string& command = words[0].text;
     const auto number = [&words](std::size_t i) { return std::stoi(words.at(i).text); };
     if (command == "click") {
-        ClickCell(number(1), number(2));
+        ClickStep(number(1), number(2));
     } else if (command == "node") {
-        ClickNode(words.at(1).text);
+        NodeStep(words.at(1).text);
     } else if (command == "type") {
         TypeText(QString::fromStdString(words.at(1).text));
     } else if (command == "key") {
-        Qt::Key key = QtKey(words.at(1).text);
-        const Qt::KeyboardModifiers modifiers = Modifiers(words);
-        if (key == Qt::Key_Tab && modifiers.testFlag(Qt::ShiftModifier)) key = Qt::Key_Backtab;
-        KeyClick(key, modifiers);
+        std::string modifiers;
+        for (std::size_t i = 2; i < words.size(); ++i)
+            modifiers += (i > 2 ? "+" : "") + words[i].text;
+        KeyStep(words.at(1).text, modifiers);
     } else if (command == "paste") {
         QGuiApplication::clipboard()->setText(QString::fromStdString(words.at(1).text));
         KeyClick(Qt::Key_V, Qt::ControlModifier);
     } else if (command == "button") {
-        Form& f = form();
-        const std::string& name = words.at(1).text;
-        ClickButton(name == "OK" ? f.cmdOK : name == "Cancel" ? f.cmdCancel : f.cmdPrint);
+        ButtonStep(words.at(1).text);
     } else if (command == "hscroll" || command == "vscroll") {
         QScrollBar* bar = Bar(command == "hscroll");
         const std::string& how = words.at(1).text;

@@ -5,9 +5,8 @@
 #include <vector>
 
 #include "control/generic_sp_control.h"
-#include "control/recording_host.h"
 #include "journeys/journey.h"
-#include "platform/recording_sink.h"
+#include "testing/recording_sink.h"
 
 namespace tabulon::testing {
 namespace {
@@ -103,7 +102,7 @@ TEST_F(KeyboardEntry, AWholeGridWiderAndTallerThanTheWindowIsEnteredWithoutTheMo
     reader.InitProperties();
     reader.Show();
     ASSERT_TRUE(reader.LoadXML(SavedDocument()));
-    const FlexGrid& saved = reader.form().msgGridView;
+    const FlexGrid& saved = FormOf(reader).msgGridView;
     int mismatches = 0;
     for (int r = 1; r <= kRows; ++r) {
         for (int c = 1; c <= kCols; ++c) {

@@ -45,13 +45,6 @@ protected:
         return "resize " + Twips(widget().width()) + " " +
                std::to_string(widget().scale().toTwipsY(widget().height())) + "\n";
     }
-    // Clicks cell row, col and types text into the editor it opens.
-    std::string Enter(int row, int col, const std::string& text) {
-        ClickCell(row, col);
-        TypeText(QString::fromStdString(text));
-        return "click " + std::to_string(row) + " " + std::to_string(col) + "\ntype \"" + text +
-               "\"\n";
-    }
 };
 
 TEST_F(ColumnJourney, ResizingWindowAndColumnsWhileEditingSavesWhatTheSessionSaves) {
@@ -65,7 +58,7 @@ TEST_F(ColumnJourney, ResizingWindowAndColumnsWhileEditingSavesWhatTheSessionSav
     ASSERT_TRUE(Load(path));
     std::string steps = "set-general intScrollBars=1\nload \"" + sessionPath + "\"\n";
 
-    steps += Enter(3, 1, "12");
+    steps += Script({ClickStep(3, 1), TypeStep("12")});
     const std::int32_t narrow = grid().colWidth(1);
     steps += DragBorder(1, 60);
     EXPECT_EQ(grid().colWidth(1), narrow + widget().scale().toTwipsX(60));
@@ -74,7 +67,7 @@ TEST_F(ColumnJourney, ResizingWindowAndColumnsWhileEditingSavesWhatTheSessionSav
     EXPECT_FALSE(view().textCut(1, 2));
     EXPECT_FALSE(view().textCut(0, 2));
     steps += DragBorder(0, -40);
-    steps += Enter(4, 2, "48");
+    steps += Script({ClickStep(4, 2), TypeStep("48")});
 
     // Smaller than the control's minimum: the window stops there, every button whole.
     steps += ResizeWindow(300, 200);
@@ -83,10 +76,10 @@ TEST_F(ColumnJourney, ResizingWindowAndColumnsWhileEditingSavesWhatTheSessionSav
         EXPECT_TRUE(widget().rect().contains(widget().widgetFor(*button)->geometry()))
             << button->name() << " is cut off";
     }
-    steps += Enter(5, 1, "east stair core");
+    steps += Script({ClickStep(5, 1), TypeStep("east stair core")});
     steps += ResizeWindow(760, 520);
     steps += DragBorder(3, -20);
-    steps += Enter(5, 3, "checked on site");
+    steps += Script({ClickStep(5, 3), TypeStep("checked on site")});
     ClickButton(form().cmdOK);
     steps += "button OK\n";
 

@@ -6,6 +6,8 @@
 #include <QStyleOptionSlider>
 #include <QTest>
 #include <QTreeWidget>
+#include <array>
+#include <cctype>
 #include <cstdio>
 #include <filesystem>
 #include <sstream>
@@ -15,6 +17,40 @@
 #include "qt/qt_text.h"
 
 namespace tabulon::testing {
+
+namespace {
+
+const std::array<std::pair<std::string_view, Qt::Key>, 12> kNamedKeys = {{
+    {"Tab", Qt::Key_Tab},
+    {"Enter", Qt::Key_Return},
+    {"Space", Qt::Key_Space},
+    {"Escape", Qt::Key_Escape},
+    {"Backspace", Qt::Key_Backspace},
+    {"Delete", Qt::Key_Delete},
+    {"Home", Qt::Key_Home},
+    {"End", Qt::Key_End},
+    {"Left", Qt::Key_Left},
+    {"Right", Qt::Key_Right},
+    {"Up", Qt::Key_Up},
+    {"Down", Qt::Key_Down},
+}};
+
+// The Qt key of a session key name: the named keys, F1..F12, or one letter or digit.
+Qt::Key QtKey(const std::string& name) {
+    for (const auto& [keyName, key] : kNamedKeys) {
+        if (keyName == name) return key;
+    }
+    if (name.size() >= 2 && name[0] == 'F') {
+        return static_cast<Qt::Key>(Qt::Key_F1 + std::stoi(name.substr(1)) - 1);
+    }
+    if (name.size() == 1 && std::isalnum(static_cast<unsigned char>(name[0]))) {
+        return static_cast<Qt::Key>(std::toupper(static_cast<unsigned char>(name[0])));
+    }
+    ADD_FAILURE() << "no Qt key for the session's key \"" << name << "\"";
+    return Qt::Key_unknown;
+}
+
+}  // namespace
 
 WidgetFixture::WidgetFixture() {
     // The samples name their pictures relative to the repository root.
@@ -119,6 +155,45 @@ void WidgetFixture::ClickButton(Button& button) {
     ProcessEvents();
 }
 
+std::string WidgetFixture::ClickStep(int row, int col) {
+    ClickCell(row, col);
+    return "click " + std::to_string(row) + " " + std::to_string(col) + "\n";
+}
+
+std::string WidgetFixture::NodeStep(const std::string& key) {
+    ClickNode(key);
+    return "node " + key + "\n";
+}
+
+std::string WidgetFixture::TypeStep(const std::string& text) {
+    EXPECT_EQ(text.find_first_of("\"\\"), std::string::npos) << "a step cannot quote " << text;
+    TypeText(QString::fromStdString(text));
+    return "type \"" + text + "\"\n";
+}
+
+std::string WidgetFixture::KeyStep(const std::string& name, const std::string& modifiers) {
+    Qt::KeyboardModifiers qtModifiers;
+    std::istringstream parts(modifiers);
+    for (std::string part; std::getline(parts, part, '+');) {
+        if (part == "ctrl") qtModifiers |= Qt::ControlModifier;
+        if (part == "shift") qtModifiers |= Qt::ShiftModifier;
+        if (part == "alt") qtModifiers |= Qt::AltModifier;
+    }
+    Qt::Key key = QtKey(name);
+    if (key == Qt::Key_Tab && qtModifiers.testFlag(Qt::ShiftModifier)) key = Qt::Key_Backtab;
+    KeyClick(key, qtModifiers);
+    return "key " + name + (modifiers.empty() ? "" : " " + modifiers) + "\n";
+}
+
+std::string WidgetFixture::ButtonStep(const std::string& name) {
+    Form& f = form();
+    ClickButton(name == "OK"       ? f.cmdOK
+                : name == "Cancel" ? f.cmdCancel
+                : name == "Help"   ? f.cmdHelp
+                                   : f.cmdPrint);
+    return "button " + name + "\n";
+}
+
 void WidgetFixture::PickFromPopup(QComboBox* combo, const QString& item) {
     const int index = combo->findText(item);
     ASSERT_GE(index, 0) << "no item " << item.toStdString();
@@ -140,6 +215,13 @@ SessionRun WidgetFixture::RunSteps(const std::string& steps) const {
     const Component& self = FormOf(widget_->control()).control;
     return RunSession("new " + std::to_string(self.width()) + " " + std::to_string(self.height()) +
                       "\nshow\n" + steps);
+}
+
+std::string WidgetFixture::Script(std::initializer_list<std::string> steps) {
+    std::string script;
+    for (const std::string& step : steps)
+        script += step;
+    return script;
 }
 
 namespace {

@@ -76,9 +76,22 @@ protected:
     // Lets queued work (focus put right) run.
     static void ProcessEvents();
 
+    // --- one gesture as real input events, returning the same step as a line of a
+    // session script, so that a test writes each step once
+    std::string ClickStep(int row, int col);
+    std::string NodeStep(const std::string& key);
+    std::string TypeStep(const std::string& text);
+    // A key by its session name (Tab, Enter, F9, z, ...) with the session's modifiers
+    // (ctrl, shift, alt, joined by "+"); Tab with shift is Backtab, as Qt sends it.
+    std::string KeyStep(const std::string& name, const std::string& modifiers = "");
+    // A click on the OK, Cancel, Help or Print button.
+    std::string ButtonStep(const std::string& name);
+
     // --- the session tool for the same steps
     // "new W H" and "show" for the control's size, then steps.
     SessionRun RunSteps(const std::string& steps) const;
+    // The steps joined into one script.
+    static std::string Script(std::initializer_list<std::string> steps);
     // The run ended well with the widget's grid (its last "dump grid"), document (its
     // last result), events and messages.
     void ExpectSameOutcome(const SessionRun& run);
