@@ -93,33 +93,6 @@ Answer Scan(DocumentModel& doc) {
     }
 }
 
-TEST(ValidationScan, FindsTheFirstInvalidCellInGridValueThenColumnThenRowOrder) {
-    Loaded loaded;
-    const Answer first = Scan(loaded.doc);
-    ASSERT_TRUE(first.cell.has_value());  // the cell without Valid
-    EXPECT_EQ(first.cell->gridValue, 1U);
-    EXPECT_EQ(first.cell->key, "B");
-    EXPECT_EQ(first.cell->row, 2);
-
-    loaded.Cell(1, 0, 0).setAttribute("Valid", "0");
-    EXPECT_EQ(Scan(loaded.doc), (Answer{false, InvalidCell{1, "A", 1}}));
-    loaded.Cell(0, 1, 1).setAttribute("Valid", " 1");
-    EXPECT_EQ(Scan(loaded.doc), (Answer{false, InvalidCell{0, "B", 2}}));
-}
-
-TEST(ValidationScan, EditsOfValuesAreSeenWithoutGatheringTheRowsAgain) {
-    Loaded loaded;
-    loaded.Cell(1, 1, 1).setAttribute("Valid", "1");  // adds the missing flag
-    EXPECT_FALSE(Scan(loaded.doc).cell.has_value());
-    const std::uint64_t shape = xml::StructureVersion();
-    loaded.Cell(0, 0, 1).setText("changed");
-    loaded.Cell(0, 0, 1).setAttribute("Valid", "0");
-    EXPECT_EQ(xml::StructureVersion(), shape);
-    EXPECT_EQ(Scan(loaded.doc), (Answer{false, InvalidCell{0, "A", 2}}));
-    loaded.Cell(0, 0, 1).setAttribute("Valid", "1");
-    EXPECT_FALSE(Scan(loaded.doc).cell.has_value());
-}
-
 TEST(ValidationScan, ChangesOfShapeAreSeen) {
     Loaded loaded;
     // The column holding the cell without Valid loses its rows: nothing is invalid.
@@ -141,8 +114,8 @@ TEST(ValidationScan, ACommentAmongTheRowsFailsTheScan) {
     EXPECT_EQ(Scan(loaded.doc), (Answer{true, std::nullopt}));
 }
 
-// Many random edits and changes of shape, each followed by a scan compared with a fresh
-// walk of the document.
+// Many random edits of values and changes of shape, each followed by a scan compared
+// with a fresh walk of the document in GridValue, then column, then row order.
 TEST(ValidationScan, AgreesWithAFreshWalkAfterAnyChange) {
     Loaded loaded;
     std::uint64_t state = 12345;
