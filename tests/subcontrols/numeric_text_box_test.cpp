@@ -51,15 +51,6 @@ protected:
     int changes = 0;
 };
 
-TEST_F(NumericTextBox, StartsAtZeroWithMaxLengthNineAndNoMessage) {
-    EXPECT_EQ(box.textBox().text(), "0");
-    EXPECT_EQ(box.MaxLength(), 9);
-    EXPECT_EQ(box.height(), 330);
-    EXPECT_EQ(box.fontName(), "Arial");
-    EXPECT_FALSE(box.reportRangeErrors());
-    EXPECT_TRUE(sink.messages().empty());
-}
-
 TEST_F(NumericTextBox, ALetterIsTakenBackOutAndTheCaretStaysAtIt) {
     Enter("12");
     changes = 0;
