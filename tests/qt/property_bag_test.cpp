@@ -21,24 +21,6 @@ protected:
     QTemporaryDir dir_;
 };
 
-TEST_F(SettingsBag, EveryValueTypeComesBackFromTheFile) {
-    {
-        QSettings settings(IniPath(), QSettings::IniFormat);
-        QSettingsPropertyBag bag(settings);
-        bag.Write("flag", false, true);
-        bag.Write("width", std::int64_t{3000}, std::int64_t{2745});
-        bag.Write("ratio", 0.25, 0.0);
-        bag.Write("caption", std::string("Pump family"), std::string("Filter"));
-    }
-    QSettings settings(IniPath(), QSettings::IniFormat);
-    QSettingsPropertyBag bag(settings);
-    // An INI file gives text back; the control's reading rules convert it.
-    EXPECT_FALSE(bag.ReadBool("flag", true));
-    EXPECT_EQ(bag.ReadInt32("width", 0), 3000);
-    EXPECT_EQ(PropertyToString(bag.Read("ratio", 0.0)), "0.25");
-    EXPECT_EQ(bag.ReadString("caption", ""), "Pump family");
-}
-
 TEST_F(SettingsBag, KeysLiveUnderTheGroupAndAValueEqualToItsDefaultIsRemoved) {
     QSettings settings(IniPath(), QSettings::IniFormat);
     QSettingsPropertyBag bag(settings, QStringLiteral("Spreadsheet1"));
@@ -59,6 +41,8 @@ TEST_F(SettingsBag, StoredTypesReadBackAsTheSameKind) {
               PropertyValue(std::string("-1")));
 }
 
+// Booleans, numbers and texts come back from the INI file's text through the control's
+// reading rules.
 TEST_F(SettingsBag, ControlSettingsSurviveARestartThroughQSettings) {
     gGeneralProperty_type general;
     gButtonProperty_type buttons;
