@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "document/document_reading.h"
+#include "document/dtd.h"
 #include "document/validate_document_text.h"
 #include "document/validation_scan.h"
 #include "platform/image_list.h"
@@ -51,6 +52,8 @@ xml::Document& NewDocument(ControlCore& core) {
     doc.validityIndex = ValidityIndex{};
     doc.objXMLDoc = std::make_unique<xml::Document>();
     core.history.Clear();
+    // A CellValue of blanks keeps them: its text is the value.
+    doc.objXMLDoc->SetTextElements(TextElements());
     return *doc.objXMLDoc;
 }
 

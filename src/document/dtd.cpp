@@ -76,6 +76,19 @@ const std::string& BuiltInDtd() {
     return dtd;
 }
 
+std::vector<std::string> TextElements() {
+    constexpr std::string_view kPrefix = "<!ELEMENT ";
+    constexpr std::string_view kText = " (#PCDATA)>";
+    std::vector<std::string> names;
+    for (std::string_view line : kDtdLines) {
+        if (line.starts_with(kPrefix) && line.ends_with(kText)) {
+            names.emplace_back(
+                line.substr(kPrefix.size(), line.size() - kPrefix.size() - kText.size()));
+        }
+    }
+    return names;
+}
+
 std::string JoinWithDtd(std::string_view hostText) {
     std::string joined;
     joined.reserve(BuiltInDtd().size() + hostText.size());

@@ -5,6 +5,7 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tabulon {
 
@@ -13,6 +14,10 @@ extern const std::array<std::string_view, 57> kDtdLines;
 
 // Every line followed by "\r\n".
 const std::string& BuiltInDtd();
+
+// The elements the DTD declares with text content, "(#PCDATA)": their whitespace-only
+// text is a value, not layout.
+std::vector<std::string> TextElements();
 
 // BuiltInDtd() followed by the host text, unchanged.
 std::string JoinWithDtd(std::string_view hostText);

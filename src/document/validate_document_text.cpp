@@ -1,9 +1,12 @@
 #include "document/validate_document_text.h"
 
+#include <optional>
 #include <string>
 
+#include "document/attribute_bound.h"
 #include "document/dtd.h"
 #include "document/dtd_fast_check.h"
+#include "platform/xml/text_lines.h"
 #include "platform/xml/xml_validator.h"
 #include "support/text.h"
 #include "support/utf8.h"
@@ -34,6 +37,13 @@ std::string ShowableSource(std::string_view line) {
     return shown;
 }
 
+// Line number line of the DTD-joined text, taken from its parts.
+std::string SourceLine(std::string_view hostText, int line) {
+    const int dtdLines = static_cast<int>(kDtdLines.size());
+    if (line <= dtdLines) return std::string(xml::LineText(BuiltInDtd(), line));
+    return std::string(xml::LineText(hostText, line - dtdLines));
+}
+
 }  // namespace
 
 bool ValidateDocumentText(std::string_view text, MessageSink& sink) {
@@ -41,8 +51,12 @@ bool ValidateDocumentText(std::string_view text, MessageSink& sink) {
         sink.Critical("Invalid XML");
         return false;
     }
-    const xml::ValidationResult result = xml::ValidateWithDtd(JoinWithDtd(text));
+    // A start tag with too many attributes is cut down first (attribute_bound.h); the
+    // message still shows the host's own line.
+    const std::optional<std::string> bounded = WithAttributesBounded(text);
+    xml::ValidationResult result = xml::ValidateWithDtd(JoinWithDtd(bounded ? *bounded : text));
     if (result.ok) return true;
+    if (bounded) result.sourceText = SourceLine(text, result.line);
     std::string message = Trim(result.reason);
     message += "\r\n";
     message += ShowableSource(FromFirstTag(result.sourceText));

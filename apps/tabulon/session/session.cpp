@@ -1,5 +1,7 @@
 #include "session/session.h"
 
+#include <cerrno>
+#include <cstring>
 #include <string>
 
 #include "session/command_table.h"
@@ -10,9 +12,23 @@ namespace tabulon::cli::session {
 
 int Session::Run(std::istream& script) {
     std::string line;
-    while (std::getline(script, line)) {
+    std::size_t number = 0;
+    for (errno = 0; std::getline(script, line); errno = 0) {
+        ++number;
         if (!line.empty() && line.back() == '\r') line.pop_back();
         RunLine(line);
+    }
+    // A stream that stopped before its end (a folder, an I/O error, a line too long
+    // for memory, which the stream turns into a read failure) ran only part of the
+    // script: an error, never a clean exit.
+    if (!script.eof()) {
+        const int cause = errno;
+        std::string().swap(line);
+        StartIfFirst(false);
+        output_.Error("cannot read the script at line " + std::to_string(number + 1) + ": " +
+                      (cause == ENOMEM ? "the line does not fit in memory"
+                       : cause != 0    ? std::strerror(cause)
+                                       : "read error"));
     }
     return output_.hadError() ? 2 : 0;
 }

@@ -20,7 +20,9 @@ public:
     Session& operator=(const Session&) = delete;
 
     // Runs every line of script; returns the exit status (2 when any command was
-    // malformed, else 0).
+    // malformed or the script could not be read to its end, else 0). A read failure (a
+    // folder, an I/O error, a line that does not fit in memory) prints
+    // {"error": "cannot read the script at line N: REASON"}.
     int Run(std::istream& script);
     // Runs one line (without its line end).
     void RunLine(std::string_view line);

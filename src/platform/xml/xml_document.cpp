@@ -6,10 +6,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <optional>
 #include <utility>
 
+#include "platform/xml/character_references.h"
 #include "platform/xml/structure_version.h"
 #include "platform/xml/text_encoding.h"
 #include "platform/xml/text_lines.h"
@@ -22,7 +25,42 @@ namespace {
 // Comments, processing instructions, declaration and DOCTYPE become nodes; text
 // outside the document element is kept (as a fragment) so that validation sees it.
 // Whitespace-only text is dropped because parse_ws_pcdata is not set.
-constexpr unsigned kParseOptions = pugi::parse_full | pugi::parse_fragment;
+// Whitespace-only text that is an element's only child is kept at first
+// (parse_ws_pcdata_single) and dropped afterwards unless the element is a text element.
+constexpr unsigned kParseOptions =
+    pugi::parse_full | pugi::parse_fragment | pugi::parse_ws_pcdata_single;
+
+bool Blank(const char* text) {
+    for (; *text != '\0'; ++text) {
+        if (*text != ' ' && *text != '\t' && *text != '\r' && *text != '\n') return false;
+    }
+    return true;
+}
+
+// Drops every whitespace-only only child of an element that is not a text element.
+// Iterative: documents may nest deeper than the stack allows.
+void DropBlankText(pugi::xml_document& document, const std::vector<std::string>& textElements) {
+    const auto keeps = [&](std::string_view name) {
+        return std::find(textElements.begin(), textElements.end(), name) != textElements.end();
+    };
+    pugi::xml_node node = document;
+    for (;;) {
+        pugi::xml_node child = node.first_child();
+        if (child && !child.next_sibling() && child.type() == pugi::node_pcdata &&
+            Blank(child.value()) && (node.type() != pugi::node_element || !keeps(node.name()))) {
+            node.remove_child(child);
+            child = pugi::xml_node();
+        }
+        if (child) {
+            node = child;
+            continue;
+        }
+        while (node != document && !node.next_sibling())
+            node = node.parent();
+        if (node == document) return;
+        node = node.next_sibling();
+    }
+}
 
 bool HasElementChild(const pugi::xml_document& document) {
     for (pugi::xml_node child : document.children()) {
@@ -64,6 +102,7 @@ int ReadWholeFile(const std::string& path, std::string& text) {
 
 struct Document::Impl {
     pugi::xml_document document;
+    std::vector<std::string> textElements;
 };
 
 Document::Document() : impl_(std::make_unique<Impl>()) {}
@@ -82,13 +121,28 @@ bool Document::Parse(std::string_view text, ParseError* error) {
     ChangeStructure();
     pugi::xml_document& document = impl_->document;
     document.reset();
+    if (const std::optional<BadReference> bad = FirstBadCharacterReference(text)) {
+        const TextPosition position = PositionOf(text, bad->offset);
+        if (error != nullptr) {
+            error->reason = "Invalid character reference \"" + bad->text + "\" at line " +
+                            std::to_string(position.line) + ", column " +
+                            std::to_string(position.column);
+            error->offset = bad->offset;
+            error->line = position.line;
+            error->column = position.column;
+        }
+        return false;
+    }
     pugi::xml_parse_result result = document.load_buffer(
         text.empty() ? "" : text.data(), text.size(), kParseOptions, pugi::encoding_utf8);
     if (result && !HasElementChild(document)) {
         result.status = pugi::status_no_document_element;
         result.offset = static_cast<std::ptrdiff_t>(text.size());
     }
-    if (result) return true;
+    if (result) {
+        DropBlankText(document, impl_->textElements);
+        return true;
+    }
     document.reset();
     if (error != nullptr) {
         const auto offset = static_cast<std::size_t>(result.offset);
@@ -144,18 +198,32 @@ char* ReadForParsingInPlace(const std::string& path, std::size_t& size) {
 
 }  // namespace
 
+void Document::SetTextElements(std::vector<std::string> names) {
+    if (!impl_) impl_ = std::make_unique<Impl>();
+    impl_->textElements = std::move(names);
+}
+
 bool Document::LoadFile(const std::string& path, ParseError* error) {
     if (!impl_) impl_ = std::make_unique<Impl>();
     ChangeStructure();
     impl_->document.reset();
     // Parsed in place, a large file is held once while its tree is built, not twice.
-    // A failure is parsed again from a copy, which keeps the text to report from.
+    // A failure (a bad reference too) is parsed again from a copy, which keeps the text
+    // to report from.
     std::size_t size = 0;
-    if (char* buffer = ReadForParsingInPlace(path, size)) {
+    char* buffer = ReadForParsingInPlace(path, size);
+    if (buffer != nullptr && FirstBadCharacterReference(std::string_view(buffer, size))) {
+        pugi::get_memory_deallocation_function()(buffer);
+        buffer = nullptr;
+    }
+    if (buffer != nullptr) {
         pugi::xml_document& document = impl_->document;
         pugi::xml_parse_result result =
             document.load_buffer_inplace_own(buffer, size + 1, kParseOptions, pugi::encoding_utf8);
-        if (result && HasElementChild(document)) return true;
+        if (result && HasElementChild(document)) {
+            DropBlankText(document, impl_->textElements);
+            return true;
+        }
         ChangeStructure();
         document.reset();
     }

@@ -2,9 +2,12 @@
 //
 // Parsing keeps comments, processing instructions, the XML declaration and the
 // DOCTYPE as nodes, and drops text that is only whitespace (space, tab, CR, LF) between
-// elements (such text never counts as a child). Other text is kept exactly, leading
-// and trailing blanks included. Only the predefined and numeric character references
-// are expanded; no DTD is read, no entity is ever resolved and nothing is fetched. A
+// elements (such text never counts as a child); the whole content of an element named
+// as a text element (SetTextElements) is kept, whitespace or not. Other text is kept
+// exactly, leading and trailing blanks included. Only the predefined and numeric
+// character references are expanded, and a numeric one that is incomplete or names a
+// character XML does not allow ("&#0;", "&#4294967361;") fails the parse; no DTD is
+// read, no entity is ever resolved and nothing is fetched. A
 // reference to any other entity ("&name;") and a lone "&" stay in the text as they are
 // written and are escaped again on output. Text outside the document element is kept
 // as a child of the document node, so that the serialised text still shows it and
@@ -151,6 +154,12 @@ public:
     Document& operator=(Document&&) noexcept;
     Document(const Document&) = delete;
     Document& operator=(const Document&) = delete;
+
+    // Elements whose content is text (the (#PCDATA) elements of a DTD): a text made
+    // only of whitespace that is such an element's only child stays, as in
+    // "<CellValue>  </CellValue>". Applies to later Parse and LoadFile calls; none by
+    // default.
+    void SetTextElements(std::vector<std::string> names);
 
     // Parses UTF-8 text (a leading byte order mark is skipped), replacing what the
     // document held. Text without any element fails ("No document element found").

@@ -46,10 +46,22 @@ xmlParserInputPtr RefuseExternalEntity(const char* url, const char* id, xmlParse
     return nullptr;
 }
 
+// The line an error concerns. A validity error names its element, whose start tag is
+// that line; the parser's own position can be far past it (a content model is checked
+// once the element has ended and the reader has read on, at the end of the text even).
+int ErrorLine(const xmlError& error) {
+    const auto* node = static_cast<const xmlNode*>(error.node);
+    if (node != nullptr && node->type == XML_ELEMENT_NODE) {
+        const long line = xmlGetLineNo(node);
+        if (line > 0 && line <= INT_MAX) return static_cast<int>(line);
+    }
+    return error.line;
+}
+
 void RecordError(void* findings, xmlErrorPtr error) {
     if (error == nullptr || error->level < XML_ERR_ERROR) return;  // warnings do not count
     static_cast<Findings*>(findings)->Record(error->message != nullptr ? error->message : "",
-                                             error->line);
+                                             ErrorLine(*error));
 }
 
 void InitialiseLibrary() {
@@ -81,8 +93,9 @@ ValidationResult ValidateWithDtd(std::string_view text) {
     Findings findings;
     Findings* const outer = tCurrent;
     tCurrent = &findings;
-    findings.reader = xmlReaderForMemory(text.data(), static_cast<int>(text.size()), nullptr,
-                                         nullptr, XML_PARSE_DTDVALID | XML_PARSE_NONET);
+    findings.reader =
+        xmlReaderForMemory(text.data(), static_cast<int>(text.size()), nullptr, nullptr,
+                           XML_PARSE_DTDVALID | XML_PARSE_NONET | XML_PARSE_BIG_LINES);
     if (findings.reader == nullptr) {
         tCurrent = outer;
         return Failure(text, "The XML parser could not be started", 0);
