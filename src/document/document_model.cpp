@@ -6,18 +6,16 @@ namespace tabulon {
 
 namespace {
 
-std::size_t Offset(int row, int col, int upperRow, int upperCol) {
+void CheckIndices(int row, int col, int upperRow, int upperCol) {
     if (row < 0 || row > upperRow || col < 0 || col > upperCol) {
         throw InvalidArgumentFailure("Subscript out of range");
     }
-    return static_cast<std::size_t>(row) * static_cast<std::size_t>(upperCol + 1) +
-           static_cast<std::size_t>(col);
 }
 
 }  // namespace
 
 void CellNodeTable::reset(int upperRow, int upperCol) {
-    nodes_.clear();
+    columns_.clear();
     if (upperRow < 0 || upperCol < 0) {
         upperRow_ = -1;
         upperCol_ = -1;
@@ -25,15 +23,25 @@ void CellNodeTable::reset(int upperRow, int upperCol) {
     }
     upperRow_ = upperRow;
     upperCol_ = upperCol;
-    nodes_.resize(static_cast<std::size_t>(upperRow + 1) * static_cast<std::size_t>(upperCol + 1));
+    columns_.resize(static_cast<std::size_t>(upperCol) + 1);
 }
 
-xml::Node& CellNodeTable::at(int row, int col) {
-    return nodes_[Offset(row, col, upperRow_, upperCol_)];
+xml::Node CellNodeTable::at(int row, int col) const {
+    CheckIndices(row, col, upperRow_, upperCol_);
+    const std::vector<xml::Node>& column = columns_[static_cast<std::size_t>(col)];
+    const auto index = static_cast<std::size_t>(row);
+    return index < column.size() ? column[index] : xml::Node();
 }
 
-const xml::Node& CellNodeTable::at(int row, int col) const {
-    return nodes_[Offset(row, col, upperRow_, upperCol_)];
+void CellNodeTable::set(int row, int col, xml::Node node) {
+    CheckIndices(row, col, upperRow_, upperCol_);
+    std::vector<xml::Node>& column = columns_[static_cast<std::size_t>(col)];
+    const auto index = static_cast<std::size_t>(row);
+    if (index >= column.size()) {
+        if (node.empty()) return;
+        column.resize(index + 1);
+    }
+    column[index] = node;
 }
 
 }  // namespace tabulon

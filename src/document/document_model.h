@@ -44,21 +44,24 @@ using CustomUnitRow = std::array<std::string, 3>;
 
 // The CellValue element behind each grid cell, indexed (row, column) from 0 with
 // inclusive upper bounds as sized. An emptied table reports upper bounds of -1, so
-// bound checks against it simply fail instead of erroring.
+// bound checks against it simply fail instead of erroring. Columns keep only the rows
+// set (up to the last one), so the table grows with the CellValue elements shown, not
+// with the size of the grid.
 class CellNodeTable {
 public:
     void reset(int upperRow, int upperCol);
     void clear() { reset(-1, -1); }
     int upperBound1() const { return upperRow_; }
     int upperBound2() const { return upperCol_; }
-    // Out-of-range indices throw InvalidArgumentFailure ("Subscript out of range").
-    xml::Node& at(int row, int col);
-    const xml::Node& at(int row, int col) const;
+    // Out-of-range indices throw InvalidArgumentFailure ("Subscript out of range"). A
+    // cell never set reads as an empty node.
+    xml::Node at(int row, int col) const;
+    void set(int row, int col, xml::Node node);
 
 private:
     int upperRow_ = -1;
     int upperCol_ = -1;
-    std::vector<xml::Node> nodes_;
+    std::vector<std::vector<xml::Node>> columns_;
 };
 
 // The Valid flag of every row of every value column, in the saving gate's order,

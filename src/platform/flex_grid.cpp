@@ -69,10 +69,25 @@ FlexGrid::FlexGrid(std::string name) : Component(std::move(name)) {}
 
 // --- structure
 
+bool FlexGrid::Representable(std::int64_t rows, std::int64_t cols) {
+    return rows >= 0 && cols >= 0 && (rows == 0 || cols <= kMaxCells / rows);
+}
+
+std::size_t FlexGrid::storedCells() const {
+    std::size_t count = 0;
+    for (const auto& column : columns_)
+        count += column.size();
+    return count;
+}
+
 void FlexGrid::setRows(int rows) {
     RequireCount(rows, "Rows");
     if (rows == rows_) return;
-    cells_.resize(static_cast<std::size_t>(rows) * static_cast<std::size_t>(cols_));
+    if (!Representable(rows, cols_)) throw InvalidArgumentFailure("Invalid Rows value");
+    for (auto& column : columns_) {
+        while (!column.empty() && column.back().row >= rows)
+            column.pop_back();
+    }
     rowHeights_.resize(rows, defaultRowHeight_);
     rows_ = rows;
     fixedRows_ = std::min(fixedRows_, rows_);
@@ -82,15 +97,8 @@ void FlexGrid::setRows(int rows) {
 void FlexGrid::setCols(int cols) {
     RequireCount(cols, "Cols");
     if (cols == cols_) return;
-    std::vector<GridCell> cells(static_cast<std::size_t>(rows_) * static_cast<std::size_t>(cols));
-    const int kept = std::min(cols, cols_);
-    for (int r = 0; r < rows_; ++r) {
-        for (int c = 0; c < kept; ++c) {
-            cells[static_cast<std::size_t>(r) * static_cast<std::size_t>(cols) +
-                  static_cast<std::size_t>(c)] = std::move(cellRef(r, c));
-        }
-    }
-    cells_ = std::move(cells);
+    if (!Representable(rows_, cols)) throw InvalidArgumentFailure("Invalid Cols value");
+    columns_.resize(static_cast<std::size_t>(cols));
     colWidths_.resize(cols, defaultColWidth_);
     cols_ = cols;
     fixedCols_ = std::min(fixedCols_, cols_);
@@ -318,22 +326,52 @@ void FlexGrid::changeCurrent(int row, int col) {
 
 // --- cells
 
+namespace {
+
+const GridCell kFreshCell{};
+
+// The first stored cell of column at or below row.
+template <class Column>
+auto LowerBound(Column& column, int row) {
+    return std::lower_bound(column.begin(), column.end(), row,
+                            [](const auto& stored, int r) { return stored.row < r; });
+}
+
+}  // namespace
+
 const GridCell& FlexGrid::cell(int row, int col) const {
     checkRow(row);
     checkCol(col);
-    return cells_[static_cast<std::size_t>(row) * static_cast<std::size_t>(cols_) +
-                  static_cast<std::size_t>(col)];
+    const auto& column = columns_[static_cast<std::size_t>(col)];
+    const auto found = LowerBound(column, row);
+    return found != column.end() && found->row == row ? *found : kFreshCell;
 }
 
-GridCell& FlexGrid::cellRef(int row, int col) {
-    return const_cast<GridCell&>(cell(row, col));
+template <class Edit>
+void FlexGrid::changeCell(int row, int col, Edit&& edit) {
+    checkRow(row);
+    checkCol(col);
+    auto& column = columns_[static_cast<std::size_t>(col)];
+    auto found = column.empty() || column.back().row < row ? column.end() : LowerBound(column, row);
+    if (found == column.end() || found->row != row) {
+        StoredCell fresh;
+        fresh.row = row;
+        if (!edit(static_cast<GridCell&>(fresh))) return;
+        if (fresh.Fresh()) return;
+        column.insert(found, std::move(fresh));
+    } else {
+        if (!edit(static_cast<GridCell&>(*found))) return;
+        if (found->Fresh()) column.erase(found);
+    }
+    Notify(Change::Cell, row, col);
 }
 
 void FlexGrid::setTextMatrix(int row, int col, std::string text) {
-    GridCell& target = cellRef(row, col);
-    if (target.text == text) return;
-    target.text = std::move(text);
-    Notify(Change::Cell, row, col);
+    changeCell(row, col, [&](GridCell& target) {
+        if (target.text == text) return false;
+        target.text = std::move(text);
+        return true;
+    });
 }
 
 Rgb FlexGrid::cellBackColor(int row, int col) const {
@@ -343,32 +381,36 @@ Rgb FlexGrid::cellBackColor(int row, int col) const {
 }
 
 void FlexGrid::setCellForeColor(int row, int col, Rgb color) {
-    GridCell& target = cellRef(row, col);
-    if (target.foreColor == color) return;
-    target.foreColor = color;
-    Notify(Change::Cell, row, col);
+    changeCell(row, col, [&](GridCell& target) {
+        if (target.foreColor == color) return false;
+        target.foreColor = color;
+        return true;
+    });
 }
 
 void FlexGrid::setCellBackColor(int row, int col, Rgb color) {
-    GridCell& target = cellRef(row, col);
-    if (target.backColorSet && target.backColor == color) return;
-    target.backColor = color;
-    target.backColorSet = true;
-    Notify(Change::Cell, row, col);
+    changeCell(row, col, [&](GridCell& target) {
+        if (target.backColorSet && target.backColor == color) return false;
+        target.backColor = color;
+        target.backColorSet = true;
+        return true;
+    });
 }
 
 void FlexGrid::setCellAlignment(int row, int col, CellAlignment alignment) {
-    GridCell& target = cellRef(row, col);
-    if (target.alignment == alignment) return;
-    target.alignment = alignment;
-    Notify(Change::Cell, row, col);
+    changeCell(row, col, [&](GridCell& target) {
+        if (target.alignment == alignment) return false;
+        target.alignment = alignment;
+        return true;
+    });
 }
 
 void FlexGrid::setCellNote(int row, int col, std::string note) {
-    GridCell& target = cellRef(row, col);
-    if (target.note == note) return;
-    target.note = std::move(note);
-    Notify(Change::Cell, row, col);
+    changeCell(row, col, [&](GridCell& target) {
+        if (target.note == note) return false;
+        target.note = std::move(note);
+        return true;
+    });
 }
 
 // --- user gestures

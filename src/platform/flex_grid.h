@@ -4,7 +4,14 @@
 // Structure. Rows() x Cols() cells; the first FixedRows() rows and FixedCols()
 // columns are fixed (they never scroll). Changing Rows/Cols keeps the cells that
 // remain; new rows take DefaultRowHeight(), new columns DefaultColWidth(). Setting a
-// count to 0 discards every cell. Fixed counts follow the counts down when those
+// count to 0 discards every cell. A grid holds at most kMaxCells cells: a count that
+// would make Rows() x Cols() larger throws InvalidArgumentFailure and changes nothing.
+//
+// Storage. Only cells that differ from a fresh cell (empty text, default colours and
+// alignment) are stored, column by column in row order, so memory follows what the
+// cells hold, never Rows() x Cols(): a cell that holds nothing costs nothing. Reading a
+// cell costs O(log cells of its column); writing the next cell down a column, as a
+// fill does, O(1). Fixed counts follow the counts down when those
 // shrink (a grid of one column may have it fixed); asking for more fixed rows than
 // rows throws. Structural changes clamp the current cell, the selection, TopRow and
 // LeftCol silently: they raise no cell notifications. After a structural change a
@@ -91,7 +98,9 @@ enum class CellAlignment : std::int16_t {
 
 // One cell as stored. A back colour only counts when backColorSet; otherwise the
 // grid's default for the cell applies (see FlexGrid::cellBackColor). The note says in
-// words what the colours show (why a value is invalid); empty for most cells.
+// words what the colours show (why a value is invalid); empty for most cells. A field
+// added here is stored like the others, only for cells that hold something; it needs
+// its default in Fresh() and its comparison in operator==.
 struct GridCell {
     std::string text;
     Rgb foreColor = 0x000000;
@@ -99,6 +108,9 @@ struct GridCell {
     CellAlignment alignment = CellAlignment::General;
     bool backColorSet = false;
     std::string note;
+
+    bool operator==(const GridCell&) const = default;
+    bool Fresh() const { return *this == GridCell{}; }
 };
 
 class FlexGrid;
@@ -114,14 +126,20 @@ public:
     // Limits of a width the user gives a column by dragging its border (twips).
     static constexpr std::int32_t kMinUserColWidth = 120;
     static constexpr std::int32_t kMaxUserColWidth = 30000;
+    static constexpr std::int64_t kMaxCells = std::int64_t{1} << 20;
 
     explicit FlexGrid(std::string name = "msgGridView");
 
     // --- structure (negative counts throw InvalidArgumentFailure)
     int rows() const { return rows_; }
     int cols() const { return cols_; }
-    void setRows(int rows);
-    void setCols(int cols);
+    void setRows(int rows);  // rows x cols() above kMaxCells throws
+    void setCols(int cols);  // rows() x cols above kMaxCells throws
+    // Whether a grid of rows x cols cells can be had (counts not negative, at most
+    // kMaxCells cells).
+    static bool Representable(std::int64_t rows, std::int64_t cols);
+    // The number of cells stored (those holding anything a fresh cell does not).
+    std::size_t storedCells() const;
     int fixedRows() const { return fixedRows_; }
     int fixedCols() const { return fixedCols_; }
     void setFixedRows(int n);  // 0..rows(); anything else throws
@@ -181,6 +199,8 @@ public:
     std::int32_t cellHeight() const { return rowHeight(row_); }
 
     // --- cells (out-of-range indices throw InvalidArgumentFailure)
+    // The reference stays valid until the next change of any cell of that column or
+    // of the counts.
     const GridCell& cell(int row, int col) const;
     const std::string& textMatrix(int row, int col) const { return cell(row, col).text; }
     void setTextMatrix(int row, int col, std::string text);
@@ -239,7 +259,11 @@ private:
     void clampScroll();
     bool moveTopRow(int row);
     bool moveLeftCol(int col);
-    GridCell& cellRef(int row, int col);
+    // Changes the cell at (row, col) through edit (which returns whether it changed
+    // anything), storing it first when it is not stored and dropping it when it ends
+    // fresh; raises the cell notification when it changed.
+    template <class Edit>
+    void changeCell(int row, int col, Edit&& edit);
 
     // Clears the handles given out when the grid ends. A copy is another grid, with
     // handles of its own.
@@ -274,7 +298,10 @@ private:
     bool allowBigSelection_ = false;
     SizeIndex rowHeights_;
     SizeIndex colWidths_;
-    std::vector<GridCell> cells_;  // row-major, rows_ x cols_
+    struct StoredCell : GridCell {
+        int row = 0;
+    };
+    std::vector<std::vector<StoredCell>> columns_;  // cols_ columns, stored cells by row
     Life life_;
 };
 

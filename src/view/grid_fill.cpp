@@ -39,6 +39,8 @@ namespace tabulon {
 
 namespace {
 
+constexpr std::int64_t kMaxInt16 = 32767;
+
 // Every attribute of element in document order. A node without an attribute list
 // (not an element) is a run-time failure, as reading its attributes would be.
 template <class Visit>
@@ -64,7 +66,7 @@ void ApplyCellValues(ControlCore& core, xml::Node cellValues, int c) {
     int r = 1;
     for (xml::Node cell = cellValues.firstChild(); cell && r < grid.rows();
          cell = cell.nextSibling(), ++r) {
-        doc.arrCellNodes.at(r, c) = cell;
+        doc.arrCellNodes.set(r, c, cell);
         const RowInfo& row = doc.arrRowInfo.at(static_cast<std::size_t>(r));
         grid.setTextMatrix(r, c, CellDisplayText(row, StoredText(cell)));
         grid.setCellAlignment(r, c, EditorKindInfo(row.ControlType).alignment);
@@ -118,6 +120,14 @@ bool FillGridHeaders(ControlCore& core, const std::string& key) {
         const std::vector<xml::Node> cols = header.firstChildElement("ColumnHeaders").children();
         const std::vector<xml::Node> rows = header.firstChildElement("RowHeaders").children();
 
+        // A layout too large for the grid (or for the 16-bit row and column numbers) is
+        // refused before anything is sized.
+        const std::int64_t rowCount = static_cast<std::int64_t>(rows.size()) + 1;
+        const auto colCount = static_cast<std::int64_t>(cols.size());
+        if (rowCount > kMaxInt16 || colCount > kMaxInt16 ||
+            !FlexGrid::Representable(rowCount, colCount)) {
+            throw RuntimeFailure("Out of memory");
+        }
         grid.setCols(0);
         grid.setRows(0);
         grid.setCols(static_cast<int>(cols.size()));

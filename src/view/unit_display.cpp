@@ -155,9 +155,16 @@ void ConvertGridUnits(ControlCore& core, std::int16_t column) {
             for (int r = 1; r < grid.rows(); ++r) {
                 if (!converter.SetRow(core.doc.arrRowInfo.at(static_cast<std::size_t>(r))))
                     continue;
+                // Neighbours often hold the same text (every empty cell of a wide grid
+                // does): the text converted last is reused for them.
+                std::optional<std::string> lastText;
+                std::optional<std::string> shown;
                 for (int c = columns.first; c <= columns.last; ++c) {
-                    const std::optional<std::string> shown =
-                        converter.Convert(grid.textMatrix(r, c));
+                    const std::string& text = grid.textMatrix(r, c);
+                    if (!lastText || text != *lastText) {
+                        lastText = text;
+                        shown = converter.Convert(*lastText);
+                    }
                     if (shown) grid.setTextMatrix(r, c, *shown);
                 }
             }
