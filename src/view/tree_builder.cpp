@@ -9,15 +9,24 @@
 //   document inherits the optional attributes of the last node of the previous one.
 // - Pictures are read through the image list's loader, so a front end that installs a
 //   decoding loader gets decoded pictures without this code knowing.
+// - Each file is read once per load, however many spellings of its path the document
+//   uses ("a.png", "./a.png", "x/../a.png" name one file: same device and inode): the
+//   other spellings still get positions of their own, as the rules say, holding the
+//   same picture. The image list caps the bytes held (image_list.h); a picture beyond
+//   that cap, like one that cannot be read, is a failure of the image loading (1026).
+// - Paths are found by hashing, not by a search of the lists, so 100,000 nodes with
+//   pictures (found or missing) cost time in proportion (missing_pictures.h).
 #include "view/tree_builder.h"
 
+#include <limits>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
-#include "document/lookups.h"
 #include "support/failure.h"
 #include "support/numeric.h"
+#include "view/missing_pictures.h"
 
 namespace tabulon {
 
@@ -25,6 +34,20 @@ namespace {
 
 constexpr std::string_view kMissingImagesHeader =
     "There are following images not found in defined location:";
+
+// The 1-based position of path among the paths loaded, or -1, with the search's own
+// rules: positions are 16-bit, and one beyond is a failure of the search (1036).
+std::int16_t PathPosition(MessageSink& sink,
+                          const std::unordered_map<std::string, std::size_t>& positions,
+                          const std::string& path) {
+    const auto found = positions.find(path);
+    if (found == positions.end()) return -1;
+    if (found->second > static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max())) {
+        ReportUnexpectedError(sink, "1036");
+        return -1;
+    }
+    return static_cast<std::int16_t>(found->second);
+}
 
 void StoreAttribute(TreeNodeInfo& node, std::string_view name, std::string_view value) {
     if (name == "Name") {
@@ -108,32 +131,48 @@ bool LoadTreeImages(ControlCore& core) {
     return Guarded(core.sink, "1026", [&] {
         DocumentModel& doc = core.doc;
         ImageList& images = core.form.ilsTreeView;
+        // The paths loaded so far, with the position of each (the first one of a path
+        // listed twice, as a search of the list finds it).
         std::vector<std::string> loaded;
-        std::string missing;
+        std::unordered_map<std::string, std::size_t> positions;
+        // The picture of each file already read, under any spelling of its path.
+        std::unordered_map<FileIdentity, int, FileIdentityHash> files;
+        MissingPictures missing;
         const int records = doc.treeRecordCount();
         for (int i = 0; i < records; ++i) {
             TreeNodeInfo& record = doc.udtTreeNodes[static_cast<std::size_t>(i)];
             const std::string path = record.ImageName;
             if (path.empty()) continue;
-            const std::int16_t position = FindItemIndex(core.sink, loaded, path);
+            const std::int16_t position = PathPosition(core.sink, positions, path);
             if (position >= 1) {
                 record.ImageName = std::to_string(position);
-            } else if (FileExists(path)) {
-                loaded.push_back(path);
-                Picture picture = images.loader()(path);
-                // Positions count from 1 again on every load; earlier entries are
-                // replaced, later ones stay.
-                const int index = static_cast<int>(loaded.size());
-                images.set(index, std::move(picture));
-                record.ImageName = std::to_string(index);
-                doc.blnTreeImages = true;
-            } else {
-                record.ImageName.clear();
-                if (missing.find(path) == std::string::npos) missing += path + "\r\n";
+                continue;
             }
+            const std::optional<FileIdentity> file = RegularFileIdentity(path);
+            if (!file) {
+                record.ImageName.clear();
+                missing.Add(path);
+                continue;
+            }
+            loaded.push_back(path);
+            positions.emplace(path, loaded.size());
+            // Positions count from 1 again on every load; earlier entries are
+            // replaced, later ones stay.
+            const int index = static_cast<int>(loaded.size());
+            const auto known = files.find(*file);
+            if (known != files.end()) {
+                Picture shared = images.picture(known->second);
+                shared.path = path;
+                images.set(index, std::move(shared));
+            } else {
+                images.set(index, images.loader()(path));
+                files.emplace(*file, index);
+            }
+            record.ImageName = std::to_string(index);
+            doc.blnTreeImages = true;
         }
-        if (!missing.empty()) {
-            core.sink.Information(std::string(kMissingImagesHeader) + "\r\n" + missing);
+        if (!missing.text().empty()) {
+            core.sink.Information(std::string(kMissingImagesHeader) + "\r\n" + missing.text());
         }
         return true;
     });

@@ -27,7 +27,7 @@ TEST(LoadPictureFile, ReadsTheBytesOfARegularFile) {
     const std::string path = dir.write("a.bmp", std::string("BM\0\x01", 4));
     const Picture picture = LoadPictureFile(path);
     EXPECT_EQ(picture.path, path);
-    EXPECT_EQ(picture.bytes, (std::vector<std::uint8_t>{'B', 'M', 0, 1}));
+    EXPECT_EQ(*picture.bytes, (std::vector<std::uint8_t>{'B', 'M', 0, 1}));
     EXPECT_TRUE(FileExists(path));
 }
 

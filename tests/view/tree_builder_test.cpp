@@ -74,7 +74,7 @@ TEST_F(TreeBuilding, NodesNamingOnePictureShareOneImageEntry) {
     ExpectMessages({});
     ASSERT_EQ(form().ilsTreeView.count(), 2);
     EXPECT_EQ(form().ilsTreeView.picture(1).path, a);
-    EXPECT_EQ(form().ilsTreeView.picture(1).bytes.size(), 4u);
+    EXPECT_EQ(form().ilsTreeView.picture(1).data().size(), 4u);
     EXPECT_EQ(form().treTreeView.imageList(), &form().ilsTreeView);
     // p2 inherits p1's picture: udtCurrentNode is never cleared.
     const int images[] = {1, 1, 2, 1};

@@ -11,7 +11,8 @@ namespace {
 
 QImage Decode(const Picture& picture) {
     QImage image;
-    image.loadFromData(picture.bytes.data(), static_cast<int>(picture.bytes.size()));
+    const std::span<const std::uint8_t> data = picture.data();
+    image.loadFromData(data.data(), static_cast<int>(data.size()));
     return image;
 }
 

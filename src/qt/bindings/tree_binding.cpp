@@ -1,5 +1,7 @@
 #include "qt/bindings/tree_binding.h"
 
+#include <unordered_map>
+
 #include <QHeaderView>
 #include <QMouseEvent>
 
@@ -90,8 +92,14 @@ int TreeBinding::IndexOf(const QTreeWidgetItem* item) {
 
 void TreeBinding::reloadIcons() {
     icons_.clear();
-    for (int i = 1; i <= images_.count(); ++i)
-        icons_.push_back(IconFromPicture(images_.picture(i)));
+    // Entries made from one file share its bytes: each file is decoded once.
+    std::unordered_map<const void*, QIcon> decoded;
+    for (int i = 1; i <= images_.count(); ++i) {
+        const Picture& picture = images_.picture(i);
+        const auto [icon, added] = decoded.try_emplace(picture.bytes.get());
+        if (added) icon->second = IconFromPicture(picture);
+        icons_.push_back(icon->second);
+    }
 }
 
 QIcon TreeBinding::iconFor(const TreeNode& node) const {
