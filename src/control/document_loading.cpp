@@ -3,6 +3,7 @@
 #include "control/document_loading.h"
 
 #include <memory>
+#include <new>
 #include <string_view>
 
 #include "document/document_reading.h"
@@ -57,6 +58,11 @@ xml::Document& NewDocument(ControlCore& core) {
     return *doc.objXMLDoc;
 }
 
+// After memory ran out half way: an empty document, as after a parse failure.
+void DropDocument(DocumentModel& doc) {
+    if (doc.objXMLDoc) doc.objXMLDoc->Parse("");
+}
+
 // After a successful ProcessDocument: the grid takes input, the filter when there are rows.
 void EnableView(ControlCore& core) {
     core.form.msgGridView.setEnabled(true);
@@ -81,16 +87,25 @@ bool LoadDocumentFile(ControlCore& core, const std::string& XMLSource) {
         core.sink.Critical("XML file not found");
         return false;
     }
-    xml::Document& document = NewDocument(core);
-    xml::ParseError error;
-    if (!document.LoadFile(XMLSource, &error)) {
-        core.sink.Critical(error.reason);
+    FileStamp stamp;
+    try {
+        xml::Document& document = NewDocument(core);
+        xml::ParseError error;
+        if (!document.LoadFile(XMLSource, &error, core.maxDocumentBytes)) {
+            core.sink.Critical(error.reason);
+            return false;
+        }
+        if (!ValidateParsedDocument(document, core.sink)) return false;
+        stamp = document.fileStamp();
+    } catch (const std::bad_alloc&) {
+        DropDocument(core.doc);
+        core.sink.Critical("The file " + XMLSource + " is too large to load: not enough memory");
         return false;
     }
-    if (!ValidateParsedDocument(document, core.sink)) return false;
     if (ProcessDocument(core)) {
         EnableView(core);
         core.doc.strXMLPath = XMLSource;
+        core.doc.xmlFileStamp = stamp;
         if (core.form.treTreeView.count() >= 1) core.form.treTreeView.setSelectedIndex(1);
     }
     return result;
@@ -99,15 +114,23 @@ bool LoadDocumentFile(ControlCore& core, const std::string& XMLSource) {
 bool LoadDocumentText(ControlCore& core, const std::string& bstrXML) {
     bool result = false;
     ResetView(core);
-    xml::Document& document = NewDocument(core);
-    if (!document.Parse(bstrXML)) {
+    try {
+        xml::Document& document = NewDocument(core);
+        // A text beyond the host's limit is refused like one that does not parse.
+        if (bstrXML.size() > core.maxDocumentBytes || !document.Parse(bstrXML)) {
+            core.sink.Critical("Invalid XML");
+            return false;
+        }
+        if (!ValidateParsedDocument(document, core.sink)) return false;
+    } catch (const std::bad_alloc&) {
+        DropDocument(core.doc);
         core.sink.Critical("Invalid XML");
         return false;
     }
-    if (!ValidateParsedDocument(document, core.sink)) return false;
     if (ProcessDocument(core)) {
         EnableView(core);
         core.doc.strXMLPath.clear();
+        core.doc.xmlFileStamp = FileStamp{};
         result = true;
     }
     return result;

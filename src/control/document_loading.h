@@ -18,10 +18,13 @@ namespace tabulon {
 // From a file path. True when the file was found, parsed and valid, even if the
 // model could not be built afterwards (the grid then stays disabled and the previous
 // path is kept), by design. Messages: "XML file not found", the parser's reason, or
-// the validation message; all critical.
+// the validation message; all critical. A file larger than core.maxDocumentBytes is
+// refused before it is read, and running out of memory while reading, parsing or
+// validating fails the load with a reason that says so; nothing is thrown.
 bool LoadDocumentFile(ControlCore& core, const std::string& XMLSource);
 // From text. True only when the model was built too; the path becomes "". A text
-// that does not parse (also "") shows "Invalid XML".
+// that does not parse (also ""), is longer than core.maxDocumentBytes or does not fit
+// in memory shows "Invalid XML".
 bool LoadDocumentText(ControlCore& core, const std::string& bstrXML);
 // Reads objXMLDoc into the model and shows the first node. A run-time failure shows
 // the code of the stage reached: 1032 root, unit and custom units; 1033 TreeStructure;

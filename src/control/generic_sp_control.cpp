@@ -78,6 +78,18 @@ bool Generic_SP_Control::LoadXML(const std::string& bstrXML) {
     return LoadDocumentText(*core_, bstrXML);
 }
 
+std::uint64_t Generic_SP_Control::MaxDocumentBytes() const {
+    return core_->maxDocumentBytes;
+}
+
+void Generic_SP_Control::SetMaxDocumentBytes(std::uint64_t bytes) {
+    core_->maxDocumentBytes = bytes;
+}
+
+const std::string& Generic_SP_Control::LastSaveError() const {
+    return core_->lastSaveError;
+}
+
 void Generic_SP_Control::MoveNextCell(std::int16_t KeyAscii) {
     tabulon::MoveNextCell(*core_, KeyAscii);
 }

@@ -108,6 +108,18 @@ public:
     std::string DisplayColWidth() const;                // "1500,1080,1080"; "" with no columns
     void SetDisplayColWidth(const std::string& value);  // accepted and discarded
 
+    // --- host settings and reports beyond the original interface
+    // The largest document accepted, in bytes (default 1 GiB):
+    // Load refuses a larger file before reading it, with the parser-reason message
+    // "The file PATH is larger than the largest document accepted (N bytes)"; LoadXML
+    // refuses a longer text with "Invalid XML".
+    std::uint64_t MaxDocumentBytes() const;
+    void SetMaxDocumentBytes(std::uint64_t bytes);
+    // Why the last OK ended with "Unable the save the XML file." (e.g. "Cannot save
+    // PATH: the file was changed by another program since it was loaded"); "" once
+    // an OK has saved. HostEvents::SaveFailed hears the same reason when it happens.
+    const std::string& LastSaveError() const;
+
     // --- keyboard: the control sees every key before the focused child does
     // Key press with a character code (Tab 9, Enter 13, ...); may swallow it (0).
     void KeyPress(int& keyAscii);

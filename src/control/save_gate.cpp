@@ -68,14 +68,22 @@ void OKButtonClick(ControlCore& core) {
         }
         // The host's handler runs to completion before the file is written.
         core.host.OKClick();
-        const DocumentModel& doc = core.doc;
+        DocumentModel& doc = core.doc;
         if (!doc.strXMLPath.empty()) {
             std::string reason;
-            if (!doc.objXMLDoc->SaveAtomic(doc.strXMLPath, &reason)) throw RuntimeFailure(reason);
+            FileStamp written;
+            if (!doc.objXMLDoc->SaveAtomic(doc.strXMLPath, &reason, &doc.xmlFileStamp, &written)) {
+                throw RuntimeFailure(reason);
+            }
+            // The file is now the one this document came from.
+            doc.xmlFileStamp = written;
         }
         core.history.MarkSaved();
+        core.lastSaveError.clear();
     } catch (...) {
+        core.lastSaveError = DescribeCurrentException();
         core.sink.Critical("Unable the save the XML file.");
+        core.host.SaveFailed(core.lastSaveError);
     }
 }
 

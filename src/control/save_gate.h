@@ -6,7 +6,11 @@
 
 namespace tabulon {
 
-// The OK button. Saves back to the Load path after OKClick returns.
+// The OK button. Saves back to the Load path after OKClick returns, only over the file
+// that was loaded and only if no other program changed it since (support/
+// atomic_file.h). Any failure shows "Unable the save the XML file."; then
+// core.lastSaveError holds the precise reason and the host's SaveFailed hears it,
+// after the message. A save that succeeds (or OK without a file) empties the reason.
 void OKButtonClick(ControlCore& core);
 // The View/Print button.
 void PrintButtonClick(ControlCore& core);

@@ -12,6 +12,7 @@
 #include "document/cell_values_index.h"
 #include "document/editor_kind.h"
 #include "platform/xml/xml_document.h"
+#include "support/file_stamp.h"
 
 namespace tabulon {
 
@@ -93,6 +94,9 @@ struct DocumentModel {
     xml::Node objTreeStructure;
     xml::Node objGridStructure;
     std::string strXMLPath;
+    // The file at strXMLPath as it was read (or last saved), for the save's check that
+    // it is still that file, unchanged.
+    FileStamp xmlFileStamp;
     std::string strMeasurementUnit;
     std::vector<CustomUnitRow> arrCustomUnits;
     std::vector<std::string> arrGridHeaderKeys;

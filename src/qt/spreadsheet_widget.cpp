@@ -250,6 +250,18 @@ void SpreadsheetWidget::setXML(const QString& value) {
     d_->control_->SetXML(ToStdString(value));
 }
 
+qulonglong SpreadsheetWidget::MaxDocumentBytes() const {
+    return control_->MaxDocumentBytes();
+}
+
+void SpreadsheetWidget::setMaxDocumentBytes(qulonglong bytes) {
+    control_->SetMaxDocumentBytes(bytes);
+}
+
+QString SpreadsheetWidget::LastSaveError() const {
+    return ToQString(control_->LastSaveError());
+}
+
 QString SpreadsheetWidget::FilterValue() const {
     return ToQString(d_->control_->FilterValue());
 }

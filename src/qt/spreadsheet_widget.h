@@ -75,6 +75,9 @@ class SpreadsheetWidget : public QWidget {
     Q_PROPERTY(bool canUndo READ canUndo NOTIFY canUndoChanged)
     Q_PROPERTY(bool canRedo READ canRedo NOTIFY canRedoChanged)
     Q_PROPERTY(bool modified READ isModified WRITE setModified NOTIFY modifiedChanged)
+    // Beyond the original interface (Generic_SP_Control has the details).
+    Q_PROPERTY(qulonglong MaxDocumentBytes READ MaxDocumentBytes WRITE setMaxDocumentBytes)
+    Q_PROPERTY(QString LastSaveError READ LastSaveError)
 
 public:
     using MessageHandler = tabulon::MessageHandler;
@@ -111,6 +114,9 @@ public:
     // false: the document as it is counts as saved (a host that wrote XML itself);
     // true: it counts as changed.
     void setModified(bool modified);
+    qulonglong MaxDocumentBytes() const;
+    void setMaxDocumentBytes(qulonglong bytes);
+    QString LastSaveError() const;
 
     // --- for advanced hosts and tests
     Generic_SP_Control& control();
@@ -156,6 +162,8 @@ Q_SIGNALS:
     void modifiedChanged(bool modified);
     // The number of values that need correcting (ProblemCount) changed.
     void ProblemCountChanged(int count);
+    // OK ended with "Unable the save the XML file."; reason is LastSaveError.
+    void SaveFailed(const QString& reason);
 
 protected:
     bool event(QEvent* event) override;

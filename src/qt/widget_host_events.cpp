@@ -32,6 +32,10 @@ void WidgetHostEvents::AppGridEventHandler(xml::Node& ValidationXML) {
     Q_EMIT widget_.AppGridEventHandler(&ValidationXML);
 }
 
+void WidgetHostEvents::SaveFailed(const std::string& reason) {
+    Q_EMIT widget_.SaveFailed(ToQString(reason));
+}
+
 void WidgetHostEvents::PropertyChanged(std::string_view name) {
     Q_EMIT widget_.PropertyChanged(ToQString(name));
 }

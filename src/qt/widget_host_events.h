@@ -32,6 +32,7 @@ public:
     void AppGridEventHandler(xml::Node& ValidationXML) override;
     void PropertyChanged(std::string_view name) override;
     void SetWaitCursor(bool busy) override;
+    void SaveFailed(const std::string& reason) override;
 
     // How many wait cursors this object has set and not yet restored.
     int waitCursors() const { return waitCursors_; }

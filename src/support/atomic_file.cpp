@@ -1,9 +1,12 @@
 #include "support/atomic_file.h"
 
+#include <dirent.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -12,11 +15,20 @@
 #include <string_view>
 #include <utility>
 
+#include "support/file_attributes.h"
+
+// Test builds define this (tests/reliability): called while a new file is written,
+// with the bytes written so far and the total, so that a test can stop the process
+// there. Shipped builds do not have it.
+extern "C" __attribute__((weak)) void TabulonSaveFaultPoint(std::size_t written, std::size_t total);
+
 namespace tabulon {
 
 namespace {
 
 constexpr mode_t kPermissionBits = 07777;
+constexpr std::string_view kTemporaryMark = ".tabulon-";
+constexpr std::size_t kTemporarySuffix = 6;  // the XXXXXX of mkostemp
 
 std::string ErrnoText(int error) {
     return std::strerror(error);
@@ -26,6 +38,26 @@ bool Fail(std::string* reason, std::string text) {
     if (reason != nullptr) *reason = std::move(text);
     return false;
 }
+
+// Closes a descriptor when the scope ends.
+class Descriptor {
+public:
+    explicit Descriptor(int fd) : fd_(fd) {}
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor() {
+        if (fd_ >= 0) ::close(fd_);
+    }
+    int get() const { return fd_; }
+    int close() {
+        const int result = ::close(fd_);
+        fd_ = -1;
+        return result == 0 ? 0 : errno;
+    }
+
+private:
+    int fd_;
+};
 
 // The process umask without changing it where /proc tells it; otherwise by the
 // set-and-restore call, serialised so that two saves never see each other's 0.
@@ -44,94 +76,275 @@ mode_t CurrentUmask() {
     return mask;
 }
 
-// The file actually replaced: the target of a symbolic link, else path itself (a
-// dangling link is replaced by the file).
-std::string ResolveTarget(const std::string& path) {
-    struct stat info {};
-    if (lstat(path.c_str(), &info) != 0 || !S_ISLNK(info.st_mode)) return path;
-    char* resolved = realpath(path.c_str(), nullptr);
-    if (resolved == nullptr) return path;
-    std::string target(resolved);
-    std::free(resolved);
-    return target;
-}
-
-bool WriteAll(int fd, std::string_view data) {
+// Writes in pieces of at most 1 MiB: a test's fault point sees the write progress.
+int WriteAll(int fd, std::string_view data, off_t offset) {
+    constexpr std::size_t kPiece = std::size_t{1} << 20;
+    const std::size_t total = data.size();
     while (!data.empty()) {
-        const ssize_t written = write(fd, data.data(), data.size());
+        const ssize_t written = pwrite(fd, data.data(), std::min(data.size(), kPiece), offset);
         if (written < 0) {
             if (errno == EINTR) continue;
-            return false;
+            return errno;
         }
         data.remove_prefix(static_cast<std::size_t>(written));
+        offset += written;
+        if (TabulonSaveFaultPoint != nullptr) TabulonSaveFaultPoint(total - data.size(), total);
+    }
+    return 0;
+}
+
+int ReadAll(const std::string& path, std::string& content) {
+    const Descriptor fd(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (fd.get() < 0) return errno;
+    char buffer[1 << 16];
+    for (;;) {
+        const ssize_t count = read(fd.get(), buffer, sizeof buffer);
+        if (count == 0) return 0;
+        if (count < 0) {
+            if (errno == EINTR) continue;
+            return errno;
+        }
+        content.append(buffer, static_cast<std::size_t>(count));
+    }
+}
+
+void SyncFolder(const std::string& folder) {
+    const Descriptor fd(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (fd.get() >= 0) fsync(fd.get());
+}
+
+// The file the save is about.
+struct Target {
+    std::string path;    // the file itself (a link at the given path resolved)
+    std::string folder;  // "" or ending in "/"
+    std::string name;
+    bool exists = false;
+    bool throughLink = false;
+    struct stat info {};
+};
+
+bool Resolve(const std::string& path, const FileStamp* expected, Target& target,
+             std::string* reason) {
+    target.path = path;
+    struct stat link {};
+    if (lstat(path.c_str(), &link) == 0 && S_ISLNK(link.st_mode)) {
+        if (expected != nullptr && expected->known && !expected->throughLink) {
+            return Fail(reason, "Cannot save " + path +
+                                    ": a symbolic link was put in place of the file since it "
+                                    "was loaded");
+        }
+        char* resolved = realpath(path.c_str(), nullptr);
+        if (resolved != nullptr) {
+            target.path = resolved;
+            std::free(resolved);
+        }
+        target.throughLink = true;
+    }
+    const std::size_t slash = target.path.rfind('/');
+    target.folder = slash == std::string::npos ? "" : target.path.substr(0, slash + 1);
+    target.name = target.path.substr(target.folder.size());
+    if (target.name.empty()) return Fail(reason, "Cannot save " + path + ": no file name");
+
+    if (stat(target.path.c_str(), &target.info) == 0) {
+        target.exists = true;
+        if (S_ISDIR(target.info.st_mode)) {
+            return Fail(reason, "Cannot save " + path + ": it is a folder");
+        }
+        if (!S_ISREG(target.info.st_mode)) {
+            return Fail(reason, "Cannot save " + path + ": it is not a regular file");
+        }
+    } else if (errno != ENOENT) {
+        return Fail(reason, "Cannot save " + path + ": " + ErrnoText(errno));
     }
     return true;
 }
 
-bool FaultAfterWriteRequested() {
-    const char* fault = std::getenv("TABULON_SAVE_FAULT");
-    return fault != nullptr && std::string_view(fault) == "after-write";
-}
-
-void SyncFolder(const std::string& folder) {
-    const int fd = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (fd < 0) return;
-    fsync(fd);
-    close(fd);
-}
-
-// Writes, flushes and closes the new file; on failure closes it and returns errno.
-int FillTemporary(int fd, std::string_view data, mode_t mode) {
-    int error = 0;
-    const bool modeSet = fchmod(fd, mode) == 0;
-    if (modeSet && FaultAfterWriteRequested()) {
-        WriteAll(fd, data.substr(0, data.size() / 2));
-        std::abort();
+// The target is still the file that was read, unchanged (a removed one may be
+// written anew).
+bool Unchanged(const std::string& path, const Target& target, const FileStamp& expected,
+               std::string* reason) {
+    if (!expected.known || !target.exists) return true;
+    const std::string changed =
+        "Cannot save " + path + ": the file was changed by another program since it was loaded";
+    if (!expected.SameFileAs(target.info)) return Fail(reason, changed);
+    std::string content;
+    if (const int error = ReadAll(target.path, content); error != 0) {
+        return Fail(reason, "Cannot save " + path + ": " + ErrnoText(error));
     }
-    if (!modeSet || !WriteAll(fd, data) || fsync(fd) != 0) error = errno;
-    if (close(fd) != 0 && error == 0) error = errno;
-    return error;
+    if (ContentHash(content) != expected.contentHash) return Fail(reason, changed);
+    return true;
+}
+
+bool Writable(const std::string& path, const Target& target, std::string* reason) {
+    if (!target.exists) return true;
+    if ((target.info.st_mode & 0222) == 0) {
+        return Fail(reason, "Cannot save " + path + ": the file is read-only");
+    }
+    if (faccessat(AT_FDCWD, target.path.c_str(), W_OK, AT_EACCESS) != 0) {
+        return Fail(reason, "Cannot save " + path + ": " + ErrnoText(errno));
+    }
+    return true;
+}
+
+bool IsTemporaryOf(std::string_view entry, std::string_view prefix) {
+    return entry.size() == prefix.size() + kTemporarySuffix && entry.starts_with(prefix);
+}
+
+// Removes what killed saves of this target left: its temporary files (owned by this
+// process's user or, given away to it, by the target's owner) that no process holds (a
+// save holds a lock on its temporary file while it writes).
+void RemoveStaleTemporaries(const Target& target) {
+    const std::string folder = target.folder.empty() ? "." : target.folder;
+    DIR* dir = opendir(folder.c_str());
+    if (dir == nullptr) return;
+    const std::string prefix = "." + target.name + std::string(kTemporaryMark);
+    while (const dirent* entry = readdir(dir)) {
+        if (!IsTemporaryOf(entry->d_name, prefix)) continue;
+        const std::string stale = target.folder + entry->d_name;
+        const Descriptor fd(open(stale.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+        struct stat info {};
+        if (fd.get() < 0 || fstat(fd.get(), &info) != 0 || !S_ISREG(info.st_mode) ||
+            (info.st_uid != geteuid() && !(target.exists && info.st_uid == target.info.st_uid)) ||
+            flock(fd.get(), LOCK_EX | LOCK_NB) != 0) {
+            continue;
+        }
+        unlink(stale.c_str());
+    }
+    closedir(dir);
+}
+
+FileStamp WrittenStamp(int fd, std::string_view data, bool throughLink) {
+    struct stat info {};
+    if (fstat(fd, &info) != 0) return FileStamp{};
+    return StampOf(info, data, throughLink);
+}
+
+enum class Outcome { Done, Failed, InPlace };
+
+// A new file beside the target, renamed over it. InPlace when that cannot keep the
+// target what it was or cannot be done; the new file is then gone.
+Outcome ReplaceByRename(const std::string& path, const Target& target, std::string_view data,
+                        std::string* reason, FileStamp* written) {
+    if (target.exists && target.info.st_nlink > 1) return Outcome::InPlace;
+    std::string temporary = target.folder + "." + target.name + std::string(kTemporaryMark) +
+                            std::string(kTemporarySuffix, 'X');
+    Descriptor fd(mkostemp(temporary.data(), O_CLOEXEC));
+    if (fd.get() < 0) {
+        const int error = errno;
+        if (target.exists && (error == EACCES || error == EPERM || error == EROFS)) {
+            return Outcome::InPlace;
+        }
+        Fail(reason, "Cannot create a temporary file beside " + path + ": " + ErrnoText(error));
+        return Outcome::Failed;
+    }
+    flock(fd.get(), LOCK_EX | LOCK_NB);
+    const auto discard = [&](Outcome outcome, const std::string& text) {
+        unlink(temporary.c_str());
+        if (outcome == Outcome::Failed) Fail(reason, text);
+        return outcome;
+    };
+    if (target.exists) {
+        if (CopyFileAttributes(target.path, target.info, fd.get()) != 0) {
+            return discard(Outcome::InPlace, "");
+        }
+    } else if (fchmod(fd.get(), 0666 & ~CurrentUmask()) != 0) {
+        return discard(Outcome::Failed, "Cannot write " + path + ": " + ErrnoText(errno));
+    }
+    int error = WriteAll(fd.get(), data, 0);
+    if (error == 0 && fsync(fd.get()) != 0) error = errno;
+    if (error != 0)
+        return discard(Outcome::Failed, "Cannot write " + path + ": " + ErrnoText(error));
+    const FileStamp stamp = WrittenStamp(fd.get(), data, target.throughLink);
+    // Renamed while still open and locked, so that no other save takes it for stale.
+    if (rename(temporary.c_str(), target.path.c_str()) != 0) {
+        error = errno;
+        if (target.exists && (error == EACCES || error == EPERM || error == EBUSY)) {
+            return discard(Outcome::InPlace, "");
+        }
+        return discard(Outcome::Failed, "Cannot replace " + path + ": " + ErrnoText(error));
+    }
+    fd.close();
+    SyncFolder(target.folder.empty() ? "." : target.folder);
+    if (written != nullptr) *written = stamp;
+    return Outcome::Done;
+}
+
+// A copy of content in the temporary folder; its path, or "" with errno set.
+std::string WriteBackup(const Target& target, std::string_view content) {
+    const char* folder = std::getenv("TMPDIR");
+    std::string path = std::string(folder != nullptr && *folder != '\0' ? folder : "/tmp") +
+                       "/tabulon-backup-" + target.name + "-XXXXXX";
+    Descriptor fd(mkostemp(path.data(), O_CLOEXEC));
+    if (fd.get() < 0) return {};
+    int error = fchmod(fd.get(), 0600) == 0 ? WriteAll(fd.get(), content, 0) : errno;
+    if (error == 0 && fsync(fd.get()) != 0) error = errno;
+    if (error == 0) error = fd.close();
+    if (error != 0) {
+        unlink(path.c_str());
+        errno = error;
+        return {};
+    }
+    return path;
+}
+
+// Rewrites the target itself, its old content kept in a backup file meanwhile.
+bool RewriteInPlace(const std::string& path, const Target& target, std::string_view data,
+                    std::string* reason, FileStamp* written) {
+    std::string old;
+    if (const int error = ReadAll(target.path, old); error != 0) {
+        return Fail(reason, "Cannot save " + path + ": " + ErrnoText(error));
+    }
+    const std::string backup = WriteBackup(target, old);
+    if (backup.empty()) {
+        return Fail(reason, "Cannot save " + path + " in place: no backup copy could be written (" +
+                                ErrnoText(errno) + ")");
+    }
+    Descriptor fd(open(target.path.c_str(), O_WRONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+    int error = fd.get() < 0 ? errno : 0;
+    if (error == 0) error = WriteAll(fd.get(), data, 0);
+    if (error == 0 && ftruncate(fd.get(), static_cast<off_t>(data.size())) != 0) error = errno;
+    if (error == 0 && fsync(fd.get()) != 0) error = errno;
+    if (error == 0) {
+        const FileStamp stamp = WrittenStamp(fd.get(), data, target.throughLink);
+        if (const int closing = fd.close(); closing == 0) {
+            unlink(backup.c_str());
+            if (written != nullptr) *written = stamp;
+            return true;
+        } else {
+            error = closing;
+        }
+    }
+    // Put the old content back; keep the backup when that fails too.
+    bool restored = false;
+    if (fd.get() >= 0) {
+        restored = WriteAll(fd.get(), old, 0) == 0 &&
+                   ftruncate(fd.get(), static_cast<off_t>(old.size())) == 0 && fsync(fd.get()) == 0;
+    }
+    if (restored || fd.get() < 0) unlink(backup.c_str());
+    std::string text = "Cannot write " + path + ": " + ErrnoText(error);
+    if (!restored && fd.get() >= 0) text += "; its old content is in " + backup;
+    return Fail(reason, text);
 }
 
 }  // namespace
 
-bool WriteFileAtomically(const std::string& path, std::string_view data, std::string* reason) {
+bool WriteFileAtomically(const std::string& path, std::string_view data, std::string* reason,
+                         const FileStamp* expected, FileStamp* written) {
     if (path.empty()) return Fail(reason, "No file name to save to");
-    const std::string target = ResolveTarget(path);
-    const std::size_t slash = target.rfind('/');
-    const std::string folder = slash == std::string::npos ? "" : target.substr(0, slash + 1);
-    const std::string name = target.substr(folder.size());
-    if (name.empty()) return Fail(reason, "Cannot save " + path + ": no file name");
-
-    mode_t mode = 0;
-    struct stat info {};
-    if (stat(target.c_str(), &info) == 0) {
-        if (S_ISDIR(info.st_mode)) return Fail(reason, "Cannot save " + path + ": it is a folder");
-        mode = info.st_mode & kPermissionBits;
-    } else if (errno == ENOENT) {
-        mode = 0666 & ~CurrentUmask();
-    } else {
-        return Fail(reason, "Cannot save " + path + ": " + ErrnoText(errno));
+    Target target;
+    if (!Resolve(path, expected, target, reason)) return false;
+    if (expected != nullptr && !Unchanged(path, target, *expected, reason)) return false;
+    if (!Writable(path, target, reason)) return false;
+    RemoveStaleTemporaries(target);
+    switch (ReplaceByRename(path, target, data, reason, written)) {
+        case Outcome::Done:
+            return true;
+        case Outcome::Failed:
+            return false;
+        case Outcome::InPlace:
+            break;
     }
-
-    std::string temporaryName = folder + "." + name + ".XXXXXX";
-    const int fd = mkostemp(temporaryName.data(), O_CLOEXEC);
-    if (fd < 0) {
-        return Fail(reason,
-                    "Cannot create a temporary file beside " + path + ": " + ErrnoText(errno));
-    }
-
-    if (const int error = FillTemporary(fd, data, mode); error != 0) {
-        unlink(temporaryName.c_str());
-        return Fail(reason, "Cannot write " + path + ": " + ErrnoText(error));
-    }
-    if (rename(temporaryName.c_str(), target.c_str()) != 0) {
-        const int error = errno;
-        unlink(temporaryName.c_str());
-        return Fail(reason, "Cannot replace " + path + ": " + ErrnoText(error));
-    }
-    SyncFolder(folder.empty() ? "." : folder);
-    return true;
+    return RewriteInPlace(path, target, data, reason, written);
 }
 
 }  // namespace tabulon

@@ -1,26 +1,46 @@
-// Replacing a file so that it holds either its old or its new content, never a
-// mixture, whatever happens during the write.
+// Saving a file over the one a document came from (or a settings file) so that the
+// save never destroys, redirects or silently overwrites anything.
+//
+// Where it writes. Only to the file at path, or to a new file in its place:
+// - a symbolic link at path is followed, unless the caller knows the path was no link
+//   when the file was read (expected, below): a link put there since is refused;
+// - a folder, FIFO, device or socket at path is refused (nothing is written to it and
+//   it is not replaced);
+// - with an expected stamp (the file as it was read), the file must still be that
+//   file: same device and inode, size and modification time, and when those agree the
+//   same content. A file changed by another program since is refused (the other
+//   program's change is not lost); a file removed since is written anew.
+// - a file without any write permission bit (0444), or one the process may not write,
+//   is refused, whatever the folder allows.
+//
+// How. A new file beside the target (".NAME.tabulon-XXXXXX"), written, given the
+// target's owner, group, permissions (setuid and setgid bits included, set after the
+// owner) and extended attributes (ACLs among them), flushed, then renamed over the
+// target: the target holds the old or the new content whatever happens, a SIGKILL
+// included. When that cannot keep the file what it was (a target with several hard
+// links, an owner or attribute the process cannot give a new file) or cannot be done
+// (a folder where no file can be created or renamed: read-only, sticky), the target
+// is rewritten in place instead, after a copy of its old content was written to a
+// backup file in the temporary folder ($TMPDIR or /tmp); the backup is removed once
+// the new content is flushed, and kept (its path in the reason) if the old content
+// could not be put back after a failure. Temporary files that an earlier, killed save
+// of the same target left beside it are removed first (those no process holds).
+//
+// Returns false and a precise reason naming the path on any refusal or failure; the
+// target is then as it was.
 #pragma once
 
 #include <string>
 #include <string_view>
 
+#include "support/file_stamp.h"
+
 namespace tabulon {
 
-// Writes data to a temporary file beside path (".<name>.XXXXXX", created with
-// mkstemp), flushes it to disk, gives it the permissions of the existing target (or
-// 0666 less the process umask when there is none), renames it over the target and
-// then flushes the folder on a best-effort basis. When path is a symbolic link, the
-// file the link resolves to is replaced and the link stays.
-//
-// Returns false and a reason naming the path on any failure (empty path, missing or
-// unwritable folder, target is a folder, write or flush error); the temporary file
-// is then removed and the target is untouched.
-//
-// When the environment variable TABULON_SAVE_FAULT is "after-write", the process
-// calls abort() once the first half of data is written to the temporary file: the
-// fault-injection point for crash-safety tests.
-[[nodiscard]] bool WriteFileAtomically(const std::string& path, std::string_view data,
-                                       std::string* reason);
+// expected: the target as it was read (nullptr: no such condition). written: when
+// given, receives the stamp of the file as saved (to be the expected stamp of the
+// next save).
+[[nodiscard]] bool WriteFileAtomically(const std::string& path, std::string_view data, std::string* reason,
+                         const FileStamp* expected = nullptr, FileStamp* written = nullptr);
 
 }  // namespace tabulon

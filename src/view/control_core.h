@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
 
 #include "document/document_model.h"
 #include "platform/clipboard.h"
@@ -21,6 +22,8 @@
 #include "view/host_events.h"
 
 namespace tabulon {
+
+inline constexpr std::uint64_t kDefaultMaxDocumentBytes = std::uint64_t{1} << 30;
 
 struct ControlCore {
     ControlCore(MessageSink& messages, HostEvents& events) : sink(messages), host(events) {}
@@ -65,6 +68,12 @@ struct ControlCore {
     // hands the control the desktop's.
     MemoryClipboard ownClipboard;
     Clipboard* clipboard = &ownClipboard;
+
+    // Host settings beyond the original design (generic_sp_control.h).
+    // The largest document Load and LoadXML accept, in bytes.
+    std::uint64_t maxDocumentBytes = kDefaultMaxDocumentBytes;
+    // Why the last save of OK failed, for the host; "" when it succeeded or none ran.
+    std::string lastSaveError;
 };
 
 }  // namespace tabulon

@@ -26,6 +26,10 @@ public:
     virtual void PropertyChanged(std::string_view /*name*/) {}
     // The hourglass pointer while the host validates a column; false restores it.
     virtual void SetWaitCursor(bool /*busy*/) {}
+
+    // Beyond the original design: OK ended with "Unable the save the XML file.", for
+    // this reason (the control's LastSaveError), told after that message.
+    virtual void SaveFailed(const std::string& /*reason*/) {}
 };
 
 }  // namespace tabulon

@@ -13,6 +13,7 @@
 #include <QStyleOptionSlider>
 #include <QTest>
 #include <QTreeWidget>
+#include <fstream>
 
 #include "common/files.h"
 #include "control/control_access.h"
@@ -230,6 +231,25 @@ TEST_F(WidgetBehaviour, EditStateSignalsFollowEditsUndoAndSaving) {
     EXPECT_FALSE(widget().property("ProtectiveEditing").toBool());
     EXPECT_TRUE(widget().setProperty("ProtectiveEditing", true));
     EXPECT_TRUE(widget().control().ProtectiveEditing());
+TEST_F(WidgetBehaviour, ARefusedSaveSignalsItsReasonAfterTheMessage) {
+    const std::string path = SampleCopy("english.xml");
+    ASSERT_TRUE(Load(path));
+    EXPECT_EQ(widget().property("MaxDocumentBytes").toULongLong(), 1ULL << 30);
+    // Another program rewrites the file after the load.
+    std::ofstream(path, std::ios::app) << "<!-- theirs -->";
+    QSignalSpy failed(&widget(), &SpreadsheetWidget::SaveFailed);
+    const std::size_t before = messages.size();
+    QObject::connect(&widget(), &SpreadsheetWidget::SaveFailed, [&] {
+        ASSERT_EQ(messages.size(), before + 1) << "the reason comes after the message";
+        EXPECT_EQ(messages.back(), "critical: Unable the save the XML file.");
+    });
+    ClickButton(form().cmdOK);
+    ASSERT_EQ(failed.count(), 1);
+    const QString reason = failed.at(0).at(0).toString();
+    EXPECT_TRUE(reason.contains(QStringLiteral("changed by another program")))
+        << reason.toStdString();
+    EXPECT_EQ(widget().property("LastSaveError").toString(), reason);
+    EXPECT_TRUE(ReadFileBytes(path).ends_with("<!-- theirs -->"));
 }
 
 TEST_F(WidgetBehaviour, ModelChangesByCodeShowInTheirWidgets) {

@@ -1,11 +1,13 @@
 // Host calls and user gestures in a session: what each prints and in what order,
 // and that each reaches the control the way its help says.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <string>
 #include <vector>
 
 #include "common/documents.h"
+#include "common/files.h"
 #include "session/tool_runner.h"
 
 namespace tabulon::testing {
@@ -81,6 +83,26 @@ TEST(SessionHostCalls, AFailureReachingTheHostPrintsAnException) {
 
 // Typed tab characters are Tab keys (the keys themselves are compared with the widget
 // in tests/qt/session_parity_test.cpp).
+TEST(SessionHostCalls, SaveRefusalAndDocumentLimitAreObservable) {
+    const std::string path =
+        WriteTempFile("read_only.xml", ReadFileBytes(DataFile("shell_gate.xml")));
+    ASSERT_EQ(chmod(path.c_str(), 0444), 0);
+    const SessionRun run = RunSession("load " + path +
+                                      "\nlast-save-error\nbutton OK\nlast-save-error\n"
+                                      "max-document-bytes\nset-max-document-bytes 10\nload " +
+                                      path + "\n");
+    EXPECT_EQ(run.status, 0);
+    ASSERT_EQ(run.lines.size(), 8u);
+    EXPECT_EQ(run.lines[1]["result"].text, "");
+    EXPECT_EQ(run.lines[2]["event"].text, "OKClick");
+    EXPECT_EQ(run.lines[3]["text"].text, "Unable the save the XML file.");
+    EXPECT_EQ(run.lines[4]["result"].text, "Cannot save " + path + ": the file is read-only");
+    EXPECT_EQ(run.lines[5]["result"].number, 1073741824);
+    EXPECT_EQ(run.lines[6]["text"].text,
+              "The file " + path + " is larger than the largest document accepted (10 bytes)");
+    EXPECT_FALSE(run.lines[7]["result"].boolean);
+}
+
 TEST(SessionGestures, TypedTabsMoveLikeTabKeys) {
     const SessionRun run = RunSession(
         "load samples/english.xml\nclick 2 1\ntype \"\\t\\t\"\ndump grid\nkey Enter\ndump grid\n");

@@ -2,6 +2,8 @@
 // error lines for malformed commands and the exit status.
 #include <gtest/gtest.h>
 
+#include <cstdio>
+
 #include <ostream>
 #include <string>
 #include <vector>
@@ -107,6 +109,31 @@ TEST(SessionScript, MissingScriptFileIsAUsageError) {
     EXPECT_EQ(run.status, 2);
     EXPECT_NE(run.err.find("cannot open script"), std::string::npos) << run.err;
     EXPECT_EQ(run.out, "");
+}
+
+TEST(SessionScript, ScriptThatCannotBeReadToItsEndIsAnError) {
+    const ToolRun folder = RunTool("session /tmp");
+    EXPECT_EQ(folder.status, 2);
+    EXPECT_NE(folder.out.find(R"({"error": "cannot read the script at line 1: Is a directory"})"),
+              std::string::npos)
+        << folder.out;
+#if !defined(__SANITIZE_ADDRESS__)  // the sanitizer needs more address space than allowed
+    // A line of 300 MB with 200 MB of address space: nothing of it runs.
+    const std::string command =
+        std::string("ulimit -v 200000; head -c 300000000 /dev/zero | tr '\\0' x | '") +
+        TABULON_BINARY_DIR + "/apps/tabulon/tabulon' session";
+    FILE* pipe = popen(command.c_str(), "r");
+    ASSERT_NE(pipe, nullptr);
+    std::string out;
+    char buffer[256];
+    while (fgets(buffer, sizeof buffer, pipe) != nullptr)
+        out += buffer;
+    const int status = pclose(pipe);
+    EXPECT_EQ(WEXITSTATUS(status), 2);
+    EXPECT_EQ(
+        out,
+        "{\"error\": \"cannot read the script at line 1: the line does not fit in memory\"}\n");
+#endif
 }
 
 TEST(SessionScript, HelpDocumentsHowAClickIsRouted) {

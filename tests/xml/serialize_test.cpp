@@ -86,7 +86,12 @@ TEST(Serialize, EscapesWhatTheParserWouldOtherwiseChange) {
         EXPECT_EQ(document.Serialize(),
                   "<a v=\"" + c.attributeText + "\">" + c.elementText + "</a>\n")
             << c.value;
-        ExpectRoundTrip(document);
+        // XML has no way to write a BEL: its reference is refused when read back.
+        if (c.value.find('\x07') == std::string::npos) {
+            ExpectRoundTrip(document);
+        } else {
+            EXPECT_FALSE(Document().Parse(document.Serialize()));
+        }
     }
 }
 

@@ -1,4 +1,6 @@
 // Host calls: the members of the control's public interface, called as a host does.
+#include <cstdint>
+#include <limits>
 #include <string>
 
 #include "headless_control.h"
@@ -142,6 +144,19 @@ void SaveBag(Session& s, Args args) {
     }
 }
 
+void MaxDocumentBytes(Session& s, Args) {
+    s.output().Result(static_cast<std::int64_t>(s.control().MaxDocumentBytes()));
+}
+
+void SetMaxDocumentBytes(Session& s, Args args) {
+    s.control().SetMaxDocumentBytes(static_cast<std::uint64_t>(IntegerArgument(
+        "set-max-document-bytes", args[0], "N", 0, std::numeric_limits<std::int64_t>::max())));
+}
+
+void LastSaveError(Session& s, Args) {
+    s.output().Result(s.control().LastSaveError());
+}
+
 constexpr ScriptCommand kCommands[] = {
     {"load", "PATH", "Load with a file path; prints the result.", 1, 1, false, Load},
     {"loadxml", "PATH", "LoadXML with the text of the file; prints the result.", 1, 1, false,
@@ -195,6 +210,16 @@ constexpr ScriptCommand kCommands[] = {
      "The host saves the form: the settings are written into a fresh property bag, which "
      "is saved as a JSON file (keys equal to their defaults are left out).",
      1, 1, false, SaveBag},
+    {"max-document-bytes", "", "Reads the largest document Load and LoadXML accept, in bytes.", 0,
+     0, false, MaxDocumentBytes},
+    {"set-max-document-bytes", "N",
+     "Sets the largest document Load and LoadXML accept, in bytes (a larger file is refused "
+     "before it is read).",
+     1, 1, false, SetMaxDocumentBytes},
+    {"last-save-error", "",
+     "Reads why the last OK could not save (\"\" once an OK has saved): the host's "
+     "LastSaveError.",
+     0, 0, false, LastSaveError},
 };
 
 }  // namespace

@@ -24,6 +24,10 @@ void Output::Result(std::string_view value) {
     Line(JsonObject().Str("result", value));
 }
 
+void Output::Result(std::int64_t value) {
+    Line(JsonObject().Int("result", value));
+}
+
 void Output::Result(const JsonObject& record) {
     Line(JsonObject().Obj("result", record));
 }

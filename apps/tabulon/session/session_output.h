@@ -2,6 +2,7 @@
 // soon as it is known, so lines appear in the order things happened.
 #pragma once
 
+#include <cstdint>
 #include <ostream>
 #include <string_view>
 
@@ -21,6 +22,8 @@ public:
     // {"result": value} for the host calls that have a result.
     void Result(bool value);
     void Result(std::string_view value);
+    void Result(const char* value) { Result(std::string_view(value)); }
+    void Result(std::int64_t value);
     void Result(const JsonObject& record);
     void Result(const JsonArray& list);
 

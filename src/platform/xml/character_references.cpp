@@ -48,10 +48,13 @@ std::optional<BadReference> FirstBadIn(std::string_view text, std::size_t begin,
     for (std::size_t at = part.find("&#", begin); at != std::string_view::npos;
          at = part.find("&#", at + 2)) {
         if (!GoodReference(part, at)) {
-            const std::size_t semicolon = part.find(';', at);
-            const std::size_t length =
-                semicolon == std::string_view::npos ? end - at : semicolon + 1 - at;
-            return BadReference{at, std::string(part.substr(at, std::min(length, kShownBytes)))};
+            // As far as it reads as a reference: "&#", an "x", digits, a ";".
+            std::size_t stop = at + 2;
+            if (stop < end && part[stop] == 'x') ++stop;
+            while (stop < end && DigitValue(part[stop], 16) >= 0)
+                ++stop;
+            if (stop < end && part[stop] == ';') ++stop;
+            return BadReference{at, std::string(part.substr(at, std::min(stop - at, kShownBytes)))};
         }
     }
     return std::nullopt;

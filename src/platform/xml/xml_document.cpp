@@ -8,7 +8,9 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <cstring>
+#include <new>
 #include <optional>
 #include <utility>
 
@@ -37,9 +39,19 @@ bool Blank(const char* text) {
     return true;
 }
 
-// Drops every whitespace-only only child of an element that is not a text element.
-// Iterative: documents may nest deeper than the stack allows.
-void DropBlankText(pugi::xml_document& document, const std::vector<std::string>& textElements) {
+// Whether the text node was written as whitespace in source (not as references such
+// as "&#32;", which are content wherever they stand).
+bool WrittenBlank(pugi::xml_node text, std::string_view source) {
+    const std::ptrdiff_t at = text.offset_debug();
+    if (at < 0 || static_cast<std::size_t>(at) >= source.size()) return true;
+    const std::string_view written = source.substr(static_cast<std::size_t>(at));
+    return written.substr(0, written.find('<')).find('&') == std::string_view::npos;
+}
+
+// Drops every whitespace-only only child, written as whitespace, of an element that is
+// not a text element. Iterative: documents may nest deeper than the stack allows.
+void DropBlankText(pugi::xml_document& document, std::string_view source,
+                   const std::vector<std::string>& textElements) {
     const auto keeps = [&](std::string_view name) {
         return std::find(textElements.begin(), textElements.end(), name) != textElements.end();
     };
@@ -47,7 +59,8 @@ void DropBlankText(pugi::xml_document& document, const std::vector<std::string>&
     for (;;) {
         pugi::xml_node child = node.first_child();
         if (child && !child.next_sibling() && child.type() == pugi::node_pcdata &&
-            Blank(child.value()) && (node.type() != pugi::node_element || !keeps(node.name()))) {
+            Blank(child.value()) && (node.type() != pugi::node_element || !keeps(node.name())) &&
+            WrittenBlank(child, source)) {
             node.remove_child(child);
             child = pugi::xml_node();
         }
@@ -74,28 +87,40 @@ bool FillError(ParseError* error, std::string reason) {
     return false;
 }
 
-// Reads the whole file into text; returns 0 or the errno of the failure.
-int ReadWholeFile(const std::string& path, std::string& text) {
+// Reads the whole file into text; returns 0, EFBIG when it is larger than maxBytes,
+// ENOMEM when it does not fit in memory, or the errno of the failure.
+int ReadWholeFile(const std::string& path, std::string& text, std::uint64_t maxBytes,
+                  struct stat& info) {
     const int fd = open(path.c_str(), O_RDONLY | O_CLOEXEC);
     if (fd < 0) return errno;
-    struct stat info {};
-    if (fstat(fd, &info) == 0 && info.st_size > 0) {
-        text.reserve(static_cast<std::size_t>(info.st_size));
-    }
-    char buffer[1 << 16];
-    for (;;) {
-        const ssize_t count = read(fd, buffer, sizeof buffer);
-        if (count == 0) break;
-        if (count < 0) {
-            if (errno == EINTR) continue;
-            const int cause = errno;
-            close(fd);
-            return cause;
+    const auto closeWith = [fd](int cause) {
+        close(fd);
+        return cause;
+    };
+    try {
+        if (fstat(fd, &info) != 0) return closeWith(errno);
+        if (info.st_size > 0) {
+            if (static_cast<std::uint64_t>(info.st_size) > maxBytes) return closeWith(EFBIG);
+            text.reserve(static_cast<std::size_t>(info.st_size));
         }
-        text.append(buffer, static_cast<std::size_t>(count));
+        char buffer[1 << 16];
+        for (;;) {
+            const ssize_t count = read(fd, buffer, sizeof buffer);
+            if (count == 0) break;
+            if (count < 0) {
+                if (errno == EINTR) continue;
+                return closeWith(errno);
+            }
+            text.append(buffer, static_cast<std::size_t>(count));
+            if (text.size() > maxBytes) return closeWith(EFBIG);  // it grew while read
+        }
+        // What was read, as the file is now: its time and size after the last read.
+        if (fstat(fd, &info) != 0) return closeWith(errno);
+    } catch (const std::bad_alloc&) {
+        std::string().swap(text);
+        return closeWith(ENOMEM);
     }
-    close(fd);
-    return 0;
+    return closeWith(0);
 }
 
 }  // namespace
@@ -103,6 +128,7 @@ int ReadWholeFile(const std::string& path, std::string& text) {
 struct Document::Impl {
     pugi::xml_document document;
     std::vector<std::string> textElements;
+    FileStamp stamp;
 };
 
 Document::Document() : impl_(std::make_unique<Impl>()) {}
@@ -121,6 +147,7 @@ bool Document::Parse(std::string_view text, ParseError* error) {
     ChangeStructure();
     pugi::xml_document& document = impl_->document;
     document.reset();
+    impl_->stamp = FileStamp{};
     if (const std::optional<BadReference> bad = FirstBadCharacterReference(text)) {
         const TextPosition position = PositionOf(text, bad->offset);
         if (error != nullptr) {
@@ -140,7 +167,7 @@ bool Document::Parse(std::string_view text, ParseError* error) {
         result.offset = static_cast<std::ptrdiff_t>(text.size());
     }
     if (result) {
-        DropBlankText(document, impl_->textElements);
+        DropBlankText(document, text, impl_->textElements);
         return true;
     }
     document.reset();
@@ -159,41 +186,63 @@ bool Document::Parse(std::string_view text, ParseError* error) {
 
 namespace {
 
-// Reads a UTF-8 file of known size into a buffer of the parser's allocator, to be
-// parsed in place, with a terminating zero as the parser's own copy has (without it the
-// last character would be lost); null when the file is empty, UTF-16 or not as big as
-// it said (the caller then reads it the ordinary way). size excludes the zero.
-char* ReadForParsingInPlace(const std::string& path, std::size_t& size) {
+// A UTF-8 file read whole into a buffer of the parser's allocator, to be parsed in place,
+// with a terminating zero as the parser's own copy has (without it the last character
+// would be lost).
+struct InPlaceText {
+    char* buffer = nullptr;  // null: the file is to be read the ordinary way
+    std::size_t size = 0;    // without the zero
+    struct stat info {};     // the file after the last read
+};
+
+void Release(InPlaceText& read) {
+    pugi::get_memory_deallocation_function()(read.buffer);
+    read.buffer = nullptr;
+}
+
+// Returns 0, EFBIG when the file is larger than maxBytes (before anything is read),
+// ENOMEM when it does not fit in memory, or the errno of a failure to open it. The
+// buffer stays null when the file is empty, UTF-16, not as big as it said, or holds a
+// numeric character reference (their checks need the text as written, which parsing in
+// place overwrites).
+int ReadForParsingInPlace(const std::string& path, std::uint64_t maxBytes, InPlaceText& read) {
     const int fd = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    if (fd < 0) return nullptr;
-    struct stat info {};
-    char* buffer = nullptr;
-    size = 0;
-    if (fstat(fd, &info) == 0 && info.st_size > 0) {
-        size = static_cast<std::size_t>(info.st_size);
-        buffer = static_cast<char*>(pugi::get_memory_allocation_function()(size + 1));
-    }
+    if (fd < 0) return errno;
+    const auto closeWith = [fd](int cause) {
+        close(fd);
+        return cause;
+    };
+    if (fstat(fd, &read.info) != 0 || read.info.st_size <= 0) return closeWith(0);
+    if (static_cast<std::uint64_t>(read.info.st_size) > maxBytes) return closeWith(EFBIG);
+    const auto size = static_cast<std::size_t>(read.info.st_size);
+    read.buffer = static_cast<char*>(pugi::get_memory_allocation_function()(size + 1));
+    if (read.buffer == nullptr) return closeWith(ENOMEM);
     std::size_t got = 0;
     char extra = 0;
-    while (buffer != nullptr) {
-        const ssize_t count = got < size ? read(fd, buffer + got, size - got) : read(fd, &extra, 1);
+    for (;;) {
+        const ssize_t count =
+            got < size ? ::read(fd, read.buffer + got, size - got) : ::read(fd, &extra, 1);
         if (count < 0 && errno == EINTR) continue;
         if (count > 0 && got < size) {
             got += static_cast<std::size_t>(count);
             continue;
         }
-        const std::string_view text(buffer, got);
+        const std::string_view text(read.buffer, got);
         if (count != 0 || got != size || text.starts_with("\xFF\xFE") ||
-            text.starts_with("\xFE\xFF")) {
-            pugi::get_memory_deallocation_function()(buffer);
-            buffer = nullptr;
+            text.starts_with("\xFE\xFF") || text.find("&#") != std::string_view::npos ||
+            fstat(fd, &read.info) != 0) {
+            Release(read);
         } else {
-            buffer[size] = '\0';
+            read.buffer[size] = '\0';
+            read.size = size;
         }
-        break;
+        return closeWith(0);
     }
-    close(fd);
-    return buffer;
+}
+
+bool NamedThroughLink(const std::string& path) {
+    struct stat link {};
+    return lstat(path.c_str(), &link) == 0 && S_ISLNK(link.st_mode);
 }
 
 }  // namespace
@@ -203,36 +252,55 @@ void Document::SetTextElements(std::vector<std::string> names) {
     impl_->textElements = std::move(names);
 }
 
-bool Document::LoadFile(const std::string& path, ParseError* error) {
+bool Document::LoadFile(const std::string& path, ParseError* error, std::uint64_t maxBytes) {
     if (!impl_) impl_ = std::make_unique<Impl>();
     ChangeStructure();
     impl_->document.reset();
-    // Parsed in place, a large file is held once while its tree is built, not twice.
-    // A failure (a bad reference too) is parsed again from a copy, which keeps the text
-    // to report from.
-    std::size_t size = 0;
-    char* buffer = ReadForParsingInPlace(path, size);
-    if (buffer != nullptr && FirstBadCharacterReference(std::string_view(buffer, size))) {
-        pugi::get_memory_deallocation_function()(buffer);
-        buffer = nullptr;
-    }
-    if (buffer != nullptr) {
+    impl_->stamp = FileStamp{};
+    // Parsed in place, a large file is held once while its tree is built, not twice. A
+    // failure is parsed again from a copy, which keeps the text to report from.
+    InPlaceText whole;
+    int cause = ReadForParsingInPlace(path, maxBytes, whole);
+    if (whole.buffer != nullptr) {
+        const FileStamp stamp =
+            StampOf(whole.info, std::string_view(whole.buffer, whole.size), NamedThroughLink(path));
         pugi::xml_document& document = impl_->document;
-        pugi::xml_parse_result result =
-            document.load_buffer_inplace_own(buffer, size + 1, kParseOptions, pugi::encoding_utf8);
+        const pugi::xml_parse_result result = document.load_buffer_inplace_own(
+            whole.buffer, whole.size + 1, kParseOptions, pugi::encoding_utf8);
         if (result && HasElementChild(document)) {
-            DropBlankText(document, impl_->textElements);
+            // Without references, every blank text was written blank.
+            DropBlankText(document, {}, impl_->textElements);
+            impl_->stamp = stamp;
             return true;
         }
         ChangeStructure();
         document.reset();
+        if (result.status == pugi::status_out_of_memory) cause = ENOMEM;
     }
     std::string text;
-    if (const int cause = ReadWholeFile(path, text); cause != 0) {
+    struct stat info {};
+    if (cause == 0) cause = ReadWholeFile(path, text, maxBytes, info);
+    if (cause == EFBIG) {
+        return FillError(error, "The file " + path +
+                                    " is larger than the largest document accepted (" +
+                                    std::to_string(maxBytes) + " bytes)");
+    }
+    if (cause == ENOMEM) {
+        return FillError(error, "The file " + path + " is too large to load: not enough memory");
+    }
+    if (cause != 0) {
         return FillError(error, "Cannot read the file " + path + ": " + std::strerror(cause));
     }
+    FileStamp stamp = StampOf(info, text, NamedThroughLink(path));
     if (!DecodeFileText(text)) return FillError(error, "The file " + path + " is not valid UTF-16");
-    return Parse(text, error);
+    if (!Parse(text, error)) return false;
+    impl_->stamp = stamp;
+    return true;
+}
+
+const FileStamp& Document::fileStamp() const {
+    static const FileStamp kUnknown;
+    return impl_ ? impl_->stamp : kUnknown;
 }
 
 Node Document::root() const {
@@ -248,8 +316,9 @@ std::string Document::Serialize() const {
     return root().serialize();
 }
 
-bool Document::SaveAtomic(const std::string& path, std::string* reason) const {
-    return WriteFileAtomically(path, Serialize(), reason);
+bool Document::SaveAtomic(const std::string& path, std::string* reason, const FileStamp* expected,
+                          FileStamp* written) const {
+    return WriteFileAtomically(path, Serialize(), reason, expected, written);
 }
 
 }  // namespace tabulon::xml

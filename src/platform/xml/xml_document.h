@@ -28,6 +28,8 @@
 #include <string_view>
 #include <vector>
 
+#include "support/file_stamp.h"
+
 namespace tabulon::xml {
 
 enum class NodeType {
@@ -167,10 +169,12 @@ public:
     // (when given).
     [[nodiscard]] bool Parse(std::string_view text, ParseError* error = nullptr);
     // Reads and parses a file: UTF-8 with or without BOM, UTF-16 (either byte order)
-    // with BOM. Without a BOM the file is read as UTF-8. A file that cannot be read
-    // or is not valid UTF-16 fails with a reason naming the path; a parse error
-    // reports line and column in the decoded text.
-    [[nodiscard]] bool LoadFile(const std::string& path, ParseError* error = nullptr);
+    // with BOM. Without a BOM the file is read as UTF-8. A file that cannot be read,
+    // is larger than maxBytes (checked on the open file before anything is read),
+    // does not fit in memory or is not valid UTF-16 fails with a reason naming the
+    // path; a parse error reports line and column in the decoded text.
+    [[nodiscard]] bool LoadFile(const std::string& path, ParseError* error = nullptr,
+                                std::uint64_t maxBytes = UINT64_MAX);
 
     Node root() const;             // the document node (empty only after a move)
     Node documentElement() const;  // the first element child of the root
@@ -184,22 +188,23 @@ public:
     // characters other than tab and LF, and a text made only of whitespace is written
     // as character references. Content nested deeper than 64 levels is written without
     // line breaks, so the text stays linear in size. Parse(Serialize()) gives the same
-    // model.
+    // model, unless it holds characters XML does not allow (control characters other
+    // than tab, LF and CR): their references are refused when read back.
     std::string Serialize() const;
 
-    // Writes Serialize() to path atomically: a temporary file in the same folder,
-    // written, flushed to disk, given the permissions of the existing target (or
-    // 0666 less the umask when there is none), then renamed over the target, and the
-    // folder flushed (best effort: the save has already succeeded then). A symbolic
-    // link is followed: the file it points to is replaced and the link stays.
-    // Returns false and a reason on failure (folder missing or not writable, target
-    // is a folder, disk full ...); the temporary file is then removed and the target
-    // is untouched.
-    //
-    // Fault injection for crash-safety tests: when the environment variable
-    // TABULON_SAVE_FAULT is "after-write", the process calls abort() once the first
-    // half of the data is in the temporary file, so the target must come out intact.
-    [[nodiscard]] bool SaveAtomic(const std::string& path, std::string* reason = nullptr) const;
+    // What the last LoadFile read: the file's identity, size, time and content hash
+    // (unknown after Parse or a failed LoadFile).
+    const FileStamp& fileStamp() const;
+
+    // Writes Serialize() to path with WriteFileAtomically (support/atomic_file.h): a
+    // new file renamed over the target, or the target rewritten in place behind a
+    // backup copy; owner, group, permissions and extended attributes kept; links,
+    // folders, FIFOs, devices, read-only files refused. With expected, the target must
+    // still be that file, unchanged. written receives the stamp of the saved file.
+    // Returns false and a reason on failure; the target is then as it was.
+    [[nodiscard]] bool SaveAtomic(const std::string& path, std::string* reason = nullptr,
+                                  const FileStamp* expected = nullptr,
+                                  FileStamp* written = nullptr) const;
 
 private:
     struct Impl;

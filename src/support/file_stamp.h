@@ -1,0 +1,32 @@
+// What a file was when a document was read from it, so that a later save can tell
+// whether the path still names that file, unchanged.
+#pragma once
+
+#include <sys/stat.h>
+
+#include <cstdint>
+#include <string_view>
+
+namespace tabulon {
+
+struct FileStamp {
+    bool known = false;        // a file was read (false after reading text, not a file)
+    bool throughLink = false;  // the path named it through a symbolic link
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
+    std::uint64_t size = 0;
+    std::int64_t modifiedNs = 0;  // modification time, nanoseconds since the epoch
+    std::uint64_t contentHash = 0;
+
+    // Same file (device and inode), same size and modification time.
+    bool SameFileAs(const struct stat& info) const;
+};
+
+// A 64-bit hash of bytes, to tell contents apart when size and time are equal (not a
+// cryptographic hash: it only has to notice another program's change).
+std::uint64_t ContentHash(std::string_view bytes);
+
+// The stamp of the file described by info, holding content.
+FileStamp StampOf(const struct stat& info, std::string_view content, bool throughLink);
+
+}  // namespace tabulon

@@ -1,0 +1,240 @@
+// Documents made to cost time or memory out of proportion to their size (grids of
+// thousands of headers, tags of 100,000 attributes, one picture under many spellings,
+// thousands of missing pictures, files beyond any sensible size), and texts the XML
+// rules refuse. Each is answered as the rules say, with what a user would see; the
+// time and memory they take are measured by bench/probes.sh, not here.
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "common/control_harness.h"
+#include "common/documents.h"
+
+namespace tabulon::testing {
+namespace {
+
+std::string PlainDocument() {
+    return ReadFileBytes(DataFile("hostile/plain.xml"));
+}
+
+// A document of one node over a layout of the given headers and one value.
+std::string Amplified(int columns, int rows, const std::string& rowType = "TextBox",
+                      const std::string& unitSystem = "ENGLISH") {
+    std::string headers, rowHeaders;
+    for (int c = 0; c < columns; ++c)
+        headers += R"(<ColumnHeader HName="C)" + std::to_string(c) + R"("/>)";
+    for (int r = 0; r < rows; ++r)
+        rowHeaders += Row(rowType, rowType == "UnitNum" ? R"(Unit="FT_TO_M" Format="0.0")" : "");
+    return Doc(R"(<Pnode Name="N1" KeyValue="N1" GridHeaderKey="H" GridValueKey="K" Filter="0"/>)",
+               Header("H", headers, rowHeaders), Column({{"7"}}), unitSystem);
+}
+
+// A document whose nodes carry the given attributes in their order.
+std::string WithNodes(const std::vector<std::string>& nodeAttributes) {
+    std::string tree;
+    for (std::size_t i = 0; i < nodeAttributes.size(); ++i) {
+        tree += R"(<Pnode Name="N" KeyValue="N)" + std::to_string(i) +
+                R"(" GridHeaderKey="H" GridValueKey="K" Filter="0" )" + nodeAttributes[i] + "/>";
+    }
+    return Doc(tree,
+               Header("H", R"(<ColumnHeader HName="A"/><ColumnHeader HName="B"/>)", Row("TextBox")),
+               Column({{"7"}}));
+}
+
+class BoundedDocument : public ControlHarness {
+protected:
+    std::string OnlyMessage() {
+        EXPECT_EQ(sink.messages().size(), 1u);
+        const std::string text = sink.messages().empty() ? "" : sink.messages().front().text;
+        ClearRecords();
+        return text;
+    }
+};
+
+TEST_F(BoundedDocument, GridOfThousandsOfHeadersStoresOnlyWhatItsCellsHold) {
+    for (const std::string system : {"ENGLISH", "METRIC"}) {
+        SCOPED_TRACE(system);
+        NewControl();
+        ASSERT_TRUE(LoadText(Amplified(1000, 1000, "UnitNum", system)));
+        const FlexGrid& grid = form().msgGridView;
+        EXPECT_EQ(grid.rows(), 1001);
+        EXPECT_EQ(grid.cols(), 1000);
+        EXPECT_EQ(grid.textMatrix(0, 999), "C999");
+        EXPECT_EQ(grid.textMatrix(1, 1), system == "METRIC" ? "2.1" : "7.0");
+        EXPECT_EQ(grid.textMatrix(1000, 999), system == "METRIC" ? "0.0" : "");
+        // Headers and the one value; a Metric grid also holds each converted cell.
+        const std::size_t held = system == "METRIC" ? 1000u * 999u + 2000u : 2001u;
+        EXPECT_LE(grid.storedCells(), held);
+    }
+}
+
+TEST_F(BoundedDocument, GridBeyondAMillionCellsFailsBeforeItIsSized) {
+    // The node's layout fails; the load itself does not.
+    EXPECT_TRUE(LoadText(Amplified(2000, 600)));
+    ExpectMessages({Critical("Unexpected Error - 1028")});
+    EXPECT_EQ(form().msgGridView.rows(), 0);
+    EXPECT_EQ(form().msgGridView.storedCells(), 0u);
+}
+
+TEST_F(BoundedDocument, TagOfThousandsOfAttributesGetsTheParsersOwnFirstComplaint) {
+    std::string undeclared, repeated;
+    for (int i = 0; i < 100000; ++i) {
+        undeclared += " a" + std::to_string(i) + "=\"v\"";
+        repeated += " a" + std::to_string(i % 50000) + "=\"v\"";
+    }
+    const struct {
+        std::string attributes, reason;
+    } cases[] = {
+        {undeclared, "No declaration for attribute a0 of element Pnode"},
+        {repeated, "Attribute a0 redefined"},
+        {"Name=\"again\"" + undeclared, "Attribute Name redefined"},
+    };
+    for (const auto& [attributes, reason] : cases) {
+        SCOPED_TRACE(reason);
+        for (const bool fromFile : {false, true}) {
+            const std::string text = WithNodes({attributes});
+            ASSERT_FALSE(fromFile ? LoadPath(TempFile("many.xml", text)) : LoadText(text));
+            const std::string message = OnlyMessage();
+            EXPECT_EQ(message.substr(0, message.find("\r\n")), reason);
+            EXPECT_TRUE(message.ends_with("...")) << message.substr(0, 200);
+            EXPECT_NE(message.find("\r\n<Pnode Name=\"N\" KeyValue=\"N0\""), std::string::npos);
+        }
+    }
+}
+
+TEST_F(BoundedDocument, ContentModelErrorShowsTheLineOfItsElement) {
+    const std::string text =
+        Replaced(Replaced(PlainDocument(), "<GridValues>", "<!--"), "</GridValues>", "-->");
+    ASSERT_FALSE(LoadText(text));
+    ExpectMessages(
+        {Critical("Element GridStructure content does not follow the DTD, Expecting more child\r\n"
+                  "<GridStructure>")});
+}
+
+TEST_F(BoundedDocument, OnePictureUnderManySpellingsIsReadOnceAndKeepsItsPositions) {
+    const std::filesystem::path picture = TempFile("a.png", std::string(4096, 'p'));
+    std::filesystem::create_directory(TempDir() / "x");
+    const std::string folder = TempDir().string();
+    std::vector<std::string> nodes;
+    for (const std::string spelling : {"/a.png", "/./a.png", "/x/../a.png", "//a.png", "/a.png"})
+        nodes.push_back("ImageName=\"" + folder + spelling + "\"");
+    ASSERT_TRUE(LoadText(WithNodes(nodes)));
+    ExpectMessages({});
+    // Four spellings, four positions (the repeated one shares the first), one file.
+    const int positions[] = {1, 2, 3, 4, 1};
+    for (int i = 1; i <= 5; ++i)
+        EXPECT_EQ(form().treTreeView.node(i).image, positions[i - 1]);
+    EXPECT_EQ(form().ilsTreeView.count(), 4);
+    EXPECT_EQ(form().ilsTreeView.bytesHeld(), 4096u);
+}
+
+TEST_F(BoundedDocument, PicturesBeyondTheirCapFailTheImageLoading) {
+    std::vector<std::string> nodes;
+    for (int i = 0; i < 5; ++i) {
+        // Sparse files: 16 MB each to read, nothing to write.
+        const std::filesystem::path path = TempFile("big" + std::to_string(i) + ".png", "");
+        std::filesystem::resize_file(path, kMaxPictureBytes);
+        nodes.push_back("ImageName=\"" + path.string() + "\"");
+    }
+    ASSERT_FALSE(LoadText(WithNodes(nodes)));
+    ExpectMessages({Critical("Unexpected Error - 1026")});
+    EXPECT_LE(form().ilsTreeView.bytesHeld(), kMaxImageListBytes);
+}
+
+TEST_F(BoundedDocument, MissingPicturesAreListedOnceInFirstSeenOrderUnlessContainedInTheList) {
+    std::vector<std::string> nodes;
+    std::string expected;
+    const auto missing = [&](const std::string& path, bool listed) {
+        nodes.push_back("ImageName=\"" + path + "\"");
+        if (listed) expected += path + "\r\n";
+    };
+    missing("/nowhere/xa.png", true);
+    missing("a.png", false);  // occurs in "/nowhere/xa.png"
+    missing("/nowhere/xa.png", false);
+    for (int i = 0; i < 20000; ++i)
+        missing("/nowhere/picture_" + std::to_string(i) + ".png", true);
+    missing("/nowhere/picture_1", false);
+    missing("e_19998.png&#13;&#10;/nowhere/pic", false);  // across two entries
+    ASSERT_TRUE(LoadText(WithNodes(nodes)));
+    ExpectMessages(
+        {Information("There are following images not found in defined location:\r\n" + expected)});
+}
+
+TEST_F(BoundedDocument, DocumentBeyondTheHostsLimitIsRefusedBeforeItIsRead) {
+    EXPECT_EQ(control().MaxDocumentBytes(), std::uint64_t{1} << 30);
+    // A sparse file of 2 GiB: reading it would take seconds and gigabytes.
+    const std::filesystem::path huge = TempFile("huge.xml", "");
+    std::filesystem::resize_file(huge, std::uintmax_t{2} << 30);
+    EXPECT_FALSE(LoadPath(huge));
+    ExpectMessages({Critical("The file " + huge.string() +
+                             " is larger than the largest document accepted (1073741824 bytes)")});
+    ClearRecords();
+
+    const std::string text = PlainDocument();
+    control().SetMaxDocumentBytes(text.size() - 1);
+    EXPECT_FALSE(LoadText(text));
+    ExpectMessages({Critical("Invalid XML")});
+    control().SetMaxDocumentBytes(text.size());
+    EXPECT_TRUE(LoadText(text));
+}
+
+TEST_F(BoundedDocument, RunningOutOfMemoryWhileLoadingIsAFailedLoad) {
+#if defined(__SANITIZE_ADDRESS__)
+    GTEST_SKIP() << "the address sanitizer reserves more address space than the limit allows";
+#else
+    const std::filesystem::path large = TempFile("large.xml", "");
+    std::filesystem::resize_file(large, std::uintmax_t{768} << 20);
+    const pid_t pid = fork();
+    if (pid == 0) {
+        const rlimit limit{rlim_t{512} << 20, rlim_t{512} << 20};
+        setrlimit(RLIMIT_AS, &limit);
+        const bool loaded = LoadPath(large);
+        const bool told = sink.messages().size() == 1 &&
+                          sink.messages()[0].text == "The file " + large.string() +
+                                                         " is too large to load: not enough memory";
+        _exit(!loaded && told ? 0 : 1);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(pid, &status, 0), pid);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
+#endif
+}
+
+TEST_F(BoundedDocument, CharacterReferencesMustNameACharacterXmlAllows) {
+    const std::string plain = PlainDocument();
+    for (const std::string reference :
+         {"&#0;", "&#4294967361;", "&#x110000;", "&#xD800;", "&#;", "&#65", "&#x;", "&#12a;"}) {
+        SCOPED_TRACE(reference);
+        const std::string text = Replaced(plain, "Plant North", "Plant" + reference + "North");
+        EXPECT_FALSE(LoadText(text));
+        ExpectMessages({Critical("Invalid XML")});
+        ClearRecords();
+        EXPECT_FALSE(LoadPath(TempFile("reference.xml", text)));
+        ExpectMessages(
+            {Critical("Invalid character reference \"" + reference + "\" at line 4, column 23")});
+        ClearRecords();
+    }
+    // In a comment a reference is only text.
+    EXPECT_TRUE(LoadText(Replaced(plain, "small valid", "&#0; small valid")));
+    for (const std::string reference : {"&#65;", "&#x41;", "&#x1F600;"}) {
+        ASSERT_TRUE(LoadText(Replaced(plain, "Plant North", "Plant" + reference)));
+        EXPECT_NE(form().treTreeView.node(1).text, "Plant");
+    }
+}
+
+TEST_F(BoundedDocument, BlankCellValueKeepsItsBlanksThroughLoadAndSave) {
+    const std::string text = Replaced(PlainDocument(), ">CAFE-2<", "> \t <");
+    const std::filesystem::path path = TempFile("blank.xml", text);
+    ASSERT_TRUE(LoadPath(path));
+    form().treTreeView.userClickNode(2);
+    EXPECT_EQ(form().msgGridView.textMatrix(1, 1), " \t ");
+    form().cmdOK.userClick();
+    ExpectMessages({});
+    ASSERT_TRUE(LoadPath(path));
+    form().treTreeView.userClickNode(2);
+    EXPECT_EQ(form().msgGridView.textMatrix(1, 1), " \t ");
+}
+
+}  // namespace
+}  // namespace tabulon::testing
