@@ -44,6 +44,13 @@ int TreeView::add(const std::string& relativeKey, const std::string& key, const 
     return index;
 }
 
+void TreeView::reserve(int count) {
+    if (count <= 0) return;
+    nodes_.reserve(static_cast<std::size_t>(count));
+    children_.reserve(static_cast<std::size_t>(count) + 1);
+    byKey_.reserve(static_cast<std::size_t>(count));
+}
+
 void TreeView::clear() {
     if (nodes_.empty() && selected_ == 0) return;
     nodes_.clear();

@@ -45,6 +45,8 @@ public:
     int add(const std::string& relativeKey, const std::string& key, const std::string& text,
             int image);
     void clear();  // removes every node; the selection becomes none
+    // Room for count nodes in all, so that adding that many allocates once.
+    void reserve(int count);
 
     // Changes the flag only (code collapsing raises nothing and keeps the selection).
     void setExpanded(int index, bool expanded);

@@ -1,6 +1,7 @@
 #include "view/missing_pictures.h"
 
 #include <cstring>
+#include <functional>
 
 namespace tabulon {
 
@@ -15,8 +16,17 @@ std::uint64_t PieceAt(std::string_view text, std::size_t at) {
 }  // namespace
 
 void MissingPictures::Add(std::string_view path) {
-    if (!asked_.emplace(path).second) return;
-    if (Occurs(path)) return;
+    const std::uint64_t key = std::hash<std::string_view>()(path);
+    const auto asked = asked_.find(key);
+    if (asked != asked_.end() && asked->second.length == path.size() &&
+        std::string_view(text_).substr(asked->second.offset, path.size()) == path) {
+        return;
+    }
+    std::size_t at = Find(path);
+    if (at == std::string_view::npos) at = text_.size();
+    // A path asked about is somewhere in the text from now on: remember where.
+    asked_.emplace(key, Span{at, path.size()});
+    if (at < text_.size()) return;
     const std::size_t from = text_.size();
     text_.append(path);
     text_.append("\r\n");
@@ -36,14 +46,14 @@ void MissingPictures::Add(std::string_view path) {
     }
 }
 
-bool MissingPictures::Occurs(std::string_view path) const {
-    if (text_.empty()) return false;
+std::size_t MissingPictures::Find(std::string_view path) const {
+    if (text_.empty()) return std::string_view::npos;
     if (path.size() >= kPiece && !pieces_.empty()) {
         for (std::size_t at = 0; at + kPiece <= path.size(); ++at) {
-            if (!Marked(PieceAt(path, at))) return false;
+            if (!Marked(PieceAt(path, at))) return std::string_view::npos;
         }
     }
-    return std::string_view(text_).find(path) != std::string_view::npos;
+    return std::string_view(text_).find(path);
 }
 
 void MissingPictures::AddPieces(std::size_t from) {

@@ -49,6 +49,25 @@ std::int16_t PathPosition(MessageSink& sink,
     return static_cast<std::int16_t>(found->second);
 }
 
+// The nodes below root, at any depth: the tree records to make room for.
+std::size_t CountDescendants(xml::Node root) {
+    std::size_t count = 0;
+    xml::Node at = root.firstChild();
+    while (at) {
+        ++count;
+        if (const xml::Node child = at.firstChild()) {
+            at = child;
+            continue;
+        }
+        while (!at.nextSibling()) {
+            at = at.parent();
+            if (at == root) return count;
+        }
+        at = at.nextSibling();
+    }
+    return count;
+}
+
 void StoreAttribute(TreeNodeInfo& node, std::string_view name, std::string_view value) {
     if (name == "Name") {
         node.Name = value;
@@ -78,7 +97,10 @@ void StepLevel(DocumentModel& doc, int delta) {
 
 bool BuildTree(ControlCore& core, xml::Node treeStructure) {
     DocumentModel& doc = core.doc;
-    doc.udtTreeNodes.assign(1, TreeNodeInfo{});
+    doc.udtTreeNodes.clear();
+    doc.udtTreeNodes.shrink_to_fit();
+    doc.udtTreeNodes.reserve(CountDescendants(treeStructure) + 1);  // one allocation
+    doc.udtTreeNodes.emplace_back();
     doc.intTreeLevel = 0;
     for (xml::Node pnode = treeStructure.firstChild(); pnode; pnode = pnode.nextSibling()) {
         if (!ReadTreeNode(core, pnode)) return false;
@@ -184,6 +206,7 @@ bool FillTreeView(ControlCore& core) {
         TreeView& tree = core.form.treTreeView;
         if (doc.blnTreeImages) tree.setImageList(&core.form.ilsTreeView);
         tree.clear();
+        tree.reserve(doc.treeRecordCount());
         // The key of the node added last at each depth, indexed by depth + 1.
         std::vector<std::optional<std::string>> lastKeyAt;
         const int records = doc.treeRecordCount();
