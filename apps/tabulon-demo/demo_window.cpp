@@ -232,6 +232,8 @@ void DemoWindow::connectSignals() {
         if (designSettings_ != nullptr) designSettings_->recordChanged(*spreadsheet_);
     });
     connect(w, &SpreadsheetWidget::ProblemCountChanged, this, &DemoWindow::showProblemCount);
+    connect(w, &SpreadsheetWidget::SaveFailed, this,
+            [this](const QString& reason) { log_->note(QStringLiteral("SaveFailed: ") + reason); });
 }
 
 void DemoWindow::showMessage(MessageIcon icon, const QString& text) {
