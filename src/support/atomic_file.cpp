@@ -15,6 +15,7 @@
 #include <string_view>
 #include <utility>
 
+#include "support/descriptor.h"
 #include "support/file_attributes.h"
 
 // Test builds define this (tests/reliability): called while a new file is written,
@@ -38,26 +39,6 @@ bool Fail(std::string* reason, std::string text) {
     if (reason != nullptr) *reason = std::move(text);
     return false;
 }
-
-// Closes a descriptor when the scope ends.
-class Descriptor {
-public:
-    explicit Descriptor(int fd) : fd_(fd) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor() {
-        if (fd_ >= 0) ::close(fd_);
-    }
-    int get() const { return fd_; }
-    int close() {
-        const int result = ::close(fd_);
-        fd_ = -1;
-        return result == 0 ? 0 : errno;
-    }
-
-private:
-    int fd_;
-};
 
 // The process umask without changing it where /proc tells it; otherwise by the
 // set-and-restore call, serialised so that two saves never see each other's 0.

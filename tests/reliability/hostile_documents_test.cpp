@@ -16,6 +16,7 @@
 
 #include "common/control_harness.h"
 #include "document/validate_document_text.h"
+#include "support/descriptor.h"
 #include "support/text.h"
 #include "support/utf8.h"
 
@@ -40,21 +41,6 @@ std::string SourceExcerpt(const std::string& message) {
     const std::size_t at = message.find("\r\n");
     return at == std::string::npos ? std::string() : message.substr(at + 2);
 }
-
-// Closes a descriptor when the test ends.
-class Descriptor {
-public:
-    explicit Descriptor(int fd) : fd_(fd) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor() {
-        if (fd_ >= 0) ::close(fd_);
-    }
-    int get() const { return fd_; }
-
-private:
-    int fd_;
-};
 
 class HostileDocument : public ControlHarness {
 protected:
