@@ -27,7 +27,6 @@ namespace tabulon {
 
 namespace {
 
-constexpr mode_t kPermissionBits = 07777;
 constexpr std::string_view kTemporaryMark = ".tabulon-";
 constexpr std::size_t kTemporarySuffix = 6;  // the XXXXXX of mkostemp
 
