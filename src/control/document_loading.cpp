@@ -60,7 +60,7 @@ xml::Document& NewDocument(ControlCore& core) {
 
 // After memory ran out half way: an empty document, as after a parse failure.
 void DropDocument(DocumentModel& doc) {
-    if (doc.objXMLDoc) doc.objXMLDoc->Parse("");
+    doc.objXMLDoc = std::make_unique<xml::Document>();
 }
 
 // After a successful ProcessDocument: the grid takes input, the filter when there are rows.

@@ -251,15 +251,15 @@ void SpreadsheetWidget::setXML(const QString& value) {
 }
 
 qulonglong SpreadsheetWidget::MaxDocumentBytes() const {
-    return control_->MaxDocumentBytes();
+    return d_->control_->MaxDocumentBytes();
 }
 
 void SpreadsheetWidget::setMaxDocumentBytes(qulonglong bytes) {
-    control_->SetMaxDocumentBytes(bytes);
+    d_->control_->SetMaxDocumentBytes(bytes);
 }
 
 QString SpreadsheetWidget::LastSaveError() const {
-    return ToQString(control_->LastSaveError());
+    return ToQString(d_->control_->LastSaveError());
 }
 
 QString SpreadsheetWidget::FilterValue() const {

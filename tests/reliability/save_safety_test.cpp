@@ -18,6 +18,7 @@
 
 #include "common/control_harness.h"
 #include "platform/property_bag.h"
+#include "session/json_file_property_bag.h"
 #include "support/failure.h"
 
 namespace tabulon::testing {

@@ -19,6 +19,7 @@
 #include "platform/xml/text_encoding.h"
 #include "platform/xml/text_lines.h"
 #include "support/atomic_file.h"
+#include "support/file_stamp.h"
 
 namespace tabulon::xml {
 

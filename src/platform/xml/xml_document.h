@@ -28,7 +28,9 @@
 #include <string_view>
 #include <vector>
 
-#include "support/file_stamp.h"
+namespace tabulon {
+struct FileStamp;  // support/file_stamp.h
+}  // namespace tabulon
 
 namespace tabulon::xml {
 
