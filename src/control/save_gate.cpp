@@ -22,10 +22,12 @@ constexpr std::string_view kValidationMessage =
 // Only records before the last one are searched, on purpose: a cell bound to the
 // last tree node blocks saving but the view does not move to it.
 void MoveToCell(ControlCore& core, const InvalidCell& cell) {
-    const std::vector<TreeNodeInfo>& records = core.doc.udtTreeNodes;
+    const TreeRecords& records = core.doc.udtTreeNodes;
     const int searched = core.doc.treeRecordCount() - 1;
     for (int n = 0; n < searched; ++n) {
-        if (records[static_cast<std::size_t>(n)].GridValueKey != cell.key) continue;
+        if (records.text(static_cast<std::size_t>(n), TreeField::GridValueKey) != cell.key) {
+            continue;
+        }
         TreeView& tree = core.form.treTreeView;
         tree.setSelectedIndex(n + 1);
         SelectTreeNode(core, tree.selectedIndex());

@@ -11,23 +11,11 @@
 
 #include "document/cell_values_index.h"
 #include "document/editor_kind.h"
+#include "document/tree_records.h"
 #include "platform/xml/xml_document.h"
 #include "support/file_stamp.h"
 
 namespace tabulon {
-
-// One tree node as read from a Pnode/Cnode.
-struct TreeNodeInfo {
-    std::string Name;
-    std::string KeyValue;
-    std::string ImageName;  // after image loading: the 1-based image index as text, or ""
-    std::string GridHeaderKey;
-    std::string GridValueKey;
-    std::int16_t Filter = 0;
-    std::string FilterCaption;
-    std::string FilterProperty;
-    std::int16_t Level = 0;
-};
 
 // Editing rules of one grid row, from its RowHeader.
 struct RowInfo {
@@ -104,7 +92,7 @@ struct DocumentModel {
     std::vector<xml::Node> arrGridValueNodes;
 
     // Tree records in document pre-order, always with one spare record at the end.
-    std::vector<TreeNodeInfo> udtTreeNodes;
+    TreeRecords udtTreeNodes;
     TreeNodeInfo udtCurrentNode;  // never cleared between nodes: attributes inherit
     std::int16_t intTreeLevel = 0;
     bool blnTreeImages = false;  // not reset by a new load

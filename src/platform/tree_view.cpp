@@ -8,20 +8,30 @@ void TreeView::checkIndex(int index) const {
     if (index < 1 || index > count()) throw InvalidArgumentFailure("Index out of bounds");
 }
 
-const TreeNode& TreeView::node(int index) const {
+TreeNode TreeView::node(int index) const {
     checkIndex(index);
-    return nodes_[static_cast<std::size_t>(index - 1)];
+    const Entry& at = entry(index);
+    return TreeNode{std::string(texts_.view(at.key)),
+                    std::string(texts_.view(at.text)),
+                    at.image,
+                    at.parent,
+                    at.expanded,
+                    at.problems};
 }
 
 int TreeView::indexOf(const std::string& key) const {
     if (key.empty()) return 0;
-    const auto it = byKey_.find(key);
-    return it == byKey_.end() ? 0 : it->second;
+    return byKey_.find(key, [this](int index) { return keyAt(index); });
 }
 
-const std::vector<int>& TreeView::children(int index) const {
+std::vector<int> TreeView::children(int index) const {
     if (index != 0) checkIndex(index);
-    return children_[static_cast<std::size_t>(index)];
+    std::vector<int> list;
+    for (int child = index == 0 ? firstRoot_ : entry(index).firstChild; child != 0;
+         child = entry(child).nextSibling) {
+        list.push_back(child);
+    }
+    return list;
 }
 
 int TreeView::add(const std::string& relativeKey, const std::string& key, const std::string& text,
@@ -31,30 +41,41 @@ int TreeView::add(const std::string& relativeKey, const std::string& key, const 
         parent = indexOf(relativeKey);
         if (parent == 0) throw InvalidArgumentFailure("Element not found: " + relativeKey);
     }
-    if (!key.empty() && byKey_.count(key) != 0) {
-        throw InvalidArgumentFailure("Key is not unique in collection: " + key);
-    }
+    if (indexOf(key) != 0) throw InvalidArgumentFailure("Key is not unique in collection: " + key);
     if (image < 0) throw InvalidArgumentFailure("Invalid image index");
-    nodes_.push_back(TreeNode{key, text, image, parent, false});
+    Entry added;
+    added.key = texts_.add(key);
+    added.text = texts_.add(text);
+    added.image = image;
+    added.parent = parent;
+    nodes_.push_back(added);
     const int index = count();
-    children_.emplace_back();
-    children_[static_cast<std::size_t>(parent)].push_back(index);
-    if (!key.empty()) byKey_.emplace(key, index);
+    int& last = parent == 0 ? lastRoot_ : nodes_[static_cast<std::size_t>(parent - 1)].lastChild;
+    if (last == 0) {
+        (parent == 0 ? firstRoot_ : nodes_[static_cast<std::size_t>(parent - 1)].firstChild) =
+            index;
+    } else {
+        nodes_[static_cast<std::size_t>(last - 1)].nextSibling = index;
+    }
+    last = index;
+    if (!key.empty()) byKey_.insert(index, [this](int at) { return keyAt(at); });
     Notify(Change::Content, index);
     return index;
 }
 
-void TreeView::reserve(int count) {
+void TreeView::reserve(int count, std::size_t textBytes) {
     if (count <= 0) return;
     nodes_.reserve(static_cast<std::size_t>(count));
-    children_.reserve(static_cast<std::size_t>(count) + 1);
-    byKey_.reserve(static_cast<std::size_t>(count));
+    texts_.reserve(textBytes);
+    byKey_.reserve(static_cast<std::size_t>(count), [this](int at) { return keyAt(at); });
 }
 
 void TreeView::clear() {
     if (nodes_.empty() && selected_ == 0) return;
-    nodes_.clear();
-    children_.assign(1, {});
+    std::vector<Entry>().swap(nodes_);
+    firstRoot_ = 0;
+    lastRoot_ = 0;
+    texts_.clear();
     byKey_.clear();
     selected_ = 0;
     Notify(Change::Content);
@@ -62,7 +83,7 @@ void TreeView::clear() {
 
 void TreeView::setExpanded(int index, bool expanded) {
     checkIndex(index);
-    TreeNode& target = nodes_[static_cast<std::size_t>(index - 1)];
+    Entry& target = nodes_[static_cast<std::size_t>(index - 1)];
     if (target.expanded == expanded) return;
     target.expanded = expanded;
     Notify(Change::Content, index);
@@ -71,7 +92,7 @@ void TreeView::setExpanded(int index, bool expanded) {
 void TreeView::setProblemCount(int index, int count) {
     checkIndex(index);
     if (count < 0) throw InvalidArgumentFailure("Invalid property value");
-    TreeNode& target = nodes_[static_cast<std::size_t>(index - 1)];
+    Entry& target = nodes_[static_cast<std::size_t>(index - 1)];
     if (target.problems == count) return;
     target.problems = count;
     Notify(Change::Content, index);
@@ -98,7 +119,7 @@ void TreeView::setImageList(const ImageList* list) {
 }
 
 bool TreeView::isAncestor(int ancestor, int node) const {
-    for (int p = this->node(node).parent; p != 0; p = this->node(p).parent) {
+    for (int p = entry(node).parent; p != 0; p = entry(p).parent) {
         if (p == ancestor) return true;
     }
     return false;
@@ -113,7 +134,7 @@ void TreeView::userClickNode(int index) {
 
 void TreeView::userCollapse(int index) {
     checkIndex(index);
-    if (!acceptsInput() || !node(index).expanded) return;
+    if (!acceptsInput() || !entry(index).expanded) return;
     setExpanded(index, false);
     if (selected_ != 0 && isAncestor(index, selected_)) setSelectedIndex(index);
     Raise(onCollapse, index);

@@ -96,11 +96,14 @@ void CountProblems(ControlCore& core) {
     const std::vector<std::string>& headers = core.doc.arrGridHeaderKeys;
     const std::unordered_set<std::string> layouts(headers.begin(), headers.end());
     TreeView& tree = core.form.treTreeView;
+    const TreeRecords& records = core.doc.udtTreeNodes;
+    std::string key;
     for (int n = 1; n <= core.doc.treeRecordCount() && n <= tree.count(); ++n) {
-        const TreeNodeInfo& record = core.doc.udtTreeNodes[static_cast<std::size_t>(n - 1)];
-        if (!layouts.contains(record.GridHeaderKey)) continue;
-        problems.addNode(record.GridValueKey, n);
-        tree.setProblemCount(n, problems.countFor(record.GridValueKey));
+        const auto i = static_cast<std::size_t>(n - 1);
+        if (!layouts.contains(std::string(records.text(i, TreeField::GridHeaderKey)))) continue;
+        key = records.text(i, TreeField::GridValueKey);
+        problems.addNode(key, n);
+        tree.setProblemCount(n, problems.countFor(key));
     }
     problems.changed();
 }

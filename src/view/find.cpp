@@ -214,17 +214,20 @@ std::vector<FindHit> FindInTree(ControlCore& core, std::string_view text,
     std::map<std::pair<std::string, std::string>, std::vector<CellMatch>> searched;
     const DocumentModel& doc = core.doc;
     const int nodes = std::min(doc.treeRecordCount(), core.form.treTreeView.count());
+    const TreeRecords& records = doc.udtTreeNodes;
     for (int n = 1; n <= nodes; ++n) {
-        const TreeNodeInfo& record = doc.udtTreeNodes[static_cast<std::size_t>(n - 1)];
-        auto grid = searched.find({record.GridHeaderKey, record.GridValueKey});
+        const auto i = static_cast<std::size_t>(n - 1);
+        std::pair<std::string, std::string> shown(records.text(i, TreeField::GridHeaderKey),
+                                                  records.text(i, TreeField::GridValueKey));
+        auto grid = searched.find(shown);
         if (grid == searched.end()) {
-            grid = searched
-                       .emplace(std::pair(record.GridHeaderKey, record.GridValueKey),
-                                search.Search(record.GridHeaderKey, record.GridValueKey))
-                       .first;
+            std::vector<CellMatch> matches = search.Search(shown.first, shown.second);
+            grid = searched.emplace(std::move(shown), std::move(matches)).first;
         }
-        for (const CellMatch& match : grid->second)
-            hits.push_back({n, record.KeyValue, match.row, match.col, match.text});
+        for (const CellMatch& match : grid->second) {
+            hits.push_back({n, std::string(records.text(i, TreeField::KeyValue)), match.row,
+                            match.col, match.text});
+        }
     }
     return hits;
 }

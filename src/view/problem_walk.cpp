@@ -34,8 +34,9 @@ Viewer ViewerOf(ControlCore& core, const std::string& key) {
     const int selected = core.form.treTreeView.selectedIndex();
     const bool onScreen = std::find(nodes.begin(), nodes.end(), selected) != nodes.end();
     const int node = onScreen ? selected : nodes.front();
-    const TreeNodeInfo& record = core.doc.udtTreeNodes.at(static_cast<std::size_t>(node - 1));
-    return {node, FindLayout(core.doc, record.GridHeaderKey)};
+    const std::string layout(
+        core.doc.udtTreeNodes.text(static_cast<std::size_t>(node - 1), TreeField::GridHeaderKey));
+    return {node, FindLayout(core.doc, layout)};
 }
 
 // Whether the viewer's grid shows row i (from 0) of column, a CellValues of GridValue

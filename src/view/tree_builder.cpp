@@ -98,9 +98,8 @@ void StepLevel(DocumentModel& doc, int delta) {
 bool BuildTree(ControlCore& core, xml::Node treeStructure) {
     DocumentModel& doc = core.doc;
     doc.udtTreeNodes.clear();
-    doc.udtTreeNodes.shrink_to_fit();
     doc.udtTreeNodes.reserve(CountDescendants(treeStructure) + 1);  // one allocation
-    doc.udtTreeNodes.emplace_back();
+    doc.udtTreeNodes.push_back(TreeNodeInfo{});
     doc.intTreeLevel = 0;
     for (xml::Node pnode = treeStructure.firstChild(); pnode; pnode = pnode.nextSibling()) {
         if (!ReadTreeNode(core, pnode)) return false;
@@ -110,6 +109,7 @@ bool BuildTree(ControlCore& core, xml::Node treeStructure) {
         }
     }
     if (!LoadTreeImages(core)) return false;
+    doc.udtTreeNodes.trim();
     return FillTreeView(core);
 }
 
@@ -127,8 +127,8 @@ bool ReadTreeNode(ControlCore& core, xml::Node element) {
         }
         current.Level = doc.intTreeLevel;
         if (current.GridHeaderKey.empty()) current.GridValueKey.clear();
-        doc.udtTreeNodes.back() = current;
-        doc.udtTreeNodes.emplace_back();
+        doc.udtTreeNodes.set(doc.udtTreeNodes.size() - 1, current);
+        doc.udtTreeNodes.push_back(TreeNodeInfo{});
         return true;
     });
 }
@@ -160,19 +160,19 @@ bool LoadTreeImages(ControlCore& core) {
         // The picture of each file already read, under any spelling of its path.
         std::unordered_map<FileIdentity, int, FileIdentityHash> files;
         MissingPictures missing;
-        const int records = doc.treeRecordCount();
-        for (int i = 0; i < records; ++i) {
-            TreeNodeInfo& record = doc.udtTreeNodes[static_cast<std::size_t>(i)];
-            const std::string path = record.ImageName;
+        TreeRecords& records = doc.udtTreeNodes;
+        const auto count = static_cast<std::size_t>(doc.treeRecordCount());
+        for (std::size_t i = 0; i < count; ++i) {
+            const std::string path(records.text(i, TreeField::ImageName));
             if (path.empty()) continue;
             const std::int16_t position = PathPosition(core.sink, positions, path);
             if (position >= 1) {
-                record.ImageName = std::to_string(position);
+                records.setText(i, TreeField::ImageName, std::to_string(position));
                 continue;
             }
             const std::optional<FileIdentity> file = RegularFileIdentity(path);
             if (!file) {
-                record.ImageName.clear();
+                records.setText(i, TreeField::ImageName, "");
                 missing.Add(path);
                 continue;
             }
@@ -190,7 +190,7 @@ bool LoadTreeImages(ControlCore& core) {
                 images.set(index, images.loader()(path));
                 files.emplace(*file, index);
             }
-            record.ImageName = std::to_string(index);
+            records.setText(i, TreeField::ImageName, std::to_string(index));
             doc.blnTreeImages = true;
         }
         if (!missing.text().empty()) {
@@ -206,25 +206,36 @@ bool FillTreeView(ControlCore& core) {
         TreeView& tree = core.form.treTreeView;
         if (doc.blnTreeImages) tree.setImageList(&core.form.ilsTreeView);
         tree.clear();
-        tree.reserve(doc.treeRecordCount());
+        const TreeRecords& records = doc.udtTreeNodes;
+        const auto count = static_cast<std::size_t>(doc.treeRecordCount());
+        std::size_t textBytes = 0;
+        for (std::size_t i = 0; i < count; ++i) {
+            textBytes += TextPool::Footprint(records.text(i, TreeField::KeyValue)) +
+                         TextPool::Footprint(records.text(i, TreeField::Name));
+        }
+        tree.reserve(doc.treeRecordCount(), textBytes);
         // The key of the node added last at each depth, indexed by depth + 1.
         std::vector<std::optional<std::string>> lastKeyAt;
-        const int records = doc.treeRecordCount();
-        for (int i = 0; i < records; ++i) {
-            const TreeNodeInfo& record = doc.udtTreeNodes[static_cast<std::size_t>(i)];
-            const int image = record.ImageName.empty() ? 0 : ReadInt32(record.ImageName);
-            if (record.Level == 0) {
-                tree.add("", record.KeyValue, record.Name, image);
+        std::string key;
+        std::string name;
+        for (std::size_t i = 0; i < count; ++i) {
+            const std::string_view imageName = records.text(i, TreeField::ImageName);
+            const int image = imageName.empty() ? 0 : ReadInt32(imageName);
+            const std::int16_t recordLevel = records.level(i);
+            key = records.text(i, TreeField::KeyValue);
+            name = records.text(i, TreeField::Name);
+            if (recordLevel == 0) {
+                tree.add("", key, name, image);
             } else {
-                const auto level = static_cast<std::size_t>(record.Level);
-                if (record.Level < 0 || level >= lastKeyAt.size() || !lastKeyAt[level]) {
+                const auto level = static_cast<std::size_t>(recordLevel);
+                if (recordLevel < 0 || level >= lastKeyAt.size() || !lastKeyAt[level]) {
                     throw InvalidArgumentFailure("Invalid procedure call or argument");
                 }
-                tree.add(*lastKeyAt[level], record.KeyValue, record.Name, image);
+                tree.add(*lastKeyAt[level], key, name, image);
             }
-            const auto slot = static_cast<std::size_t>(record.Level) + 1;
+            const auto slot = static_cast<std::size_t>(recordLevel) + 1;
             if (lastKeyAt.size() <= slot) lastKeyAt.resize(slot + 1);
-            lastKeyAt[slot] = record.KeyValue;
+            lastKeyAt[slot] = key;
         }
         if (tree.count() >= 2) tree.setExpanded(1, true);
         return true;

@@ -141,11 +141,11 @@ bool MetricDocument(const DocumentModel& doc) {
 }
 
 // The keys of the node selected in the tree, as the control read them.
-const TreeNodeInfo* SelectedRecord(const Generic_SP_Control& control) {
+std::optional<TreeNodeInfo> SelectedRecord(const Generic_SP_Control& control) {
     const int selected = FormOf(control).treTreeView.selectedIndex();
     const DocumentModel& doc = CoreOf(control).doc;
-    if (selected < 1 || selected > doc.treeRecordCount()) return nullptr;
-    return &doc.udtTreeNodes[static_cast<std::size_t>(selected - 1)];
+    if (selected < 1 || selected > doc.treeRecordCount()) return std::nullopt;
+    return doc.udtTreeNodes[static_cast<std::size_t>(selected - 1)];
 }
 
 // --- limits of a unit cell
@@ -295,8 +295,8 @@ Problems CheckGridAgainstDocument(const Generic_SP_Control& control) {
     Problems problems;
     const DocumentModel& doc = CoreOf(control).doc;
     if (!doc.blnGridLoaded) return problems;
-    const TreeNodeInfo* record = SelectedRecord(control);
-    if (record == nullptr) return {"a grid is shown but no tree node is selected"};
+    const std::optional<TreeNodeInfo> record = SelectedRecord(control);
+    if (!record) return {"a grid is shown but no tree node is selected"};
     if (doc.strCurrentHeaderKey != record->GridHeaderKey ||
         doc.strCurrentValueKey != record->GridValueKey) {
         problems.push_back("the grid shows keys " + Quoted(doc.strCurrentHeaderKey) + "/" +
