@@ -20,8 +20,10 @@
 
 // Test builds define this (tests/reliability): called while a new file is written,
 // with the bytes written so far and the total, so that a test can stop the process
-// there. Shipped builds do not have it.
-extern "C" __attribute__((weak)) void TabulonSaveFaultPoint(std::size_t written, std::size_t total);
+// there. Shipped builds do not have it, and the reference is hidden: only an object
+// linked into the program can define it, never a library loaded at run time.
+extern "C" __attribute__((weak, visibility("hidden"))) void TabulonSaveFaultPoint(
+    std::size_t written, std::size_t total);
 
 namespace tabulon {
 
