@@ -4,10 +4,10 @@
 #include <climits>
 #include <cstdint>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include "document/dtd.h"
+#include "support/key_index.h"
 
 namespace tabulon {
 
@@ -305,9 +305,7 @@ private:
                     break;
                 case AttributeType::Id:
                     idBytes_ += value.size() + 1;
-                    if (!PlainName(value) || idBytes_ > kMaxIdBytes || !ids_.insert(value).second) {
-                        return false;
-                    }
+                    if (!PlainName(value) || idBytes_ > kMaxIdBytes || !NewId(value)) return false;
                     break;
             }
         }
@@ -316,6 +314,17 @@ private:
                 return false;
             }
         }
+        return true;
+    }
+
+    // Whether value is an ID not seen before (it is remembered).
+    bool NewId(std::string_view value) {
+        const auto idAt = [this](int position) {
+            return idList_[static_cast<std::size_t>(position - 1)];
+        };
+        if (idIndex_.find(value, idAt) != 0) return false;
+        idList_.push_back(value);
+        idIndex_.insert(static_cast<int>(idList_.size()), idAt);
         return true;
     }
 
@@ -377,7 +386,9 @@ private:
     }
 
     Rules& rules_;
-    std::unordered_set<std::string_view> ids_;
+    // The IDs seen, found by an index of their places in the list.
+    std::vector<std::string_view> idList_;
+    KeyIndex idIndex_;
     std::size_t idBytes_ = 0;
     std::uint64_t size_ = 0;  // more than the serialised text can take
 };
