@@ -40,7 +40,8 @@ namespace tabulon {
 // expected: the target as it was read (nullptr: no such condition). written: when
 // given, receives the stamp of the file as saved (to be the expected stamp of the
 // next save).
-[[nodiscard]] bool WriteFileAtomically(const std::string& path, std::string_view data, std::string* reason,
-                         const FileStamp* expected = nullptr, FileStamp* written = nullptr);
+[[nodiscard]] bool WriteFileAtomically(const std::string& path, std::string_view data,
+                                       std::string* reason, const FileStamp* expected = nullptr,
+                                       FileStamp* written = nullptr);
 
 }  // namespace tabulon
