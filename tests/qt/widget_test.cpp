@@ -231,6 +231,8 @@ TEST_F(WidgetBehaviour, EditStateSignalsFollowEditsUndoAndSaving) {
     EXPECT_FALSE(widget().property("ProtectiveEditing").toBool());
     EXPECT_TRUE(widget().setProperty("ProtectiveEditing", true));
     EXPECT_TRUE(widget().control().ProtectiveEditing());
+}
+
 TEST_F(WidgetBehaviour, ARefusedSaveSignalsItsReasonAfterTheMessage) {
     const std::string path = SampleCopy("english.xml");
     ASSERT_TRUE(Load(path));
