@@ -1,8 +1,8 @@
 #include "view/grid_export.h"
 
-#include <fstream>
 #include <string>
 
+#include "support/atomic_file.h"
 #include "support/failure.h"
 #include "units/conversion_table.h"
 #include "view/unit_codes.h"
@@ -68,9 +68,11 @@ int ExportGridsAsCsv(ControlCore& core, const std::filesystem::path& folder) {
         tree.userClickNode(index);
         if (!core.doc.blnGridLoaded) continue;
         const std::filesystem::path file = folder / FileName(index, tree.node(index).key);
-        std::ofstream stream(file, std::ios::binary);
-        stream << ToCsv(ShownGridTable(core)) << "\r\n";
-        if (!stream.flush()) throw RuntimeFailure("cannot write \"" + file.string() + "\"");
+        // A file exported before is replaced as a document is saved: never through a link
+        // or over a read-only file, never left half written.
+        std::string reason;
+        if (!WriteFileAtomically(file.string(), ToCsv(ShownGridTable(core)) + "\r\n", &reason))
+            throw RuntimeFailure(reason);
         ++written;
     }
     if (shown >= 1 && shown <= tree.count()) tree.userClickNode(shown);

@@ -10,6 +10,9 @@
 //   row (UnitNum) carries its unit after the caption, "Flow (gpm)", in the document's
 //   unit system, as its cells show their values. Cells as shown, hidden columns
 //   included. CRLF line ends.
+// - A file of that name already there is replaced as a saved document is
+//   (support/atomic_file.h): whole or not at all, its owner and mode kept; a read-only
+//   file, a folder, a FIFO or a device in its place is refused.
 // - The nodes are shown one after the other (the open editor is committed first, as
 //   when the user selects a node) and the node shown before is shown again at the end.
 #pragma once

@@ -62,6 +62,21 @@ TEST(TabulonCli, ExportWritesEveryGridAsShown) {
               "Ceiling height,3.05(m),3.05(m)\r\n");
     EXPECT_TRUE(std::filesystem::exists(dir.path() / "out" / "000004_UTILITIES.csv"));
     EXPECT_EQ(RunTool("export samples/metric.xml").status, 2);
+
+    // Exported again, the files are replaced as a document is saved: a file keeps its
+    // permissions, a read-only one is refused and left as it was.
+    using std::filesystem::perms;
+    const std::string replaced = dir.write("out/000001_SUITE.csv", "old");
+    std::filesystem::permissions(replaced, perms::owner_read | perms::owner_write);
+    const std::string kept = dir.write("out/000004_UTILITIES.csv", "old");
+    std::filesystem::permissions(kept, perms::owner_read | perms::group_read);
+    const ToolRun again = RunTool("export samples/metric.xml --csv " + dir.file("out"));
+    EXPECT_EQ(again.status, 1);
+    EXPECT_EQ(again.err, "Cannot save " + kept + ": the file is read-only\n");
+    EXPECT_EQ(ReadFileBytes(replaced), suite);
+    EXPECT_EQ(std::filesystem::status(replaced).permissions(),
+              perms::owner_read | perms::owner_write);
+    EXPECT_EQ(ReadFileBytes(kept), "old");
 }
 
 TEST(TabulonCli, UsageErrorsExitWithTwoAndAUsageLine) {
