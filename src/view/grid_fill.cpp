@@ -39,8 +39,6 @@ namespace tabulon {
 
 namespace {
 
-constexpr std::int64_t kMaxInt16 = 32767;
-
 // Every attribute of element in document order. A node without an attribute list
 // (not an element) is a run-time failure, as reading its attributes would be.
 template <class Visit>
@@ -122,12 +120,7 @@ bool FillGridHeaders(ControlCore& core, const std::string& key) {
 
         // A layout too large for the grid (or for the 16-bit row and column numbers) is
         // refused before anything is sized.
-        const std::int64_t rowCount = static_cast<std::int64_t>(rows.size()) + 1;
-        const auto colCount = static_cast<std::int64_t>(cols.size());
-        if (rowCount > kMaxInt16 || colCount > kMaxInt16 ||
-            !FlexGrid::Representable(rowCount, colCount)) {
-            throw RuntimeFailure("Out of memory");
-        }
+        if (!GridCanHold(rows.size() + 1, cols.size())) throw RuntimeFailure("Out of memory");
         grid.setCols(0);
         grid.setRows(0);
         grid.setCols(static_cast<int>(cols.size()));

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/flex_grid.h"
 #include "support/numeric.h"
 
 namespace tabulon {
@@ -24,14 +25,23 @@ void ApplyRowAttribute(RowInfo& info, std::string_view name, std::string_view va
     }
 }
 
+bool GridCanHold(std::size_t rows, std::size_t cols) {
+    constexpr std::size_t kMaxCount = 32767;
+    return rows <= kMaxCount && cols <= kMaxCount &&
+           FlexGrid::Representable(static_cast<std::int64_t>(rows),
+                                   static_cast<std::int64_t>(cols));
+}
+
 std::optional<Layout> FindLayout(const DocumentModel& doc, const std::string& key) {
     const auto found = std::find(doc.arrGridHeaderKeys.begin(), doc.arrGridHeaderKeys.end(), key);
     const auto position = static_cast<std::size_t>(found - doc.arrGridHeaderKeys.begin());
     if (found == doc.arrGridHeaderKeys.end() || position >= doc.arrGridHeaderNodes.size())
         return std::nullopt;
     const xml::Node header = doc.arrGridHeaderNodes[position];
-    return Layout{header.firstChildElement("ColumnHeaders").children(),
+    Layout layout{header.firstChildElement("ColumnHeaders").children(),
                   header.firstChildElement("RowHeaders").children()};
+    if (!GridCanHold(layout.rows.size() + 1, layout.columns.size())) return std::nullopt;
+    return layout;
 }
 
 std::string HeaderCaption(xml::Node header) {

@@ -75,6 +75,8 @@ TEST_F(BoundedDocument, GridBeyondAMillionCellsFailsBeforeItIsSized) {
     ExpectMessages({Critical("Unexpected Error - 1028")});
     EXPECT_EQ(form().msgGridView.rows(), 0);
     EXPECT_EQ(form().msgGridView.storedCells(), 0u);
+    // No node shows that grid, so find has nothing in it to go to.
+    EXPECT_TRUE(control().Find("C1").empty());
 }
 
 TEST_F(BoundedDocument, TagOfThousandsOfAttributesGetsTheParsersOwnFirstComplaint) {
