@@ -19,6 +19,7 @@
 #include "view/find.h"
 #include "view/form.h"
 #include "view/host_events.h"
+#include "view/view_batch.h"
 
 namespace tabulon {
 
@@ -65,6 +66,8 @@ struct ControlCore {
     // hands the control the desktop's.
     MemoryClipboard ownClipboard;
     Clipboard* clipboard = &ownClipboard;
+    // Held while a block edit writes its cells (view/view_batch.h).
+    ViewBatch views;
 };
 
 }  // namespace tabulon
