@@ -73,6 +73,8 @@ void DemoWindow::buildMenus() {
     previewAction_->setEnabled(false);
     pdfAction_->setEnabled(false);
     file->addAction(tr("E&xport the grids as CSV..."), this, &DemoWindow::chooseCsvFolder);
+    file->addAction(tr("Export the grids as a &workbook (.xlsx)..."), this,
+                    &DemoWindow::chooseXlsxTarget);
     file->addSeparator();
     file->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
 
@@ -327,17 +329,31 @@ bool DemoWindow::exportReportPdf(const QString& path) {
     return written;
 }
 
-int DemoWindow::exportCsv(const QString& folder) {
+int DemoWindow::logExport(const QString& what, const QString& target,
+                          const std::function<int()>& run, const QString& unit) {
+    const QString head = QStringLiteral("Export ") + what + QStringLiteral(" ") + target;
     try {
-        const int written = spreadsheet_->control().ExportCsv(ToStdString(folder));
-        log_->note(QStringLiteral("Export CSV ") + folder + QStringLiteral(": ") +
-                   QString::number(written) + QStringLiteral(" file(s)"));
+        const int written = run();
+        log_->note(head + QStringLiteral(": ") + QString::number(written) + unit);
         return written;
     } catch (const RuntimeFailure& failure) {
-        log_->note(QStringLiteral("Export CSV ") + folder + QStringLiteral(": ") +
-                   QString::fromStdString(failure.what()));
+        log_->note(head + QStringLiteral(": ") + QString::fromStdString(failure.what()));
         return -1;
     }
+}
+
+int DemoWindow::exportCsv(const QString& folder) {
+    return logExport(
+        QStringLiteral("CSV"), folder,
+        [&] { return spreadsheet_->control().ExportCsv(ToStdString(folder)); },
+        QStringLiteral(" file(s)"));
+}
+
+int DemoWindow::exportXlsx(const QString& path) {
+    return logExport(
+        QStringLiteral("workbook"), path,
+        [&] { return spreadsheet_->control().ExportXlsx(ToStdString(path)); },
+        QStringLiteral(" worksheet(s)"));
 }
 
 PropertyPageDialog* DemoWindow::openPropertyPage(PropertyPageDialog::Kind kind) {
@@ -379,6 +395,13 @@ bool DemoWindow::chooseSaveTarget() {
 void DemoWindow::chooseCsvFolder() {
     const QString folder = QFileDialog::getExistingDirectory(this, tr("Export the grids as CSV"));
     if (!folder.isEmpty()) exportCsv(folder);
+}
+
+void DemoWindow::chooseXlsxTarget() {
+    const QString path =
+        QFileDialog::getSaveFileName(this, tr("Export the grids as a workbook"),
+                                     QStringLiteral("grids.xlsx"), tr("Workbooks (*.xlsx)"));
+    if (!path.isEmpty()) exportXlsx(path);
 }
 
 void DemoWindow::choosePdfTarget() {

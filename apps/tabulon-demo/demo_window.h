@@ -2,7 +2,8 @@
 // middle and the log pane below it, written the way a host program uses the control.
 //
 // - File: Open... (Load), Open from text... (LoadXML), Save as... (writes the XML
-//   property), Print preview... and Export PDF... of the last View/Print report, Quit.
+//   property), Print preview... and Export PDF... of the last View/Print report, the
+//   grids exported as CSV files or as one workbook, Quit.
 // - Edit: Undo and Redo, enabled as the control says.
 // - Properties: General... and Advanced... open the control's two property pages.
 // - View: shows or hides the log pane; Protective editing switches the control's
@@ -99,6 +100,9 @@ public:
     // Every grid as shown into folder, one CSV per tree node; the number of files, -1
     // when one could not be written (the log says why).
     int exportCsv(const QString& folder);
+    // Every grid as shown into one workbook at path, one worksheet per tree node; the
+    // number of worksheets, -1 when it could not be written (the log says why).
+    int exportXlsx(const QString& path);
 
     // Opens a property page for the control: modal while interactive (returns when
     // it closes, null), modeless otherwise (returns the open dialog, owned by the
@@ -141,6 +145,10 @@ private:
     bool chooseSaveTarget();
     void choosePdfTarget();
     void chooseCsvFolder();
+    void chooseXlsxTarget();
+    // Runs export, logging "Export WHAT TARGET: " and what came of it.
+    int logExport(const QString& what, const QString& target, const std::function<int()>& run,
+                  const QString& unit);
 
     // The log and the message mode exist before the control, which may show messages
     // while it starts.

@@ -18,8 +18,10 @@ constexpr std::array kCommands = {
             "convert a value with a built-in conversion (English to Metric unless --to-english)",
             RunConvert},
     Command{"dtd", "", "print the built-in document type definition", RunDtd},
-    Command{"export", "FILE --csv OUT_DIR",
-            "write every node's grid as shown to OUT_DIR, one CSV file per node", RunExport},
+    Command{"export", "FILE [--csv OUT_DIR] [--xlsx WORKBOOK]",
+            "write every node's grid as shown: one CSV file per node in OUT_DIR, one "
+            "worksheet per node in WORKBOOK",
+            RunExport},
     Command{"find", "FILE TEXT [--whole-cell] [--match-case]",
             "print every cell of every tree node's grid that shows TEXT", RunFind},
     Command{"generate",

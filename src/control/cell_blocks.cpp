@@ -4,6 +4,7 @@
 #include "view/cell_selection.h"
 #include "view/control_core.h"
 #include "view/grid_export.h"
+#include "view/grid_workbook.h"
 
 namespace tabulon {
 
@@ -45,6 +46,10 @@ BlockEditReport Generic_SP_Control::ClearCells() {
 
 int Generic_SP_Control::ExportCsv(const std::string& folder) {
     return ExportGridsAsCsv(*core_, folder);
+}
+
+int Generic_SP_Control::ExportXlsx(const std::string& file) {
+    return ExportGridsAsXlsx(*core_, file);
 }
 
 void Generic_SP_Control::SetClipboard(Clipboard* clipboard) {

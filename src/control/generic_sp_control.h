@@ -187,6 +187,11 @@ public:
     // node shown now shown again afterwards (view/grid_export.h); returns how many
     // files. A folder or file that cannot be written throws RuntimeFailure.
     int ExportCsv(const std::string& folder);
+    // The same grids as one workbook at file, one worksheet per node, plain numbers
+    // as number cells (view/grid_workbook.h); file is replaced in one step. Returns
+    // how many worksheets; a file that cannot be written throws RuntimeFailure and
+    // leaves file as it was.
+    int ExportXlsx(const std::string& file);
     // Where copies go and pastes come from; null gives the control its own again.
     // The clipboard must outlive the control or be replaced before it ends.
     void SetClipboard(Clipboard* clipboard);

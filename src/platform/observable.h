@@ -25,6 +25,7 @@ enum class Change {
     Selection,   // text box caret and selected text
     Focus,       // focus gained or lost
     Enabled,
+    Marks,  // marks drawn over tree nodes (problem counts): row = node index, -1 for many
 };
 
 struct ChangeInfo {

@@ -95,7 +95,19 @@ void TreeView::setProblemCount(int index, int count) {
     Entry& target = nodes_[static_cast<std::size_t>(index - 1)];
     if (target.problems == count) return;
     target.problems = count;
-    Notify(Change::Content, index);
+    Notify(Change::Marks, index);
+}
+
+void TreeView::setProblemCounts(const std::vector<int>& indices, int count) {
+    if (count < 0) throw InvalidArgumentFailure("Invalid property value");
+    bool changed = false;
+    for (const int index : indices) {
+        if (index < 1 || index > this->count()) continue;
+        int& problems = nodes_[static_cast<std::size_t>(index - 1)].problems;
+        changed = changed || problems != count;
+        problems = count;
+    }
+    if (changed) Notify(Change::Marks);
 }
 
 void TreeView::setSelectedIndex(int index) {

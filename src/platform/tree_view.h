@@ -56,8 +56,12 @@ public:
     // Changes the flag only (code collapsing raises nothing and keeps the selection).
     void setExpanded(int index, bool expanded);
     // The node's problem mark; a negative count throws InvalidArgumentFailure. Raises a
-    // Content change for the node when it changes.
+    // Marks change for the node when it changes.
     void setProblemCount(int index, int count);
+    // The same mark on each node of indices (1-based; those beyond count() are passed
+    // over) with one Marks change for all, raised when any changed: nodes that show one
+    // grid may be many.
+    void setProblemCounts(const std::vector<int>& indices, int count);
 
     // 0 when nothing is selected. Selecting by code raises nothing; out of range
     // throws InvalidArgumentFailure.

@@ -7,18 +7,42 @@ ModelBinding::ModelBinding(Component& model, QWidget* widget) : model_(model), w
 }
 
 ModelBinding::~ModelBinding() {
-    for (const auto& [observable, token] : subscriptions_)
-        observable->Unsubscribe(token);
+    for (const Subscription& subscription : subscriptions_)
+        subscription.part->Unsubscribe(subscription.token);
 }
 
 void ModelBinding::observe(Observable& part, Observable::Observer handler) {
     if (!handler) handler = [this](const ChangeInfo& change) { onChange(change); };
-    const int token = part.Subscribe(std::move(handler));
-    subscriptions_.emplace_back(&part, token);
+    const std::size_t index = subscriptions_.size();
+    const int token =
+        part.Subscribe([this, index](const ChangeInfo& change) { receive(index, change); });
+    subscriptions_.push_back({&part, token, std::move(handler)});
+}
+
+void ModelBinding::receive(std::size_t subscription, const ChangeInfo& change) {
+    if (!held_) {
+        subscriptions_[subscription].handler(change);
+        return;
+    }
+    if (gatheredKeys_.emplace(subscription, change.kind, change.row, change.col).second)
+        gathered_.emplace_back(subscription, change);
 }
 
 void ModelBinding::refresh() {
     onChange(ChangeInfo{Change::Everything});
+}
+
+void ModelBinding::hold() {
+    held_ = true;
+}
+
+void ModelBinding::release() {
+    held_ = false;
+    const auto gathered = std::move(gathered_);
+    gathered_.clear();
+    gatheredKeys_.clear();
+    for (const auto& [subscription, change] : gathered)
+        subscriptions_[subscription].handler(change);
 }
 
 void ModelBinding::onChange(const ChangeInfo& change) {

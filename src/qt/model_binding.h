@@ -8,6 +8,8 @@
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
+#include <set>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -31,6 +33,12 @@ public:
 
     // Mirrors the whole model again (after creation, or when the scale changed).
     void refresh();
+
+    // While held, notifications are gathered instead of mirrored; release mirrors each
+    // distinct one (kind, row, column, from the model or a part) once, in the order
+    // they first came. For a block edit: its many cells cost one mirroring.
+    void hold();
+    void release();
 
 protected:
     // Observes another model of the same component (an inner part); its
@@ -66,10 +74,20 @@ protected:
     };
 
 private:
+    struct Subscription {
+        Observable* part;
+        int token;
+        Observable::Observer handler;
+    };
+    void receive(std::size_t subscription, const ChangeInfo& change);
+
     Component& model_;
     QPointer<QWidget> widget_;
-    std::vector<std::pair<Observable*, int>> subscriptions_;
+    std::vector<Subscription> subscriptions_;
     int mirroring_ = 0;
+    bool held_ = false;
+    std::vector<std::pair<std::size_t, ChangeInfo>> gathered_;
+    std::set<std::tuple<std::size_t, Change, int, int>> gatheredKeys_;
 };
 
 }  // namespace tabulon

@@ -73,6 +73,11 @@ public:
         return call();
     }
     void emitEditState();
+    // Holds or releases every binding and the focus as the core's view batch says
+    // (view/view_batch.h): a block edit is mirrored once, when it ends.
+    void followViewBatch();
+    // The model's focus moved: followed now, or once the held views are released.
+    void focusMoved();
 
     void buildBindings();
     void nameParts();
@@ -96,6 +101,9 @@ public:
     std::vector<std::unique_ptr<ComponentBinding>> bindings_;
     std::unordered_map<const Component*, ComponentBinding*> byModel_;
     int focusToken_ = 0;
+    int viewBatchToken_ = 0;
+    bool viewsHeld_ = false;
+    bool focusMovedWhileHeld_ = false;
     int calls_ = 0;
     bool canUndo_ = false;
     bool canRedo_ = false;
@@ -122,10 +130,12 @@ SpreadsheetWidget::SpreadsheetWidget(QWidget* parent, PropertyBag* savedSettings
     d_->buildBindings();
     d_->applyMinimumSize();
     d_->focusToken_ =
-        FormOf(control).focus.Subscribe([this](const ChangeInfo&) { d_->syncFocusToModel(); });
+        FormOf(control).focus.Subscribe([this](const ChangeInfo&) { d_->focusMoved(); });
     d_->cues_ = std::make_unique<EditorCues>(*this);
     d_->findBar_ = new FindBar(*this, *d_);
     ControlCore& core = CoreOf(control);
+    d_->viewBatchToken_ =
+        core.views.Subscribe([this](const ChangeInfo&) { d_->followViewBatch(); });
     core.find.onRequested = [this] { d_->findBar_->open(); };
     d_->problemsToken_ = core.problems.Subscribe([this](const ChangeInfo&) {
         const int count = d_->control_->ProblemCount();
@@ -137,6 +147,7 @@ SpreadsheetWidget::SpreadsheetWidget(QWidget* parent, PropertyBag* savedSettings
 
 SpreadsheetWidget::~SpreadsheetWidget() {
     FormOf(*d_->control_).focus.Unsubscribe(d_->focusToken_);
+    CoreOf(*d_->control_).views.Unsubscribe(d_->viewBatchToken_);
     CoreOf(*d_->control_).problems.Unsubscribe(d_->problemsToken_);
     CoreOf(*d_->control_).find.onRequested = nullptr;
     d_->cues_.reset();
@@ -432,6 +443,29 @@ void SpreadsheetWidget::showEvent(QShowEvent* event) {
 void SpreadsheetWidget::focusInEvent(QFocusEvent* event) {
     QWidget::focusInEvent(event);
     d_->syncFocusToModel();
+}
+
+void SpreadsheetWidget::Private::followViewBatch() {
+    viewsHeld_ = CoreOf(*control_).views.held();
+    for (const auto& binding : bindings_) {
+        if (viewsHeld_) {
+            binding->hold();
+        } else {
+            binding->release();
+        }
+    }
+    if (!viewsHeld_ && focusMovedWhileHeld_) {
+        focusMovedWhileHeld_ = false;
+        syncFocusToModel();
+    }
+}
+
+void SpreadsheetWidget::Private::focusMoved() {
+    if (viewsHeld_) {
+        focusMovedWhileHeld_ = true;
+        return;
+    }
+    syncFocusToModel();
 }
 
 void SpreadsheetWidget::Private::syncFocusToModel() {

@@ -65,7 +65,8 @@ bool WriteCell(ControlCore& core, const Target& target, BlockEditReport& report)
     return validate;
 }
 
-// Writes the targets column by column as one undo step, then selects range.
+// Writes the targets column by column as one undo step, then selects range; the
+// views are held meanwhile, so that they mirror the result once.
 BlockEditReport WriteCells(ControlCore& core, std::vector<Target> targets, const CellRange& range,
                            int beyondGrid) {
     BlockEditReport report;
@@ -73,6 +74,7 @@ BlockEditReport WriteCells(ControlCore& core, std::vector<Target> targets, const
     FlexGrid& grid = core.form.msgGridView;
     std::stable_sort(targets.begin(), targets.end(),
                      [](const Target& a, const Target& b) { return a.col < b.col; });
+    const ViewBatch::Hold hold(core.views);
     {
         const EditHistory::StepGuard step(core.history, CurrentLocation(core));
         std::size_t i = 0;
@@ -83,7 +85,10 @@ BlockEditReport WriteCells(ControlCore& core, std::vector<Target> targets, const
                 if (WriteCell(core, targets[i], report) && validateRow < 0)
                     validateRow = targets[i].row;
             }
-            if (validateRow >= 0) ValidateColumnWithHost(core, validateRow, col);
+            if (validateRow >= 0) {
+                const ViewBatch::Pause hostRuns(core.views);
+                ValidateColumnWithHost(core, validateRow, col);
+            }
         }
     }
     if (range.bottom >= range.top && range.right >= range.left) {

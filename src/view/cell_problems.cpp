@@ -22,11 +22,8 @@ bool IsValid(const xml::Node& cellValue) {
 
 // Puts the key's count on every tree node that shows it.
 void MarkNodes(ControlCore& core, const std::string& key) {
-    TreeView& tree = core.form.treTreeView;
-    const int count = core.problems.countFor(key);
-    for (const int index : core.problems.nodesFor(key)) {
-        if (index <= tree.count()) tree.setProblemCount(index, count);
-    }
+    core.form.treTreeView.setProblemCounts(core.problems.nodesFor(key),
+                                           core.problems.countFor(key));
 }
 
 }  // namespace

@@ -20,6 +20,7 @@
 #include "view/find.h"
 #include "view/form.h"
 #include "view/host_events.h"
+#include "view/view_batch.h"
 
 namespace tabulon {
 
@@ -74,6 +75,8 @@ struct ControlCore {
     std::uint64_t maxDocumentBytes = kDefaultMaxDocumentBytes;
     // Why the last save of OK failed, for the host; "" when it succeeded or none ran.
     std::string lastSaveError;
+    // Held while a block edit writes its cells (view/view_batch.h).
+    ViewBatch views;
 };
 
 }  // namespace tabulon

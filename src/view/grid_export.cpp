@@ -57,26 +57,42 @@ CellTable ShownGridTable(ControlCore& core) {
     return table;
 }
 
+int ForEachShownGrid(
+    ControlCore& core,
+    const std::function<void(int index, const std::string& key, const CellTable& table)>& write) {
+    TreeView& tree = core.form.treTreeView;
+    const int shown = tree.selectedIndex();
+    const auto showAgain = [&] {
+        if (shown >= 1 && shown <= tree.count()) tree.userClickNode(shown);
+    };
+    int written = 0;
+    try {
+        for (int index = 1; index <= tree.count(); ++index) {
+            tree.userClickNode(index);
+            if (!core.doc.blnGridLoaded) continue;
+            write(index, tree.node(index).key, ShownGridTable(core));
+            ++written;
+        }
+    } catch (...) {
+        showAgain();
+        throw;
+    }
+    showAgain();
+    return written;
+}
+
 int ExportGridsAsCsv(ControlCore& core, const std::filesystem::path& folder) {
     std::error_code error;
     std::filesystem::create_directories(folder, error);
     if (error) throw RuntimeFailure("cannot make \"" + folder.string() + "\": " + error.message());
-    TreeView& tree = core.form.treTreeView;
-    const int shown = tree.selectedIndex();
-    int written = 0;
-    for (int index = 1; index <= tree.count(); ++index) {
-        tree.userClickNode(index);
-        if (!core.doc.blnGridLoaded) continue;
-        const std::filesystem::path file = folder / FileName(index, tree.node(index).key);
+    return ForEachShownGrid(core, [&](int index, const std::string& key, const CellTable& table) {
+        const std::filesystem::path file = folder / FileName(index, key);
         // A file exported before is replaced as a document is saved: never through a link
         // or over a read-only file, never left half written.
         std::string reason;
-        if (!WriteFileAtomically(file.string(), ToCsv(ShownGridTable(core)) + "\r\n", &reason))
+        if (!WriteFileAtomically(file.string(), ToCsv(table) + "\r\n", &reason))
             throw RuntimeFailure(reason);
-        ++written;
-    }
-    if (shown >= 1 && shown <= tree.count()) tree.userClickNode(shown);
-    return written;
+    });
 }
 
 }  // namespace tabulon

@@ -1,5 +1,6 @@
 // Every grid of the document as the user sees it, one CSV file per tree node that
-// shows one, for spreadsheets.
+// shows one, for spreadsheets; the tables the workbook export (grid_workbook.h) writes
+// too.
 //
 // Decisions:
 // - One file per node (nodes of one layout may hold different values and columns),
@@ -18,6 +19,8 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
+#include <string>
 
 #include "support/cell_table_text.h"
 #include "view/control_core.h"
@@ -26,6 +29,13 @@ namespace tabulon {
 
 // The grid shown now, captions included (see decisions).
 CellTable ShownGridTable(ControlCore& core);
+
+// Shows every node that has a grid, in tree order, and hands write its place in the
+// tree (1-based), its key and ShownGridTable; returns how many. The node shown before
+// is shown again afterwards, also when write throws (the failure goes on).
+int ForEachShownGrid(
+    ControlCore& core,
+    const std::function<void(int index, const std::string& key, const CellTable& table)>& write);
 
 // Writes the files into folder (made when missing); returns how many. A file that
 // cannot be written throws RuntimeFailure naming it.

@@ -11,6 +11,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPointer>
@@ -103,6 +104,25 @@ TEST_F(DemoWindowTest, AMessageBoxIsShownAndLogged) {
     EXPECT_FALSE(shown.isEmpty());
     EXPECT_TRUE(LogText().contains(QStringLiteral("critical: ") + shown.section('\n', 0, 0)))
         << LogText().toStdString();
+}
+
+// File > Export the grids as a workbook writes one worksheet per node; a target that
+// cannot be written is logged with the reason and leaves nothing.
+TEST_F(DemoWindowTest, TheGridsExportAsAWorkbook) {
+    ASSERT_TRUE(window.openDocument(QStringLiteral("samples/metric.xml")));
+    bool offered = false;
+    for (const QAction* action : window.menuBar()->actions().front()->menu()->actions())
+        offered = offered || action->text().contains(QStringLiteral(".xlsx"));
+    EXPECT_TRUE(offered);
+    const QTemporaryDir dir;
+    EXPECT_EQ(window.exportXlsx(dir.filePath(QStringLiteral("grids.xlsx"))), 4);
+    EXPECT_TRUE(QFile::exists(dir.filePath(QStringLiteral("grids.xlsx"))));
+    const QString missing = dir.filePath(QStringLiteral("no/grids.xlsx"));
+    EXPECT_EQ(window.exportXlsx(missing), -1);
+    EXPECT_TRUE(
+        LogText().contains(QStringLiteral("Export workbook ") + missing + QStringLiteral(": ")))
+        << LogText().toStdString();
+    EXPECT_FALSE(QFile::exists(missing));
 }
 
 TEST_F(DemoWindowTest, ThePropertiesMenuOpensEachPageModally) {

@@ -2,6 +2,9 @@
 // as a tooltip, a mark that is not colour alone on the cell and on its editor, the
 // tree's badges, and the grid as a table for assistive technology.
 #include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QTest>
@@ -88,6 +91,22 @@ TEST_F(ProblemCues, TreeNodesCountTheirProblemsUntilTheyAreCorrected) {
     KeyClick(Qt::Key_Tab);
     EXPECT_EQ(chillers->data(0, kProblemCountRole).toInt(), 0);
     EXPECT_EQ(chillers->toolTip(0), QString());
+}
+
+// A paste is mirrored once, when it ends, and completely: the corrected value clears
+// the badge, the editor that was open is hidden and the grid has Qt's focus.
+TEST_F(ProblemCues, APasteIsMirroredWhenItEnds) {
+    QWidget* editor = QApplication::focusWidget();
+    ASSERT_NE(editor, nullptr);
+    ASSERT_TRUE(editor->isVisible());
+    ClickCell(2, 1);
+    QGuiApplication::clipboard()->setText(QStringLiteral("400\t450"));
+    KeyClick(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(form().msgGridView.textMatrix(2, 2), "450");
+    EXPECT_EQ(TreeItem("CHILLERS")->data(0, kProblemCountRole).toInt(), 0);
+    EXPECT_EQ(TreeItem("CHILLERS")->toolTip(0), QString());
+    EXPECT_FALSE(editor->isVisible());
+    EXPECT_EQ(QApplication::focusWidget(), &view());
 }
 
 // Through Qt's accessibility API, as a screen reader's bridge reads it.

@@ -43,6 +43,28 @@ bool TreeKey(int key) {
     }
 }
 
+// A node's item. Its problem count, tooltip and accessible description are read from
+// the model when asked, so that a mark changing on every node showing one grid
+// (100,000 of them) costs one repaint instead of a change per item.
+class NodeItem : public QTreeWidgetItem {
+public:
+    NodeItem(QTreeWidgetItem* parent, const TreeView& tree, int index)
+        : QTreeWidgetItem(parent), tree_(tree), index_(index) {}
+
+    QVariant data(int column, int role) const override {
+        const bool mark = role == kProblemCountRole || role == Qt::ToolTipRole ||
+                          role == Qt::AccessibleDescriptionRole;
+        if (column != 0 || !mark) return QTreeWidgetItem::data(column, role);
+        const int problems = index_ <= tree_.count() ? tree_.node(index_).problems : 0;
+        if (role == kProblemCountRole) return problems;
+        return ProblemCountText(problems);
+    }
+
+private:
+    const TreeView& tree_;
+    int index_;
+};
+
 }  // namespace
 
 TreeBinding::TreeBinding(BindingHost& bindingHost, TreeView& tree, ImageList& images,
@@ -81,6 +103,12 @@ TreeBinding::TreeBinding(BindingHost& bindingHost, TreeView& tree, ImageList& im
     });
 }
 
+TreeBinding::~TreeBinding() {
+    // The items read the tree model, which goes before the widget does.
+    const Mirroring mirroring(*this);
+    if (widget() != nullptr) treeWidget_->clear();
+}
+
 QTreeWidgetItem* TreeBinding::itemFor(int index) const {
     if (index < 1 || index > static_cast<int>(items_.size())) return nullptr;
     return items_[static_cast<std::size_t>(index - 1)];
@@ -113,7 +141,7 @@ void TreeBinding::appendNode(int index) {
     const TreeNode& node = tree_.node(index);
     QTreeWidgetItem* parent =
         node.parent == 0 ? treeWidget_->invisibleRootItem() : itemFor(node.parent);
-    auto* item = new QTreeWidgetItem(parent);
+    auto* item = new NodeItem(parent, tree_, index);
     item->setText(0, ToQString(node.text));
     item->setIcon(0, iconFor(node));
     item->setData(0, kIndexRole, index);
@@ -134,12 +162,6 @@ void TreeBinding::mirrorNode(int index) {
     const QIcon icon = iconFor(node);
     if (item->icon(0).cacheKey() != icon.cacheKey()) item->setIcon(0, icon);
     if (item->isExpanded() != node.expanded) item->setExpanded(node.expanded);
-    if (item->data(0, kProblemCountRole).toInt() != node.problems) {
-        const QString problems = ProblemCountText(node.problems);
-        item->setData(0, kProblemCountRole, node.problems);
-        item->setToolTip(0, problems);
-        item->setData(0, Qt::AccessibleDescriptionRole, problems);
-    }
 }
 
 void TreeBinding::mirrorSelection() {
@@ -168,6 +190,8 @@ void TreeBinding::applyState(const ChangeInfo& change) {
     const int shown = static_cast<int>(items_.size());
     if (change.kind == Change::Current) {
         mirrorSelection();
+    } else if (change.kind == Change::Marks) {
+        treeWidget_->viewport()->update();
     } else if (change.kind == Change::Content && change.row == count && shown == count - 1) {
         appendNode(change.row);
     } else if (change.kind == Change::Content && change.row >= 1 && shown == count) {

@@ -33,6 +33,9 @@ public:
     static constexpr int kIconPixels = 16;
 
     TreeBinding(BindingHost& host, TreeView& tree, ImageList& images, QWidget* parent);
+    ~TreeBinding() override;
+    TreeBinding(const TreeBinding&) = delete;
+    TreeBinding& operator=(const TreeBinding&) = delete;
 
     QTreeWidget* treeWidget() const { return treeWidget_; }
     // The widget's item of the 1-based node index; null when there is none.
