@@ -6,8 +6,8 @@
 // QTableView over a QStandardItemModel holding the same grid) in the same run.
 //
 //   tabulon_widget_bench --documents DIR --out FILE [--sizes 1,10,50]
-//       [--families grid,english,wide,tree] [--gestures a,b] [--scale X] [--size WxH]
-//       [--generator PATH]
+//       [--families grid,english,wide,tree] [--gestures a,b] [--subjects control,stock]
+//       [--scale X] [--size WxH] [--generator PATH]
 //
 // Documents (tools/generator; written by `PATH generate` when --generator names the
 // tabulon tool), written to DIR as widget_<family>_<N>mb.xml with a DTD-prefixed
@@ -123,6 +123,7 @@ struct Options {
     std::vector<int> sizes = {1, 10, 50};
     std::set<std::string> families;
     std::set<std::string> gestures;
+    std::set<std::string> subjects;  // "control", "stock"; empty: both
     double scale = 1.0;
     QSize window{1280, 800};
     std::string generator;  // the tabulon tool; empty: the generator library
@@ -160,6 +161,12 @@ bool ParseOptions(int argc, char** argv, Options& options) {
          [&](const std::string& v) {
              for (const std::string& g : Split(v))
                  options.gestures.insert(g);
+             return true;
+         }},
+        {"--subjects",
+         [&](const std::string& v) {
+             for (const std::string& who : Split(v))
+                 options.subjects.insert(who);
              return true;
          }},
         {"--scale", [&](const std::string& v) { return (options.scale = std::stod(v)) > 0; }},
@@ -371,6 +378,7 @@ void RunFamily(const Family& family, int megabytes, const Options& options, Repo
         Subject* subjects[] = {&control, &stock};
         const char* names[] = {"control", "stock"};
         for (int s = 0; s < 2; ++s) {
+            if (!options.subjects.empty() && options.subjects.count(names[s]) == 0) continue;
             Activate(subjects[s]->window());
             subjects[s]->scrollHome();
             const std::optional<GesturePlan> plan = MakePlan(gesture, *subjects[s], context);
@@ -407,8 +415,8 @@ int main(int argc, char** argv) {
     if (!ParseOptions(argc, argv, options)) {
         std::fputs(
             "usage: tabulon_widget_bench --documents=DIR --out=FILE [--sizes=1,10,50]\n"
-            "       [--families=grid,english,wide,tree] [--gestures=a,b] [--scale=X]\n"
-            "       [--size=WxH] [--generator=PATH]\n",
+            "       [--families=grid,english,wide,tree] [--gestures=a,b] [--subjects=control,stock]\n"
+            "       [--scale=X] [--size=WxH] [--generator=PATH]\n",
             stderr);
         return 2;
     }
