@@ -306,8 +306,15 @@ GestureRun TimeLoads(std::unique_ptr<ControlSubject>& control, QSize window,
         control = std::make_unique<ControlSubject>(window);
         const long long paints = DeliveredPaints();
         bool loaded = false;
-        const GestureTime time =
-            TimeGesture([&] { loaded = control->widget().Load(QString::fromStdString(path)); });
+        const auto load = [&] { loaded = control->widget().Load(QString::fromStdString(path)); };
+        // Only the loads asked for go through the clock (a profiler counts what it times).
+        GestureTime time;
+        if (count > 0) {
+            time = TimeGesture(load);
+        } else {
+            load();
+            Settle();
+        }
         if (!loaded || control->messages() != 0 || control->rows() < 2 ||
             DeliveredPaints() == paints) {
             run.failure =
