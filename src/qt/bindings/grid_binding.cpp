@@ -10,17 +10,16 @@ GridBinding::GridBinding(BindingHost& bindingHost, FlexGrid& grid, QWidget* pare
 
 void GridBinding::applyGeometry() {
     ComponentBinding::applyGeometry();
-    view_->update();
+    view_->updateAll();
 }
 
 void GridBinding::applyState(const ChangeInfo& change) {
     NotifyGridAccessibility(*view_, change);
     if (change.kind == Change::Cell) {
-        const QRect rect = view_->cellRect(change.row, change.col);
-        if (!rect.isEmpty()) view_->update(rect);
+        view_->updateCell(change.row, change.col);
         return;
     }
-    view_->update();
+    view_->updateAll();
 }
 
 }  // namespace tabulon

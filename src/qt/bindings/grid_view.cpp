@@ -246,7 +246,19 @@ void GridView::paintBackground(QPainter& painter, const QRect& area, const std::
     fillGaps(coveredSpans(rows, false), false);
 }
 
+void GridView::updateAll() {
+    wholeUpdatePending_ = true;
+    update();
+}
+
+void GridView::updateCell(int row, int col) {
+    if (wholeUpdatePending_) return;
+    const QRect rect = cellRect(row, col);
+    if (!rect.isEmpty()) update(rect);
+}
+
 void GridView::paintEvent(QPaintEvent* event) {
+    wholeUpdatePending_ = false;
     QPainter painter(this);
     if (grid_.rows() == 0 || grid_.cols() == 0) {
         painter.fillRect(event->rect(), ToColor(kBackgroundColor));
