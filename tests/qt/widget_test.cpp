@@ -13,6 +13,7 @@
 #include <QStyleOptionSlider>
 #include <QTest>
 #include <QTreeWidget>
+#include <map>
 
 #include "common/files.h"
 #include "control/control_access.h"
@@ -310,6 +311,37 @@ TEST_F(WidgetBehaviour, DraggingTheScrollBarsThumbMovesTheGridOneColumnPerChange
     EXPECT_EQ(form().msgGridView.leftCol(), 2);
     EXPECT_EQ(bar->value(), form().hscGrid.bar().value());
     EXPECT_TRUE(form().hscGrid.hasFocus());
+}
+
+// What a gesture repaints beyond what it changed costs every gesture on a big
+// document: a Tab leaves the tree and the buttons alone, and a resize paints the tree's
+// rows once.
+TEST_F(WidgetBehaviour, GesturesRepaintOnlyWhatTheyChange) {
+    struct PaintCounter : QObject {
+        std::map<QObject*, int> paints;
+        bool eventFilter(QObject* watched, QEvent* event) override {
+            if (event->type() == QEvent::Paint) ++paints[watched];
+            return false;
+        }
+    } counter;
+    ASSERT_TRUE(Load("samples/english.xml"));
+    ClickCell(3, 1);
+    ProcessEvents();
+    auto* tree = qobject_cast<QTreeWidget*>(widget().widgetFor(form().treTreeView));
+    QWidget* grid = widget().widgetFor(form().msgGridView);
+    QWidget* ok = widget().widgetFor(form().cmdOK);
+    QApplication::instance()->installEventFilter(&counter);
+    KeyClick(Qt::Key_Tab);
+    ProcessEvents();
+    EXPECT_EQ(form().msgGridView.col(), 2);
+    EXPECT_GE(counter.paints[grid], 1);
+    EXPECT_EQ(counter.paints[tree->viewport()], 0);
+    EXPECT_EQ(counter.paints[ok], 0);
+    counter.paints.clear();
+    widget().resize(kWidthPixels + 100, kHeightPixels);
+    ProcessEvents();
+    EXPECT_EQ(counter.paints[tree->viewport()], 1);
+    QApplication::instance()->removeEventFilter(&counter);
 }
 
 TEST_F(WidgetBehaviour, APictureQtCannotDecodeFailsTheLoad) {
