@@ -15,11 +15,16 @@ void GridBinding::applyGeometry() {
 
 void GridBinding::applyState(const ChangeInfo& change) {
     NotifyGridAccessibility(*view_, change);
-    if (change.kind == Change::Cell) {
-        view_->updateCell(change.row, change.col);
-        return;
+    switch (change.kind) {
+        case Change::Cell:
+            view_->updateCell(change.row, change.col);
+            break;
+        case Change::Current:
+            view_->updateCurrent();
+            break;
+        default:
+            view_->updateAll();
     }
-    view_->updateAll();
 }
 
 }  // namespace tabulon
