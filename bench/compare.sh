@@ -68,7 +68,12 @@ run_bench() {  # binary, csv out, extra args...
 }
 
 log "core benchmarks (${REPETITIONS} repetitions)"
-run_bench "$BUILD/bench/tabulon_bench" "$WORK/core.csv" --tabulon_documents="$WORK"
+# The CSV writer wants the same counters in every run, so the journal's benchmarks (with
+# their step_bytes) write a file of their own.
+run_bench "$BUILD/bench/tabulon_bench" "$WORK/core.csv" --tabulon_documents="$WORK" \
+    --benchmark_filter=-OneEdit
+run_bench "$BUILD/bench/tabulon_bench" "$WORK/journal.csv" --tabulon_documents="$WORK" \
+    --benchmark_filter=OneEdit
 paint_ran=0
 widget_failed=0
 if [ "$qt_front_end" = 1 ]; then
@@ -141,6 +146,7 @@ check() {  # label, measured, goal text, comparison (le|lt|ge), limit, unit
 ratio() { awk -v a="$1" -v b="$2" 'BEGIN { if (a == "nan" || b == "nan" || b == 0) print "nan"; else printf "%.3f\n", a / b }'; }
 
 core=$WORK/core.csv
+journal=$WORK/journal.csv
 declare -A ms
 figures=()
 for size in 1 10 50; do
@@ -154,7 +160,9 @@ for name in BM_SelectTreeNode/100 BM_SelectTreeNode/10000 BM_SelectTreeNode/1000
     BM_UnitDropCommitMetric BM_UnitDropEditCycleMetric BM_ValidationGate \
     BM_ValidationGateAfterShapeChange BM_ReportText BM_PrintClick BM_UndoOneEdit/1 \
     BM_UndoOneEdit/50 BM_RedoOneEdit/50 BM_FindWord BM_FindNumber BM_FindWholeCell; do
-    ms[$name]=$(median_ms "$core" "$name")
+    file=$core
+    [[ $name == *OneEdit* ]] && file=$journal
+    ms[$name]=$(median_ms "$file" "$name")
     figures+=("| $name | ${ms[$name]} ms |")
 done
 if [ "$paint_ran" = 1 ]; then
@@ -188,8 +196,8 @@ printf '%-58s %12s M/s    (informative)\n' \
     "$(awk -v t="${ms[BM_ValidationGateAfterShapeChange]}" 'BEGIN { if (t == "nan") print "nan"; else printf "%.1f\n", 1000000 / (t / 1000) / 1e6 }')"
 check "undo of one edit in the 50 MB document" "${ms[BM_UndoOneEdit/50]}" "< 1 ms" lt 1 ms
 check "journal memory for that step, 50 MB / 1 MB document" \
-    "$(ratio "$(median_counter "$core" BM_UndoOneEdit/50 step_bytes)" \
-        "$(median_counter "$core" BM_UndoOneEdit/1 step_bytes)")" "<= 1.0x" le 1.0 x
+    "$(ratio "$(median_counter "$journal" BM_UndoOneEdit/50 step_bytes)" \
+        "$(median_counter "$journal" BM_UndoOneEdit/1 step_bytes)")" "<= 1.0x" le 1.0 x
 for name in BM_FindWord BM_FindNumber BM_FindWholeCell; do
     check "find across the tree, 50 MB (${name#BM_Find})" "${ms[$name]}" "< 500 ms" lt 500 ms
 done
