@@ -6,6 +6,7 @@
 #include "control/control_access.h"
 #include "gesture_clock.h"
 #include "qt/bindings/grid_view.h"
+#include "qt/find_bar.h"
 #include "qt/qt_text.h"
 #include "support/text.h"
 
@@ -47,6 +48,10 @@ QWidget& ControlSubject::cellArea() {
 
 QRect ControlSubject::cellRect(int row, int col) {
     return gridView().cellRect(row, col);
+}
+
+QString ControlSubject::cellText(int row, int col) {
+    return ToQString(form().msgGridView.textMatrix(row, col));
 }
 
 int ControlSubject::rows() {
@@ -133,6 +138,18 @@ QPushButton* ControlSubject::printButton() {
 
 QPushButton* ControlSubject::okButton() {
     return static_cast<QPushButton*>(widget_->widgetFor(form().cmdOK));
+}
+
+bool ControlSubject::needsCorrecting(int row, int col) {
+    return !widget_->control().CellProblem(row, col).empty();
+}
+
+QWidget& ControlSubject::findBar() {
+    return *widget_->findBar();
+}
+
+QString ControlSubject::findCount() {
+    return static_cast<FindBar*>(widget_->findBar())->countLabel()->text();
 }
 
 void ControlSubject::selectNode(int index) {

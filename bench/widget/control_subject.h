@@ -29,10 +29,16 @@ public:
     GridContents gridContents();
     TreeContents treeContents();
     void selectNode(int index);
+    // The cell's value needs correcting (the reason its cell shows is not empty).
+    bool needsCorrecting(int row, int col);
+    // The find bar (Ctrl+F) and its label counting the hits.
+    QWidget& findBar();
+    QString findCount();
 
     QWidget& window() override { return *widget_; }
     QWidget& cellArea() override;
     QRect cellRect(int row, int col) override;
+    QString cellText(int row, int col) override;
     int rows() override;
     int cols() override;
     int currentRow() override;

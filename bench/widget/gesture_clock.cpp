@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <algorithm>
 #include <cmath>
+#include <ctime>
 #include <limits>
 
 namespace tabulon::bench {
@@ -54,12 +55,23 @@ void Settle() {
     }
 }
 
-double TimeGesture(const std::function<void()>& act) {
+namespace {
+
+double ThreadCpuMs() {
+    timespec now{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
+}
+
+}  // namespace
+
+GestureTime TimeGesture(const std::function<void()>& act) {
+    const double cpu = ThreadCpuMs();
     QElapsedTimer timer;
     timer.start();
     act();
     Settle();
-    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+    return {static_cast<double>(timer.nsecsElapsed()) / 1e6, ThreadCpuMs() - cpu};
 }
 
 double Samples::Percentile(std::vector<double> values, double percent) {

@@ -18,14 +18,28 @@ long long DeliveredPaints();
 // Delivers posted and queued events until a round delivers none.
 void Settle();
 
-// Runs act (which sends the gesture's events) and settles; the milliseconds taken.
-double TimeGesture(const std::function<void()>& act);
+// What a gesture took: wall-clock milliseconds, and the milliseconds of processor time
+// the application's thread used meanwhile (on a busy machine the wall clock also
+// counts the time other processes had the processor).
+struct GestureTime {
+    double ms = 0;
+    double cpuMs = 0;
+};
+
+// Runs act (which sends the gesture's events) and settles.
+GestureTime TimeGesture(const std::function<void()>& act);
 
 // Milliseconds, in the order taken.
 struct Samples {
     std::vector<double> ms;
+    std::vector<double> cpuMs;
+    void add(const GestureTime& time) {
+        ms.push_back(time.ms);
+        cpuMs.push_back(time.cpuMs);
+    }
     double median() const { return Percentile(ms, 50); }
     double p95() const { return Percentile(ms, 95); }
+    double cpuMedian() const { return Percentile(cpuMs, 50); }
     // Nearest-rank percentile; NaN for no samples.
     static double Percentile(std::vector<double> values, double percent);
 };
@@ -35,13 +49,16 @@ struct Samples {
 // (empty: ready); act(i) sends the real events, timed with the repaint; after(i)
 // checks the gesture had its effect and returns what went wrong. kind(i), when set,
 // files the sample under another gesture name (a Tab that scrolled); finish, when
-// set, puts right what the samples left (a typed character).
+// set, puts right what the samples left (a typed character). A message box during a
+// sample is a failure unless tells is set (a paste telling the user of the cells it
+// skipped).
 struct GesturePlan {
     std::function<std::string(int)> before;
     std::function<void(int)> act;
     std::function<std::string(int)> after;
     std::function<std::string(int)> kind;
     std::function<void()> finish = {};
+    bool tells = false;
 };
 
 }  // namespace tabulon::bench

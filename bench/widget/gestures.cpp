@@ -1,5 +1,8 @@
 #include "gestures.h"
 
+#include "edit_gestures.h"
+#include "gesture_steps.h"
+
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QLineEdit>
@@ -12,70 +15,6 @@
 namespace tabulon::bench {
 
 namespace {
-
-using Cell = std::pair<int, int>;
-
-std::string Where(const Cell& cell) {
-    return std::to_string(cell.first) + ", " + std::to_string(cell.second);
-}
-
-bool Enabled(const GridContents& grid, int row, int col) {
-    return row > 0 && col > 0 && row < grid.rows && col < grid.cols &&
-           grid.cell(row, col).fore == QColor(Qt::black) &&
-           grid.colWidths[static_cast<std::size_t>(col)] > 0;
-}
-
-// The first enabled cell of a row from column 1.
-std::optional<Cell> EnabledIn(const GridContents& grid, int row, int from = 1) {
-    for (int col = from; col < grid.cols; ++col) {
-        if (Enabled(grid, row, col)) return Cell{row, col};
-    }
-    return std::nullopt;
-}
-
-void ClickAt(QWidget& widget, const QPoint& point) {
-    QTest::mouseClick(&widget, Qt::LeftButton, Qt::NoModifier, point);
-}
-
-void KeyToFocus(Qt::Key key, char text = 0) {
-    QWidget* target = QApplication::focusWidget();
-    if (target == nullptr) return;
-    if (text != 0) {
-        QTest::keyClick(target, text);
-    } else {
-        QTest::keyClick(target, key);
-    }
-}
-
-// Changes the open editor's value and puts it back, so that leaving commits a value
-// the user typed and the document stays valid: the last character of a text field
-// deleted and typed again; the last entry of a pick list.
-void Retype() {
-    QWidget* focus = QApplication::focusWidget();
-    if (focus == nullptr) return;
-    QTest::keyClick(focus, Qt::Key_End);
-    if (auto* line = qobject_cast<QLineEdit*>(focus); line != nullptr && !line->text().isEmpty()) {
-        const QString last = line->text().right(1);
-        QTest::keyClick(focus, Qt::Key_Backspace);
-        QTest::keyClicks(focus, last);
-    }
-}
-
-// Opens the editor on a cell with a click (set-up, not timed).
-std::string Open(Subject& s, const Cell& cell) {
-    if (s.editing() && s.currentRow() == cell.first && s.currentCol() == cell.second) return {};
-    if (s.cellRect(cell.first, cell.second).isEmpty()) s.scrollHome();
-    const QRect rect = s.cellRect(cell.first, cell.second);
-    if (rect.isEmpty()) return "cell " + Where(cell) + " is not in view";
-    ClickAt(s.cellArea(), rect.center());
-    Settle();
-    if (!s.editing()) return "no editor opened on cell " + Where(cell);
-    return {};
-}
-
-std::string Expect(bool condition, const std::string& what) {
-    return condition ? std::string() : what;
-}
 
 QStyleOptionSlider SliderOption(const QScrollBar& bar) {
     QStyleOptionSlider option;
@@ -475,7 +414,7 @@ std::optional<GesturePlan> MakePlan(const std::string& gesture, Subject& s,
     if (gesture == "filter") return Filter(s);
     if (gesture == "print") return Button(s, true);
     if (gesture == "ok") return Button(s, false);
-    return std::nullopt;
+    return MakeEditPlan(gesture, s, c);
 }
 
 GestureRun RunPlan(const std::string& gesture, const GesturePlan& plan, Subject& subject, int count,
@@ -488,9 +427,9 @@ GestureRun RunPlan(const std::string& gesture, const GesturePlan& plan, Subject&
             return run;
         }
         const int messages = subject.messages();
-        const double ms = TimeGesture([&] { plan.act(i); });
+        const GestureTime time = TimeGesture([&] { plan.act(i); });
         std::string wrong;
-        if (subject.messages() != messages) {
+        if (subject.messages() != messages && !plan.tells) {
             wrong = "a message box: " + subject.lastMessage().toStdString();
         } else if (plan.after) {
             wrong = plan.after(i);
@@ -499,7 +438,7 @@ GestureRun RunPlan(const std::string& gesture, const GesturePlan& plan, Subject&
             run.failure = "sample " + std::to_string(i) + ": " + wrong;
             return run;
         }
-        if (i >= warmup) run.samples[plan.kind ? plan.kind(i) : gesture].ms.push_back(ms);
+        if (i >= warmup) run.samples[plan.kind ? plan.kind(i) : gesture].add(time);
     }
     if (plan.finish) plan.finish();
     return run;

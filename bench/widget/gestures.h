@@ -18,6 +18,7 @@ namespace tabulon::bench {
 // What the gestures need to know of the document, read from the control's first grid.
 struct GestureContext {
     GridContents grid;                      // the grid shown first
+    int node = 0;                           // the tree node that shows it
     std::map<std::string, int> editorRows;  // "textbox", "combobox", "unitnum", "unitdrop"
     std::vector<int> nodes;                 // tree nodes to click in turn (1-based)
 };

@@ -1,15 +1,67 @@
 #include "stock_subject.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QSplitter>
+#include <QStyledItemDelegate>
 #include <QTest>
 #include <QVBoxLayout>
 
 #include "gesture_clock.h"
 
 namespace tabulon::bench {
+
+namespace {
+
+// One value an editor committed, as a QUndoCommand: the first redo is the commit itself.
+class ValueCommand : public QUndoCommand {
+public:
+    ValueCommand(QStandardItemModel& model, const QModelIndex& index, QVariant before,
+                 QVariant after)
+        : model_(model),
+          row_(index.row()),
+          col_(index.column()),
+          before_(std::move(before)),
+          after_(std::move(after)) {}
+    void undo() override { model_.setData(model_.index(row_, col_), before_); }
+    void redo() override {
+        if (!done_) {
+            done_ = true;
+            return;
+        }
+        model_.setData(model_.index(row_, col_), after_);
+    }
+
+private:
+    QStandardItemModel& model_;
+    int row_;
+    int col_;
+    QVariant before_;
+    QVariant after_;
+    bool done_ = false;
+};
+
+// Qt's default editors; each commit that changes a value goes on the undo stack.
+class UndoableDelegate : public QStyledItemDelegate {
+public:
+    UndoableDelegate(QStandardItemModel& model, QUndoStack& stack, QObject* parent)
+        : QStyledItemDelegate(parent), model_(model), stack_(stack) {}
+    void setModelData(QWidget* editor, QAbstractItemModel* model,
+                      const QModelIndex& index) const override {
+        const QVariant before = index.data(Qt::EditRole);
+        QStyledItemDelegate::setModelData(editor, model, index);
+        const QVariant after = index.data(Qt::EditRole);
+        if (after != before) stack_.push(new ValueCommand(model_, index, before, after));
+    }
+
+private:
+    QStandardItemModel& model_;
+    QUndoStack& stack_;
+};
+
+}  // namespace
 
 StockSubject::StockSubject(QSize size, const TreeContents& tree, std::map<int, GridContents> grids,
                            const QStringList& filterEntries, int initialNode)
@@ -25,6 +77,13 @@ StockSubject::StockSubject(QSize size, const TreeContents& tree, std::map<int, G
     model_ = new QStandardItemModel(table_);
     table_->setModel(model_);
     table_->setEditTriggers(QAbstractItemView::AllEditTriggers);
+    undo_ = new QUndoStack(window_.get());
+    table_->setItemDelegate(new UndoableDelegate(*model_, *undo_, table_));
+    QAction* undo = undo_->createUndoAction(window_.get());
+    undo->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z));
+    QAction* redo = undo_->createRedoAction(window_.get());
+    redo->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Y));
+    window_->addActions({undo, redo});
     auto* column = new QVBoxLayout(right);
     column->addWidget(filter_);
     column->addWidget(table_);
@@ -65,6 +124,7 @@ StockSubject::~StockSubject() = default;
 // the headers, then the sizes and the filter.
 void StockSubject::show(const GridContents& grid) {
     shown_ = &grid;
+    undo_->clear();
     model_->clear();
     model_->setRowCount(std::max(grid.rows - 1, 0));
     model_->setColumnCount(std::max(grid.cols - 1, 0));
@@ -105,6 +165,11 @@ QWidget& StockSubject::cellArea() {
 QRect StockSubject::cellRect(int row, int col) {
     const QRect rect = table_->visualRect(model_->index(row - 1, col - 1));
     return rect.intersects(table_->viewport()->rect()) ? rect : QRect();
+}
+
+QString StockSubject::cellText(int row, int col) {
+    const QStandardItem* item = model_->item(row - 1, col - 1);
+    return item == nullptr ? QString() : item->text();
 }
 
 int StockSubject::currentRow() {

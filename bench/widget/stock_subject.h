@@ -4,12 +4,15 @@
 // headers as the table's headers) under a QComboBox of the same filter entries.
 // A click on a tree node fills the model with that node's grid, a filter entry hides
 // the columns whose tag differs, and the table edits its cells with Qt's default
-// editor, opened when the current cell changes. It has no View/Print or OK.
+// editor, opened when the current cell changes; a QUndoStack holds each value an
+// editor commits, undone with Ctrl+Z and redone with Ctrl+Y. It has no View/Print or
+// OK, no paste, find or list of values that need correcting.
 #pragma once
 
 #include <QSize>
 #include <QStandardItemModel>
 #include <QTableView>
+#include <QUndoStack>
 #include <map>
 #include <memory>
 
@@ -29,6 +32,7 @@ public:
     QWidget& window() override { return *window_; }
     QWidget& cellArea() override;
     QRect cellRect(int row, int col) override;
+    QString cellText(int row, int col) override;
     int rows() override { return model_->rowCount() + 1; }
     int cols() override { return model_->columnCount() + 1; }
     int currentRow() override;
@@ -63,6 +67,7 @@ private:
     QComboBox* filter_ = nullptr;
     QTableView* table_ = nullptr;
     QStandardItemModel* model_ = nullptr;
+    QUndoStack* undo_ = nullptr;
     std::vector<QTreeWidgetItem*> items_;
     std::map<int, GridContents> grids_;
     const GridContents* shown_ = nullptr;

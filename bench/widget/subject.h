@@ -25,6 +25,8 @@ public:
     virtual QWidget& cellArea() = 0;
     // A data cell's rectangle in cellArea(); empty when not in view.
     virtual QRect cellRect(int row, int col) = 0;
+    // The text a cell shows.
+    virtual QString cellText(int row, int col) = 0;
     virtual int rows() = 0;  // header row included
     virtual int cols() = 0;  // header column included
     virtual int currentRow() = 0;

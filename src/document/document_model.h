@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -74,6 +75,9 @@ struct ValidityIndex {
     std::vector<xml::Node> gridValues;  // the arrGridValueNodes it was built from
     std::vector<Column> columns;
     std::vector<Row> rows;
+    // xml::AttributeValuesVersion() when every row was last seen valid; while it holds,
+    // the gate need not read the flags again.
+    std::optional<std::uint64_t> allValidAt;
 };
 
 struct DocumentModel {

@@ -440,8 +440,11 @@ void SpreadsheetWidget::showEvent(QShowEvent* event) {
     d_->applySize();
 }
 
-void SpreadsheetWidget::focusInEvent(QFocusEvent* event) {
-    QWidget::focusInEvent(event);
+// The control itself draws nothing that shows the focus, so QWidget's own handlers,
+// which repaint the whole widget, are left out: the focus passes through the control on
+// its way to the grid each time an editor closes (every Tab, Enter and click), and that
+// repaint covered the tree and every button beside the grid.
+void SpreadsheetWidget::focusInEvent(QFocusEvent* /*event*/) {
     d_->syncFocusToModel();
 }
 
@@ -467,6 +470,8 @@ void SpreadsheetWidget::Private::focusMoved() {
     }
     syncFocusToModel();
 }
+
+void SpreadsheetWidget::focusOutEvent(QFocusEvent* /*event*/) {}
 
 void SpreadsheetWidget::Private::syncFocusToModel() {
     // An open drop-down holds the focus for the combo that opened it.

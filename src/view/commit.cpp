@@ -29,6 +29,7 @@
 #include <exception>
 
 #include "document/lookups.h"
+#include "document/validation_scan.h"
 #include "support/failure.h"
 #include "support/number_format.h"
 #include "support/numeric.h"
@@ -83,7 +84,7 @@ void MarkValidity(ControlCore& core, const CommittedCell& cell, const RangeFindi
     core.form.msgGridView.setCellBackColor(cell.row, cell.col, CellBackColor(valid));
     xml::Node target = cell.Target();
     const bool wasValid = target.attribute("Valid").value() == "1";
-    target.setAttribute("Valid", valid ? "1" : "0");
+    SetValidFlag(core.doc, target, valid);
     NoteRangeCheck(core, cell.row, cell.col, target, wasValid,
                    DescribeFinding(finding, box.Registrar().get(), MetricDocument(core)));
 }

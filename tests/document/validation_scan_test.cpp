@@ -114,8 +114,9 @@ TEST(ValidationScan, ACommentAmongTheRowsFailsTheScan) {
     EXPECT_EQ(Scan(loaded.doc), (Answer{true, std::nullopt}));
 }
 
-// Many random edits of values and changes of shape, each followed by a scan compared
-// with a fresh walk of the document in GridValue, then column, then row order.
+// Many random edits of values, commits and changes of shape, each followed by a scan
+// compared with a fresh walk of the document in GridValue, then column, then row order
+// (a scan that found all valid is remembered).
 TEST(ValidationScan, AgreesWithAFreshWalkAfterAnyChange) {
     Loaded loaded;
     std::uint64_t state = 12345;
@@ -134,9 +135,15 @@ TEST(ValidationScan, AgreesWithAFreshWalkAfterAnyChange) {
             }
         }
         xml::Node target = nodes[next(nodes.size())];
-        switch (next(4)) {
+        switch (next(6)) {
             case 0:
                 target.setAttribute("Valid", values[next(4)]);
+                break;
+            case 4:  // as a commit sets it
+                SetValidFlag(loaded.doc, target, next(3) != 0);
+                break;
+            case 5:  // as a load gathers the rows
+                GatherValidityIndex(loaded.doc);
                 break;
             case 1:
                 target.setText(texts[next(3)]);

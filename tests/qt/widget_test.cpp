@@ -7,6 +7,7 @@
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QStyle>
@@ -14,6 +15,7 @@
 #include <QTest>
 #include <QTreeWidget>
 #include <fstream>
+#include <map>
 
 #include "common/files.h"
 #include "control/control_access.h"
@@ -332,6 +334,79 @@ TEST_F(WidgetBehaviour, DraggingTheScrollBarsThumbMovesTheGridOneColumnPerChange
     EXPECT_EQ(form().msgGridView.leftCol(), 2);
     EXPECT_EQ(bar->value(), form().hscGrid.bar().value());
     EXPECT_TRUE(form().hscGrid.hasFocus());
+}
+
+// What a gesture repaints beyond what it changed costs every gesture on a big
+// document: a Tab leaves the tree and the buttons alone, and a resize paints the tree's
+// rows once.
+TEST_F(WidgetBehaviour, GesturesRepaintOnlyWhatTheyChange) {
+    struct PaintCounter : QObject {
+        std::map<QObject*, int> paints;
+        bool eventFilter(QObject* watched, QEvent* event) override {
+            if (event->type() == QEvent::Paint) ++paints[watched];
+            return false;
+        }
+    } counter;
+    ASSERT_TRUE(Load("samples/english.xml"));
+    ClickCell(3, 1);
+    ProcessEvents();
+    auto* tree = qobject_cast<QTreeWidget*>(widget().widgetFor(form().treTreeView));
+    QWidget* grid = widget().widgetFor(form().msgGridView);
+    QWidget* ok = widget().widgetFor(form().cmdOK);
+    QApplication::instance()->installEventFilter(&counter);
+    KeyClick(Qt::Key_Tab);
+    ProcessEvents();
+    EXPECT_EQ(form().msgGridView.col(), 2);
+    EXPECT_GE(counter.paints[grid], 1);
+    EXPECT_EQ(counter.paints[tree->viewport()], 0);
+    EXPECT_EQ(counter.paints[ok], 0);
+    counter.paints.clear();
+    widget().resize(kWidthPixels + 100, kHeightPixels);
+    ProcessEvents();
+    EXPECT_EQ(counter.paints[tree->viewport()], 1);
+    QApplication::instance()->removeEventFilter(&counter);
+}
+
+// The grid repaints only the cells a move changed: what the screen shows of it after
+// each gesture is what painting the whole grid afresh shows, outside the widgets that
+// lie over it (the open editor, the scroll bars).
+TEST_F(WidgetBehaviour, TheGridOnScreenIsAFullRepaintAfterEveryMove) {
+    UseScrollBars();
+    ASSERT_TRUE(Load("samples/english.xml"));
+    QWidget* view = widget().widgetFor(form().msgGridView);
+    const auto expectWhole = [&](const char* after) {
+        const QImage screen =
+            widget().screen()->grabWindow(widget().winId()).toImage().copy(view->geometry());
+        const QImage whole = view->grab().toImage().convertToFormat(screen.format());
+        QRegion compared(view->rect());
+        for (QWidget* above : widget().findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+            if (above != view && above->isVisible())
+                compared -= QRect(above->geometry().topLeft() - view->pos(), above->size());
+        }
+        int differing = 0;
+        for (const QRect& rect : compared) {
+            for (int y = rect.top(); y <= rect.bottom(); ++y) {
+                for (int x = rect.left(); x <= rect.right(); ++x)
+                    differing += screen.pixel(x, y) != whole.pixel(x, y) ? 1 : 0;
+            }
+        }
+        EXPECT_EQ(differing, 0) << "after " << after;
+    };
+    ClickCell(3, 1);
+    expectWhole("a click");
+    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return, Qt::Key_Return}) {
+        KeyClick(key);
+        expectWhole(key == Qt::Key_Tab ? "Tab" : "Enter");
+    }
+    QTest::mouseClick(view, Qt::LeftButton, Qt::ShiftModifier, CellCentre(2, 1));
+    ProcessEvents();
+    expectWhole("Shift+click");
+    ClickCell(1, 2);
+    expectWhole("a click after a selection");
+    TypeText("x");
+    KeyClick(Qt::Key_Return);
+    KeyClick(Qt::Key_Z, Qt::ControlModifier);
+    expectWhole("an undo");
 }
 
 TEST_F(WidgetBehaviour, APictureQtCannotDecodeFailsTheLoad) {

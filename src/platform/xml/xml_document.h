@@ -143,6 +143,12 @@ private:
 // and the document keeps its shape; only texts and attribute values may differ.
 std::uint64_t StructureVersion();
 
+// A number that changes whenever the value of an attribute of any document is set
+// (setAttribute, whether or not the value differs) or put back (Snapshot::RestoreInto,
+// when it differs). Paired with StructureVersion, an unchanged pair means every
+// attribute value read before is still the same.
+std::uint64_t AttributeValuesVersion();
+
 struct ParseError {
     std::string reason;      // e.g. "Start-end tags mismatch at line 3, column 7"
     std::size_t offset = 0;  // byte offset of the error in the parsed text

@@ -37,6 +37,7 @@ bool OnlyTextStaysText(pugi::xml_node element, std::string_view text) {
 }
 
 std::atomic<std::uint64_t> gStructureVersion{0};
+std::atomic<std::uint64_t> gAttributeValuesVersion{0};
 
 }  // namespace
 
@@ -44,8 +45,16 @@ std::uint64_t StructureVersion() {
     return gStructureVersion.load(std::memory_order_acquire);
 }
 
+std::uint64_t AttributeValuesVersion() {
+    return gAttributeValuesVersion.load(std::memory_order_acquire);
+}
+
 void ChangeStructure() {
     gStructureVersion.fetch_add(1, std::memory_order_acq_rel);
+}
+
+void ChangeAttributeValues() {
+    gAttributeValuesVersion.fetch_add(1, std::memory_order_acq_rel);
 }
 
 // --- Attribute
@@ -215,7 +224,9 @@ void Node::setAttribute(std::string_view name, std::string_view value) {
         attribute = node.append_attribute(std::string(name).c_str());
         if (attribute) ChangeStructure();
     }
-    if (attribute) attribute.set_value(value.data(), value.size());
+    if (!attribute) return;
+    attribute.set_value(value.data(), value.size());
+    ChangeAttributeValues();
 }
 
 // --- Node: text

@@ -26,11 +26,15 @@ bool SameAttributes(pugi::xml_node node,
     return true;
 }
 
+// A value put back is a value set, as setAttribute's: what was read of the document's
+// attributes before (the saving gate's "all valid") no longer holds.
 void WriteAttributeValues(pugi::xml_node node,
                           const std::vector<std::pair<std::string, std::string>>& attributes) {
     std::size_t i = 0;
     for (pugi::xml_attribute a = node.first_attribute(); a; a = a.next_attribute(), ++i) {
-        if (attributes[i].second != a.value()) a.set_value(attributes[i].second.c_str());
+        if (attributes[i].second == a.value()) continue;
+        a.set_value(attributes[i].second.c_str());
+        ChangeAttributeValues();
     }
 }
 
@@ -38,6 +42,7 @@ void AppendAttributes(pugi::xml_node node,
                       const std::vector<std::pair<std::string, std::string>>& attributes) {
     for (const auto& [name, value] : attributes)
         node.append_attribute(name.c_str()).set_value(value.c_str());
+    if (!attributes.empty()) ChangeAttributeValues();
 }
 
 bool HasName(int type) {

@@ -10,17 +10,21 @@ GridBinding::GridBinding(BindingHost& bindingHost, FlexGrid& grid, QWidget* pare
 
 void GridBinding::applyGeometry() {
     ComponentBinding::applyGeometry();
-    view_->update();
+    view_->updateAll();
 }
 
 void GridBinding::applyState(const ChangeInfo& change) {
     NotifyGridAccessibility(*view_, change);
-    if (change.kind == Change::Cell) {
-        const QRect rect = view_->cellRect(change.row, change.col);
-        if (!rect.isEmpty()) view_->update(rect);
-        return;
+    switch (change.kind) {
+        case Change::Cell:
+            view_->updateCell(change.row, change.col);
+            break;
+        case Change::Current:
+            view_->updateCurrent();
+            break;
+        default:
+            view_->updateAll();
     }
-    view_->update();
 }
 
 }  // namespace tabulon

@@ -1,5 +1,6 @@
 // GridBinding: binds the control's grid (msgGridView) to a GridView. A Cell change
-// repaints that cell's rectangle only; any other change of the grid repaints the view.
+// repaints that cell's rectangle only, a Current change what the move changed
+// (GridView::updateCurrent); any other change of the grid repaints the view.
 #pragma once
 
 #include "platform/flex_grid.h"

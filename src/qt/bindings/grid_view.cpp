@@ -57,10 +57,14 @@ GridView::GridView(BindingHost& host, FlexGrid& grid, QWidget* parent)
     setAccessibleName(tr("Values"));
 }
 
-void GridView::focusInEvent(QFocusEvent* event) {
-    QWidget::focusInEvent(event);
+// Nothing the view paints shows whether it has the focus, so QWidget's handlers, which
+// repaint the whole view, are left out: the focus passes through the grid each time an
+// editor closes.
+void GridView::focusInEvent(QFocusEvent* /*event*/) {
     NotifyGridFocus(*this);
 }
+
+void GridView::focusOutEvent(QFocusEvent* /*event*/) {}
 
 Qt::Alignment GridView::TextAlignment(CellAlignment alignment, const std::string& text) {
     switch (alignment) {
@@ -246,7 +250,37 @@ void GridView::paintBackground(QPainter& painter, const QRect& area, const std::
     fillGaps(coveredSpans(rows, false), false);
 }
 
+GridView::Marked GridView::currentNow() const {
+    return {grid_.row(), grid_.col(), grid_.rowSel(), grid_.colSel()};
+}
+
+void GridView::updateAll() {
+    wholeUpdatePending_ = true;
+    marked_ = currentNow();
+    update();
+}
+
+void GridView::updateCurrent() {
+    const Marked before = marked_;
+    const Marked now = currentNow();
+    const auto single = [](const Marked& m) { return m.row == m.rowSel && m.col == m.colSel; };
+    if (before.row < 0 || !single(before) || !single(now)) {
+        updateAll();
+        return;
+    }
+    marked_ = now;
+    updateCell(before.row, before.col);
+    updateCell(now.row, now.col);
+}
+
+void GridView::updateCell(int row, int col) {
+    if (wholeUpdatePending_) return;
+    const QRect rect = cellRect(row, col);
+    if (!rect.isEmpty()) update(rect);
+}
+
 void GridView::paintEvent(QPaintEvent* event) {
+    wholeUpdatePending_ = false;
     QPainter painter(this);
     if (grid_.rows() == 0 || grid_.cols() == 0) {
         painter.fillRect(event->rect(), ToColor(kBackgroundColor));
@@ -258,7 +292,7 @@ void GridView::paintEvent(QPaintEvent* event) {
     for (const int row : rows) {
         for (const int col : cols) {
             const QRect rect = unclippedCellRect(row, col);
-            if (rect.intersects(event->rect())) paintCell(painter, row, col, rect);
+            if (event->region().intersects(rect)) paintCell(painter, row, col, rect);
         }
     }
     paintFocusRect(painter);

@@ -1,11 +1,11 @@
 // GridView: the control's grid (a FlexGrid model) as a custom-painted widget.
 //
-// It paints only the cells in view: the fixed rows and columns, then the scrollable
-// ones from TopRow/LeftCol until the widget's edge, each with its back and fore
-// colour, its alignment code and its grid lines, the selection and a focus rectangle
-// on the current cell. Every coordinate is a whole device-independent pixel taken
-// from the model's twips edges, so lines stay one pixel wide and crisp at every
-// whole-number device pixel ratio.
+// It paints only the cells in view that the repaint's region touches: the fixed rows
+// and columns, then the scrollable ones from TopRow/LeftCol until the widget's edge,
+// each with its back and fore colour, its alignment code and its grid lines, the
+// selection and a focus rectangle on the current cell. Every coordinate is a whole
+// device-independent pixel taken from the model's twips edges, so lines stay one pixel wide and
+// crisp at every whole-number device pixel ratio.
 //
 // Gestures, all into the model: a left press -> userMouseMove then userClick on the
 // cell under the pointer (only the mouse move when the pointer is outside every row
@@ -84,6 +84,16 @@ public:
     // What a selected cell is painted over with.
     static QColor SelectionTint(const QPalette& palette);
 
+    // Repaints the whole view, or one cell; a cell's repaint asked for while the whole
+    // view's is pending is already part of it (a grid filled afresh changes every cell,
+    // and working out each one's rectangle cost a tenth of a node change).
+    void updateAll();
+    void updateCell(int row, int col);
+    // Repaints what a move of the current cell or a change of the selection changed:
+    // the cell left and the cell entered when neither selection holds more than the
+    // current cell (a Tab, Enter, a click), else the whole view.
+    void updateCurrent();
+
     // What the cell shows of its text: the text itself, or its cut form when it does
     // not fit (CellText). Empty for a cell out of view.
     QString shownText(int row, int col) const;
@@ -95,6 +105,7 @@ protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -129,6 +140,13 @@ private:
     ColumnBorderDrag borderDrag_;
     QPoint wheelRemainder_;
     bool dragging_ = false;
+    bool wholeUpdatePending_ = false;
+    // The current cell and the selection as last asked to be painted; row -1: none yet.
+    struct Marked {
+        int row = -1, col = -1, rowSel = -1, colSel = -1;
+    };
+    Marked marked_;
+    Marked currentNow() const;
 };
 
 }  // namespace tabulon

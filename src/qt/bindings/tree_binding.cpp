@@ -84,6 +84,12 @@ TreeBinding::TreeBinding(BindingHost& bindingHost, TreeView& tree, ImageList& im
     treeWidget_->viewport()->installEventFilter(this);
     treeWidget_->setItemDelegate(new TreeProblemBadge(treeWidget_));
     treeWidget_->setAccessibleName(tr("Categories"));
+    // The one column follows the viewport's width (the header is hidden and stretches
+    // it), and a viewport that changes size is painted whole anyway: Qt's own repaint
+    // of a resized column, a moment later, would paint every shown row a second time
+    // on each resize of the window or the splitter.
+    QObject::disconnect(treeWidget_->header(), SIGNAL(sectionResized(int, int, int)), treeWidget_,
+                        SLOT(columnResized(int, int, int)));
 
     observe(images_, [this](const ChangeInfo&) {
         reloadIcons();
