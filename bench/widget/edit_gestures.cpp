@@ -4,7 +4,6 @@
 #include <QClipboard>
 #include <QLineEdit>
 #include <QTest>
-#include <array>
 #include <memory>
 #include <tuple>
 
@@ -85,8 +84,10 @@ std::optional<GesturePlan> UndoRedo(Subject& s, const GestureContext& c, bool re
 }
 
 // Ctrl+V of a 50 x 20 block at the first shown cell: the grid's own texts one column
-// to the right, then the texts that were there, in turn, so that every value changes
-// and stays valid. Disabled cells in the block are skipped and the user told.
+// to the right, so that every value changes. Each paste is undone (Ctrl+Z, not timed)
+// before the next and after the last: a shown value pasted back is stored from its
+// rounded text, which may lie past a limit the stored value kept within. Disabled
+// cells in the block are skipped and the user told.
 std::optional<GesturePlan> Paste(Subject& s, const GestureContext& c) {
     if (dynamic_cast<ControlSubject*>(&s) == nullptr) return std::nullopt;
     std::vector<int> shown;
@@ -98,34 +99,37 @@ std::optional<GesturePlan> Paste(Subject& s, const GestureContext& c) {
         text->first > kPasteRows) {
         return std::nullopt;
     }
-    const auto block = [&c, &shown](int shift) {
-        CellTable table(kPasteRows);
-        for (int row = 1; row <= kPasteRows; ++row) {
-            for (int k = 0; k < kPasteCols; ++k) {
-                table[static_cast<std::size_t>(row - 1)].push_back(
-                    ToStdString(c.grid.cell(row, shown[static_cast<std::size_t>(k + shift)]).text));
-            }
-        }
-        return ToQString(ToTabSeparated(table));
-    };
-    // Checked on a text cell of the block that changes each time.
-    std::optional<Cell> checked;
-    std::array<QString, 2> expected;
-    for (std::size_t k = 0; k < kPasteCols && !checked; ++k) {
-        const QString& here = c.grid.cell(text->first, shown[k]).text;
-        const QString& right = c.grid.cell(text->first, shown[k + 1]).text;
-        if (Enabled(c.grid, text->first, shown[k]) && here != right) {
-            checked = Cell{text->first, shown[k]};
-            expected = {right, here};
+    CellTable table(kPasteRows);
+    for (int row = 1; row <= kPasteRows; ++row) {
+        for (std::size_t k = 1; k <= kPasteCols; ++k) {
+            table[static_cast<std::size_t>(row - 1)].push_back(
+                ToStdString(c.grid.cell(row, shown[k]).text));
         }
     }
+    const QString block = ToQString(ToTabSeparated(table));
+    // Checked on a text cell of the block that the paste changes.
+    std::optional<Cell> checked;
+    QString before, after;
+    for (std::size_t k = 0; k < kPasteCols && !checked; ++k) {
+        before = c.grid.cell(text->first, shown[k]).text;
+        after = c.grid.cell(text->first, shown[k + 1]).text;
+        if (Enabled(c.grid, text->first, shown[k]) && before != after)
+            checked = Cell{text->first, shown[k]};
+    }
     if (!checked) return std::nullopt;
-    const std::array<QString, 2> blocks = {block(1), block(0)};
+    const auto shows = [&s, checked](const QString& value) {
+        return s.cellText(checked->first, checked->second) == value;
+    };
     const Cell start{1, shown.front()};
     GesturePlan plan;
-    plan.before = [&s, node = c.node, start, blocks](int i) {
+    plan.before = [&s, node = c.node, start, block, shows, before](int i) {
+        if (i > 0) {
+            Chord(Qt::Key_Z);
+            Settle();
+            if (!shows(before)) return std::string("Ctrl+Z did not undo the paste");
+        }
         if (std::string failure = i == 0 ? ShowNode(s, node) : ""; !failure.empty()) return failure;
-        QApplication::clipboard()->setText(blocks[static_cast<std::size_t>(i % 2)]);
+        QApplication::clipboard()->setText(block);
         s.scrollHome();
         ClickAt(s.cellArea(), s.cellRect(start.first, start.second).center());
         Settle();
@@ -133,10 +137,12 @@ std::optional<GesturePlan> Paste(Subject& s, const GestureContext& c) {
                       "cell " + Where(start) + " did not become current");
     };
     plan.act = [](int) { Chord(Qt::Key_V); };
-    plan.after = [&s, checked, expected](int i) {
-        return Expect(s.cellText(checked->first, checked->second) ==
-                          expected[static_cast<std::size_t>(i % 2)],
-                      "the paste did not reach cell " + Where(*checked));
+    plan.after = [shows, after, checked](int) {
+        return Expect(shows(after), "the paste did not reach cell " + Where(*checked));
+    };
+    plan.finish = [] {
+        Chord(Qt::Key_Z);
+        Settle();
     };
     plan.tells = true;
     return plan;

@@ -224,6 +224,7 @@ std::optional<GesturePlan> ThumbDrag(Subject& s, Qt::Orientation orientation) {
     QScrollBar& bar = s.scrollBar(orientation);
     struct State {
         QPoint start, end;
+        std::optional<QPoint> held;  // where the button is held down
     };
     auto state = std::make_shared<State>();
     const auto along = [orientation](const QPoint& p) {
@@ -253,10 +254,13 @@ std::optional<GesturePlan> ThumbDrag(Subject& s, Qt::Orientation orientation) {
             const int phase = i % (kSteps + 2);
             if (phase == 0) {
                 QTest::mousePress(&bar, Qt::LeftButton, Qt::NoModifier, state->start);
+                state->held = state->start;
             } else if (phase <= kSteps) {
-                QTest::mouseMove(&bar, state->start + (state->end - state->start) * phase / kSteps);
+                state->held = state->start + (state->end - state->start) * phase / kSteps;
+                QTest::mouseMove(&bar, *state->held);
             } else {
                 QTest::mouseRelease(&bar, Qt::LeftButton, Qt::NoModifier, state->end);
+                state->held.reset();
             }
         },
         [&bar, state, along](int i) {
@@ -265,7 +269,13 @@ std::optional<GesturePlan> ThumbDrag(Subject& s, Qt::Orientation orientation) {
             return Expect(bar.value() == (forward ? bar.maximum() : bar.minimum()),
                           "the drag did not reach the end of the range");
         },
-        {}};
+        {},
+        // The samples may end during a drag: the button goes up where it is.
+        [&bar, state] {
+            if (state->held)
+                QTest::mouseRelease(&bar, Qt::LeftButton, Qt::NoModifier, *state->held);
+            Settle();
+        }};
 }
 
 GesturePlan Wheel(Subject& s) {
@@ -317,6 +327,7 @@ GesturePlan BorderDrag(Subject& s) {
         QPoint start;
         int width = 0;
         int step = 10;
+        std::optional<QPoint> held;  // where the button is held down
     };
     auto state = std::make_shared<State>();
     return {[&s, state](int i) {
@@ -337,6 +348,7 @@ GesturePlan BorderDrag(Subject& s) {
                 } else {
                     QTest::mouseRelease(&area, Qt::LeftButton, Qt::NoModifier, at);
                 }
+                state->held = phase < kPhases - 1 ? std::optional<QPoint>(at) : std::nullopt;
             },
             [&s, state](int i) {
                 if (i % kPhases != kPhases - 1) return std::string();
@@ -345,7 +357,16 @@ GesturePlan BorderDrag(Subject& s) {
                                   std::to_string(state->width) + " -> " +
                                   std::to_string(s.columnWidth(kCol)) + ")");
             },
-            {}};
+            {},
+            // The samples may end during a drag: the button goes up where it is (a
+            // press left held would make the next click's release end the drag).
+            [&s, state] {
+                if (state->held) {
+                    QTest::mouseRelease(&s.borderArea(), Qt::LeftButton, Qt::NoModifier,
+                                        *state->held);
+                }
+                Settle();
+            }};
 }
 
 // The popup opened and the pointer on the entry (not timed), then Enter chooses it.
