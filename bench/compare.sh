@@ -25,14 +25,15 @@
 #      from its first Qt event to the end of its repaint on documents of 1, 10 and
 #      50 MB written by `tabulon generate`, beside a stock QTableView and QTreeWidget
 #      holding the same grid and tree. Goals: at 50 MB each gesture's 95th percentile
-#      under 16 ms and no more than the stock anchor's; its median within 1.5x of the
-#      1 MB median; Load of 50 MB until the grid is painted at most 0.5x of
+#      under 16 ms and no more than the stock anchor's; its median processor time
+#      within 1.5x of the 1 MB one (the cost, which the neighbours on a shared machine do
+#      not change as they change the wall clock); Load of 50 MB until the grid is painted at most 0.5x of
 #      `xmllint --valid` on the same text; peak memory of the demo holding the 50 MB
 #      document at most 5x the file. WIDGET_SCALE (default 1) scales its samples.
 #      Medians that differ by less than 0.1 ms count as the same size (the event loop's
 #      own noise); View/Print, OK, paste, find and F9 have no stock counterpart. The
-#      processor time of the 50 MB median is listed beside the wall-clock figures: on a
-#      machine others share, it is the figure to compare between runs.
+#      processor times at 1 and 50 MB are listed beside the wall-clock figures: on a
+#      machine others share, they are the figures to compare between runs.
 # Every ratio is printed with its goal and PASS or FAIL; the exit status is 1 when
 # any goal is missed. Timings are wall-clock: on a busy machine run it again.
 set -euo pipefail
@@ -250,8 +251,8 @@ if [ "$paint_ran" = 1 ]; then
         fi
         p95=$(wfig "$family" 50 "$gesture" control 7)
         stock=$(wfig "$family" 50 "$gesture" stock 7)
-        small=$(wfig "$family" 1 "$gesture" control 6)
-        large=$(wfig "$family" 50 "$gesture" control 6)
+        small=$(wfig "$family" 1 "$gesture" control 9)
+        large=$(wfig "$family" 50 "$gesture" control 9)
         growth=$(ratio "$large" "$small")
         frame=$(verdict "$p95" lt 16)
         anchor=$(verdict "$p95" le "$stock")
@@ -267,7 +268,7 @@ if [ "$paint_ran" = 1 ]; then
             i=$((i + 1))
         done
         stock_text=$( [ "$stock" = nan ] && echo "none" || pair "$family" 50 "$gesture" stock)
-        cpu=$(printf '%.2f' "$(wfig "$family" 50 "$gesture" control 9)" 2>/dev/null || printf 'nan')
+        cpu=$(printf '%.2f / %.2f' "$small" "$large" 2>/dev/null || printf 'nan')
         printf '%-7s %-16s 1 MB %-16s 50 MB %-16s cpu %-7s stock %-16s %-4s %-4s %.2fx %s\n' \
             "$family" "$gesture" "$(pair "$family" 1 "$gesture" control)" \
             "$(pair "$family" 50 "$gesture" control)" "$cpu" "$stock_text" "$frame" "$anchor" \
@@ -276,7 +277,7 @@ if [ "$paint_ran" = 1 ]; then
     done < <(awk -F'\t' '$1 != "document" && $4 == "control" && !seen[$1 FS $3]++ { print $1 "\t" $3 }' "$tsv")
     rows+=("| widget gestures at 50 MB, p95 < 16 ms | ${counts[0]} of ${counts[3]} | all | $( [ "${counts[0]}" = "${counts[3]}" ] && echo PASS || echo FAIL) |")
     rows+=("| widget gestures at 50 MB, p95 <= the stock anchor's | ${counts[1]} of ${counts[4]} | all | $( [ "${counts[1]}" = "${counts[4]}" ] && echo PASS || echo FAIL) |")
-    rows+=("| widget gestures, median 50 MB / 1 MB <= 1.5x | ${counts[2]} of ${counts[5]} | all | $( [ "${counts[2]}" = "${counts[5]}" ] && echo PASS || echo FAIL) |")
+    rows+=("| widget gestures, processor time 50 MB / 1 MB <= 1.5x | ${counts[2]} of ${counts[5]} | all | $( [ "${counts[2]}" = "${counts[5]}" ] && echo PASS || echo FAIL) |")
     [ ${#pending[@]} -gt 0 ] && echo "not measured: ${pending[*]}"
 
     # Wall-clock seconds of a command in ms, the median of three runs.
@@ -340,12 +341,12 @@ cpu=$(awk -F': ' '/model name/ { print $2; exit }' /proc/cpuinfo 2>/dev/null || 
         echo "tabulon_widget_bench on Qt's offscreen platform: each gesture sent as real Qt events"
         echo "to a SpreadsheetWidget and timed until its repaint is done; the stock anchor is a"
         echo "QTreeWidget beside a QTableView over a QStandardItemModel holding the same tree and"
-        echo "grid. Milliseconds, median / 95th percentile; CPU: the processor time of the"
-        echo "application's thread, median at 50 MB. Goals at 50 MB: p95 < 16 ms, p95 <= the"
-        echo "stock anchor's, median within 1.5x of the 1 MB median."
+        echo "grid. Milliseconds, median / 95th percentile; CPU: the median processor time of"
+        echo "the application's thread at 1 MB / 50 MB. Goals at 50 MB: p95 < 16 ms, p95 <= the"
+        echo "stock anchor's, processor time within 1.5x of the 1 MB one."
         echo "Load average when it ran: $(cut -d' ' -f1-3 /proc/loadavg)."
         echo
-        echo "| Document | Gesture | 1 MB | 10 MB | 50 MB | CPU, 50 MB | stock, 50 MB | p95 < 16 ms | <= stock | 50 / 1 MB |"
+        echo "| Document | Gesture | 1 MB | 10 MB | 50 MB | CPU, 1 / 50 MB | stock, 50 MB | p95 < 16 ms | <= stock | CPU 50 / 1 MB |"
         echo "|---|---|---|---|---|---|---|---|---|---|"
         printf '%s\n' "${widget_rows[@]}"
         echo
