@@ -35,6 +35,11 @@ public:
     int count() const { return static_cast<int>(nodes_.size()); }
     // A copy of the node; 1-based, out of range throws InvalidArgumentFailure.
     TreeNode node(int index) const;
+    // The node's problem mark without copying its texts (views ask for it on every
+    // paint); 0 when index is out of range.
+    int problemCount(int index) const {
+        return index >= 1 && index <= count() ? entry(index).problems : 0;
+    }
     // 1-based index of the node with that key (exact comparison), 0 when none or
     // when key is empty.
     int indexOf(const std::string& key) const;

@@ -55,7 +55,7 @@ public:
         const bool mark = role == kProblemCountRole || role == Qt::ToolTipRole ||
                           role == Qt::AccessibleDescriptionRole;
         if (column != 0 || !mark) return QTreeWidgetItem::data(column, role);
-        const int problems = index_ <= tree_.count() ? tree_.node(index_).problems : 0;
+        const int problems = tree_.problemCount(index_);
         if (role == kProblemCountRole) return problems;
         return ProblemCountText(problems);
     }
