@@ -75,7 +75,9 @@ int WriteAll(int fd, std::string_view data, off_t offset) {
     return 0;
 }
 
-int ReadAll(const std::string& path, std::string& content) {
+// Reads the file at path piece by piece into each(piece); returns 0 or an errno.
+template <class Each>
+int ReadPieces(const std::string& path, const Each& each) {
     const Descriptor fd(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (fd.get() < 0) return errno;
     char buffer[1 << 16];
@@ -86,8 +88,12 @@ int ReadAll(const std::string& path, std::string& content) {
             if (errno == EINTR) continue;
             return errno;
         }
-        content.append(buffer, static_cast<std::size_t>(count));
+        each(std::string_view(buffer, static_cast<std::size_t>(count)));
     }
+}
+
+int ReadAll(const std::string& path, std::string& content) {
+    return ReadPieces(path, [&](std::string_view piece) { content.append(piece); });
 }
 
 void SyncFolder(const std::string& folder) {
@@ -149,11 +155,14 @@ bool Unchanged(const std::string& path, const Target& target, const FileStamp& e
     const std::string changed =
         "Cannot save " + path + ": the file was changed by another program since it was loaded";
     if (!expected.SameFileAs(target.info)) return Fail(reason, changed);
-    std::string content;
-    if (const int error = ReadAll(target.path, content); error != 0) {
+    // Hashed as it is read: a large document is not held a second time to be compared.
+    ContentHasher hasher;
+    if (const int error =
+            ReadPieces(target.path, [&](std::string_view piece) { hasher.add(piece); });
+        error != 0) {
         return Fail(reason, "Cannot save " + path + ": " + ErrnoText(error));
     }
-    if (ContentHash(content) != expected.contentHash) return Fail(reason, changed);
+    if (hasher.finish() != expected.contentHash) return Fail(reason, changed);
     return true;
 }
 

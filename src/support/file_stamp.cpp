@@ -1,5 +1,6 @@
 #include "support/file_stamp.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace tabulon {
@@ -24,17 +25,37 @@ bool FileStamp::SameFileAs(const struct stat& info) const {
            size == static_cast<std::uint64_t>(info.st_size) && modifiedNs == ModifiedNs(info);
 }
 
-std::uint64_t ContentHash(std::string_view bytes) {
-    std::uint64_t hash = 0x243F6A8885A308D3ULL ^ bytes.size();
-    std::size_t at = 0;
-    for (; at + 8 <= bytes.size(); at += 8) {
+void ContentHasher::add(std::string_view bytes) {
+    std::size_t have = size_ % 8;
+    size_ += bytes.size();
+    if (have != 0) {
+        const std::size_t take = std::min(bytes.size(), 8 - have);
+        std::memcpy(pending_ + have, bytes.data(), take);
+        bytes.remove_prefix(take);
+        if (have + take < 8) return;
         std::uint64_t word = 0;
-        std::memcpy(&word, bytes.data() + at, sizeof word);
-        hash = Mix(hash, word);
+        std::memcpy(&word, pending_, sizeof word);
+        hash_ = Mix(hash_, word);
     }
+    for (; bytes.size() >= 8; bytes.remove_prefix(8)) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, bytes.data(), sizeof word);
+        hash_ = Mix(hash_, word);
+    }
+    have = bytes.size();
+    if (have != 0) std::memcpy(pending_, bytes.data(), have);
+}
+
+std::uint64_t ContentHasher::finish() const {
     std::uint64_t tail = 0;
-    if (at < bytes.size()) std::memcpy(&tail, bytes.data() + at, bytes.size() - at);
-    return Mix(hash, tail);
+    std::memcpy(&tail, pending_, size_ % 8);
+    return Mix(Mix(hash_, tail), size_);
+}
+
+std::uint64_t ContentHash(std::string_view bytes) {
+    ContentHasher hasher;
+    hasher.add(bytes);
+    return hasher.finish();
 }
 
 FileStamp StampOf(const struct stat& info, std::string_view content, bool throughLink) {

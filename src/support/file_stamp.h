@@ -23,7 +23,19 @@ struct FileStamp {
 };
 
 // A 64-bit hash of bytes, to tell contents apart when size and time are equal (not a
-// cryptographic hash: it only has to notice another program's change).
+// cryptographic hash: it only has to notice another program's change). Fed in pieces,
+// so that a large file is hashed as it is read, without holding it.
+class ContentHasher {
+public:
+    void add(std::string_view bytes);
+    std::uint64_t finish() const;
+
+private:
+    std::uint64_t hash_ = 0x243F6A8885A308D3ULL;
+    std::uint64_t size_ = 0;
+    char pending_[8] = {};  // the bytes of a word not yet complete
+};
+
 std::uint64_t ContentHash(std::string_view bytes);
 
 // The stamp of the file described by info, holding content.
