@@ -17,27 +17,20 @@ class ViewBatch : public Observable {
 public:
     bool held() const { return holds_ > 0 && pauses_ == 0; }
 
-    class Hold {
+    // Holds the views, or lets them catch up, for as long as it lives.
+    template <int Holds, int Pauses>
+    class Scope {
     public:
-        explicit Hold(ViewBatch& batch) : batch_(batch) { batch_.step(1, 0); }
-        ~Hold() { batch_.step(-1, 0); }
-        Hold(const Hold&) = delete;
-        Hold& operator=(const Hold&) = delete;
+        explicit Scope(ViewBatch& batch) : batch_(batch) { batch_.step(Holds, Pauses); }
+        ~Scope() { batch_.step(-Holds, -Pauses); }
+        Scope(const Scope&) = delete;
+        Scope& operator=(const Scope&) = delete;
 
     private:
         ViewBatch& batch_;
     };
-
-    class Pause {
-    public:
-        explicit Pause(ViewBatch& batch) : batch_(batch) { batch_.step(0, 1); }
-        ~Pause() { batch_.step(0, -1); }
-        Pause(const Pause&) = delete;
-        Pause& operator=(const Pause&) = delete;
-
-    private:
-        ViewBatch& batch_;
-    };
+    using Hold = Scope<1, 0>;
+    using Pause = Scope<0, 1>;
 
 private:
     void step(int holds, int pauses) {
