@@ -32,8 +32,8 @@ void SetValidFlag(DocumentModel& doc, xml::Node cell, bool valid);
 
 // Gathers doc.validityIndex from arrGridValueNodes, whatever the rows hold (the scan
 // judges them), noting whether every row is valid. Loading does it, so that the first
-// scan after a load is as quick as the others. Failures other than running out of memory cannot
-// occur.
+// scan after a load is as quick as the others. Failures other than running out of
+// memory cannot occur.
 void GatherValidityIndex(DocumentModel& doc);
 
 // Gathers doc.validityIndex only when it is out of date (see FindFirstInvalidCell).
