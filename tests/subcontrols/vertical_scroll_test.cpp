@@ -10,16 +10,13 @@
 namespace tabulon {
 namespace {
 
-// A header row of 300 twips and ten data rows of 300; at 2100 twips high six data
-// rows are shown.
+// A grid of one header column and one data column; each test sets its rows.
 class VerticalScroll : public ::testing::Test {
 protected:
     void SetUp() override {
         grid.setCols(2);
         grid.setFixedCols(1);
-        SetRows(std::vector<int>(11, 300));
         grid.setWidth(4000);
-        grid.setHeight(2100);
         SetScrollGrid(&grid);
     }
     void TearDown() override { SetScrollGrid(nullptr); }
@@ -35,18 +32,6 @@ protected:
     RecordingSink sink;
     ctlVerticalScroll vsc{"vscGrid", &sink};
 };
-
-TEST_F(VerticalScroll, StepsTheTopRowOneRowPerChange) {
-    EXPECT_TRUE(vsc.RefresVScrollBar());
-    EXPECT_EQ(vsc.bar().max(), 4);
-    EXPECT_EQ(vsc.bar().value(), 0);
-    EXPECT_EQ(vsc.TopMargin(), 290);  // header row height - 10
-    vsc.bar().userSetValue(4);
-    EXPECT_EQ(grid.topRow(), 2);
-    EXPECT_EQ(grid.leftCol(), 1);
-    vsc.bar().userStep(-1);
-    EXPECT_EQ(grid.topRow(), 1);
-}
 
 TEST_F(VerticalScroll, EveryRowFitsOnlyWithRowOneAndTheLastRowShown300TwipsClear) {
     struct Case {
@@ -64,6 +49,7 @@ TEST_F(VerticalScroll, EveryRowFitsOnlyWithRowOneAndTheLastRowShown300TwipsClear
         SetRows(c.heights);
         grid.setHeight(c.gridHeight);
         EXPECT_EQ(vsc.RefresVScrollBar(), c.needed) << c.heights.size() << " " << c.gridHeight;
+        EXPECT_EQ(vsc.TopMargin(), 290);  // header row height - 10
     }
 }
 
@@ -88,18 +74,6 @@ TEST(VerticalScrollLayout, TopMarginMovesTheBarDown) {
               (std::vector{0, 380, 255, 4000}));
     EXPECT_EQ(vsc.fraVertical().width(), 255);
     EXPECT_EQ(vsc.fraVertical().height(), 4480);
-}
-
-TEST(VerticalScrollProperties, DefaultsAreNotStored) {
-    ctlVerticalScroll vsc("vscGrid");
-    MemoryPropertyBag bag;
-    vsc.WriteProperties(bag);
-    EXPECT_TRUE(bag.values().empty());
-    bag.values()["TopMargin"] = std::int64_t{120};
-    bag.values()["BottomMargin"] = std::string("30");
-    vsc.ReadProperties(bag);
-    EXPECT_EQ(vsc.TopMargin(), 120);
-    EXPECT_EQ(vsc.BottomMargin(), 30);
 }
 
 }  // namespace
