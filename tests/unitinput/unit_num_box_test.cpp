@@ -38,6 +38,8 @@ TEST(NumberField, TakesOnlyWhatCanStandInANumber) {
         {"a Metric minimum below zero allows a minus", true, "5", 0, 0, 0, 100, "-", "", "-5"},
         {"no exponent before the digits", false, "15", 0, 0, 0, 500, "e", "", "15"},
         {"a sign right after the exponent", false, "1e", 2, 0, 50, 500, "-3", "", "1e-3"},
+        {"no exponent before the point", false, "1.5", 1, 0, 0, 500, "e", "", "1.5"},
+        {"no point in the exponent", false, "1e5", 3, 0, 0, 500, ".", "", "1e5"},
         {"no exponent beyond any number", false, "1e30", 4, 0, 0, 500, "89", "", "1e308"},
         {"a paste at the caret", false, "12", 1, 0, 0, 500, "", "0.5", "10.52"},
         {"a paste ends at its first line", false, "", 0, 0, 0, 500, "", "12\n34", "12"},
