@@ -1,10 +1,9 @@
-// The lines are read by nlohmann-json's strict parser through its event interface, so
-// members keep their written order and numbers their literal text.
+// Each line is read by nlohmann-json's strict parser into an ordered_json, so members
+// keep their written order.
 #include "session/json_lines.h"
 
 #include <nlohmann/json.hpp>
 #include <sstream>
-#include <stdexcept>
 
 namespace tabulon::testing {
 
@@ -12,86 +11,31 @@ namespace {
 
 const JsonValue kNull;
 
-using Json = nlohmann::json;
+using Json = nlohmann::ordered_json;
 
-// Builds one JsonValue from the parser's events.
-class ValueBuilder : public nlohmann::json_sax<Json> {
-public:
-    JsonValue result;
-
-    bool null() override {
-        Add(JsonValue::Type::Null);
-        return true;
+JsonValue Convert(const Json& json) {
+    JsonValue value;
+    if (json.is_boolean()) {
+        value.type = JsonValue::Type::Bool;
+        value.boolean = json.get<bool>();
+    } else if (json.is_number()) {
+        value.type = JsonValue::Type::Number;
+        value.number = json.get<double>();
+        value.text = json.dump();
+    } else if (json.is_string()) {
+        value.type = JsonValue::Type::String;
+        value.text = json.get<std::string>();
+    } else if (json.is_array()) {
+        value.type = JsonValue::Type::Array;
+        for (const Json& item : json)
+            value.items.push_back(Convert(item));
+    } else if (json.is_object()) {
+        value.type = JsonValue::Type::Object;
+        for (const auto& [key, member] : json.items())
+            value.members.emplace_back(key, Convert(member));
     }
-    bool boolean(bool value) override {
-        Add(JsonValue::Type::Bool).boolean = value;
-        return true;
-    }
-    bool number_integer(number_integer_t value) override {
-        return Number(static_cast<double>(value), std::to_string(value));
-    }
-    bool number_unsigned(number_unsigned_t value) override {
-        return Number(static_cast<double>(value), std::to_string(value));
-    }
-    bool number_float(number_float_t value, const string_t& literal) override {
-        return Number(value, literal);
-    }
-    bool string(string_t& value) override {
-        Add(JsonValue::Type::String).text = std::move(value);
-        return true;
-    }
-    bool binary(binary_t&) override { return false; }
-    bool start_object(std::size_t) override {
-        open_.push_back(&Add(JsonValue::Type::Object));
-        return true;
-    }
-    bool key(string_t& name) override {
-        key_ = std::move(name);
-        return true;
-    }
-    bool end_object() override {
-        open_.pop_back();
-        return true;
-    }
-    bool start_array(std::size_t) override {
-        open_.push_back(&Add(JsonValue::Type::Array));
-        return true;
-    }
-    bool end_array() override {
-        open_.pop_back();
-        return true;
-    }
-    bool parse_error(std::size_t, const std::string&,
-                     const nlohmann::detail::exception& failure) override {
-        throw std::runtime_error(failure.what());
-    }
-
-private:
-    // A new value in the innermost open object or array, or the result itself. The
-    // parent stays put while it is open: its own parent gets nothing new meanwhile.
-    JsonValue& Add(JsonValue::Type type) {
-        JsonValue* value = &result;
-        if (!open_.empty()) {
-            JsonValue& parent = *open_.back();
-            if (parent.type == JsonValue::Type::Object) {
-                value = &parent.members.emplace_back(key_, JsonValue{}).second;
-            } else {
-                value = &parent.items.emplace_back();
-            }
-        }
-        value->type = type;
-        return *value;
-    }
-    bool Number(double value, std::string literal) {
-        JsonValue& number = Add(JsonValue::Type::Number);
-        number.number = value;
-        number.text = std::move(literal);
-        return true;
-    }
-
-    std::vector<JsonValue*> open_;
-    std::string key_;
-};
+    return value;
+}
 
 }  // namespace
 
@@ -134,10 +78,8 @@ std::vector<JsonValue> ParseJsonLines(const std::string& text) {
     while (std::getline(lines, line)) {
         if (line.empty()) continue;
         try {
-            ValueBuilder builder;
-            Json::sax_parse(line, &builder);
-            values.push_back(std::move(builder.result));
-        } catch (const std::exception& error) {
+            values.push_back(Convert(Json::parse(line)));
+        } catch (const Json::parse_error& error) {
             JsonValue bad;
             bad.parseError = std::string(error.what()) + ": " + line;
             values.push_back(bad);

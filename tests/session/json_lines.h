@@ -17,7 +17,7 @@ public:
     Type type = Type::Null;
     bool boolean = false;
     double number = 0;
-    std::string text;  // strings; for numbers the literal as written
+    std::string text;  // strings; for numbers the number as JSON writes it
     std::vector<JsonValue> items;
     std::vector<std::pair<std::string, JsonValue>> members;  // in written order
     std::string parseError;
