@@ -1,8 +1,7 @@
-// `tabulon validate` and `tabulon report`: exit codes, the summary line, messages on
-// stderr and the report bytes.
+// `tabulon validate`, `tabulon report` and `tabulon find`: exit codes, the listed
+// invalid values, messages on stderr and the report bytes.
 #include <gtest/gtest.h>
 
-#include <ostream>
 #include <string>
 
 #include "common/documents.h"
@@ -14,61 +13,11 @@ namespace {
 
 constexpr const char* kTwoByTwo = "shell_two_by_two.xml";
 
-struct SampleCase {
-    const char* path;
-    const char* summary;
-};
-
-void PrintTo(const SampleCase& c, std::ostream* os) {
-    *os << c.path;
-}
-
-class ValidateSample : public ::testing::TestWithParam<SampleCase> {};
-
-TEST_P(ValidateSample, LoadsWithoutAnyMessageFromFileAndFromText) {
-    for (const std::string option : {"", " --text"}) {
-        const ToolRun run = RunTool(std::string("validate ") + GetParam().path + option);
-        EXPECT_EQ(run.status, 0) << option;
-        EXPECT_EQ(run.err, "") << option;
-        EXPECT_EQ(run.out, std::string(GetParam().summary) + "\n") << option;
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Samples, ValidateSample,
-    ::testing::Values(
-        SampleCase{"samples/english.xml",
-                   "tree 6 nodes; grid 6 rows x 4 cols for node \"PROJECT\""},
-        SampleCase{"samples/metric.xml", "tree 4 nodes; grid 8 rows x 3 cols for node \"SUITE\""},
-        SampleCase{"samples/filtered.xml", "tree 2 nodes; grid 7 rows x 9 cols for node \"CHW\""}));
-
-TEST(Validate, AMalformedOrMissingDocumentFailsWithItsMessageOnStderr) {
-    const std::string broken = WriteTempFile("broken.xml", "<xml MeasurementUnit=\"ENGLISH\">\n");
-    const ToolRun run = RunTool("validate '" + broken + "'");
-    EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.err.rfind("critical: ", 0), 0u) << run.err;
-    EXPECT_EQ(run.out, "tree 0 nodes; no grid shown\n");
-    const ToolRun missing = RunTool("validate /nonexistent/doc.xml");
-    EXPECT_EQ(missing.status, 1);
-    EXPECT_EQ(missing.err, "critical: XML file not found\n");
-}
-
-// A valid document whose first node names a layout that is not there loads, but no
-// grid is shown.
-TEST(Validate, AValidDocumentWhoseGridCannotBeShownFails) {
-    const std::string path = WriteTempFile(
-        "no_header.xml",
-        Replaced(ReadFileBytes(DataFile(kTwoByTwo)), "HeaderKey=\"G1\"", "HeaderKey=\"Z\""));
-    const ToolRun run = RunTool("validate '" + path + "'");
-    EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.err, "information: Grid header key 'Z' not found in XML.\n");
-}
-
 TEST(Validate, BadArgumentsAreUsageErrors) {
-    EXPECT_EQ(RunTool("validate").status, 2);
-    EXPECT_EQ(RunTool("validate a.xml b.xml").status, 2);
-    EXPECT_EQ(RunTool("validate a.xml --html").status, 2);
-    EXPECT_EQ(RunTool("validate /nonexistent/doc.xml --text").status, 2);
+    const char* bad[] = {"validate", "validate a.xml b.xml", "validate a.xml --html",
+                         "validate /nonexistent/doc.xml --text",
+                         "report samples/english.xml --node"};
+    ExpectUsageErrors(bad, "usage: tabulon");
 }
 
 TEST(Report, WritesThePrintClickTextByteForByte) {
@@ -97,11 +46,8 @@ TEST(Report, FailsWhenNoPrintClickIsRaised) {
     EXPECT_EQ(blocked.err,
               "critical: Validation Error(s). You must correct all data highlighted in red before "
               "saving.\n");
-
     EXPECT_EQ(RunTool("report samples/english.xml --node NOWHERE").status, 1);
     EXPECT_EQ(RunTool("report samples/filtered.xml --filter Nothing").status, 1);
-    EXPECT_EQ(RunTool("report /nonexistent/doc.xml").status, 1);
-    EXPECT_EQ(RunTool("report samples/english.xml --node").status, 2);
 }
 
 // One value beyond its row's maximum, one marked by the document and one under a key
