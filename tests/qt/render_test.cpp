@@ -7,7 +7,6 @@
 
 #include "common/qt_images.h"
 #include "qt/bindings/grid_view.h"
-#include "qt/bindings/unit_drop_binding.h"
 #include "qt/bindings/unit_num_binding.h"
 #include "widget_fixture.h"
 
@@ -67,22 +66,6 @@ TEST_F(Rendering, AnOpenEditorLiesExactlyOverItsCell) {
     const QPoint gridOrigin = widget().widgetFor(form().msgGridView)->pos();
     auto* view = static_cast<GridView*>(widget().widgetFor(form().msgGridView));
     EXPECT_EQ(editor->geometry(), view->cellRect(1, 2).translated(gridOrigin));
-}
-
-TEST_F(Rendering, UnitDropEditorShowsBothPartsBesideTheScrollBars) {
-    UseScrollBars();
-    ASSERT_TRUE(Load("samples/filtered.xml"));
-    ClickCell(4, 2);
-    ASSERT_TRUE(form().unitDropControl.visible());
-    KeepRender(widget(), "filtered_unit_editor");
-    auto* binding = dynamic_cast<UnitDropBinding*>(widget().bindingFor(form().unitDropControl));
-    ASSERT_NE(binding, nullptr);
-    const TwipsScale& scale = widget().scale();
-    EXPECT_EQ(binding->numberEdit()->width(),
-              scale.toPixelsX(form().unitDropControl.NumberWidth()));
-    EXPECT_GT(binding->unitCombo()->width(), 0);
-    EXPECT_EQ(binding->unitCombo()->currentText(), QStringLiteral("hp"));
-    EXPECT_EQ(binding->numberEdit()->text(), QStringLiteral("7.5"));
 }
 
 TEST_F(Rendering, UnitNumberEditorShowsTheUnitLabel) {

@@ -3,11 +3,10 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QDir>
+#include <QKeySequence>
 #include <QStyleOptionSlider>
 #include <QTest>
 #include <QTreeWidget>
-#include <array>
-#include <cctype>
 #include <cstdio>
 #include <filesystem>
 #include <sstream>
@@ -20,31 +19,14 @@ namespace tabulon::testing {
 
 namespace {
 
-const std::array<std::pair<std::string_view, Qt::Key>, 12> kNamedKeys = {{
-    {"Tab", Qt::Key_Tab},
-    {"Enter", Qt::Key_Return},
-    {"Space", Qt::Key_Space},
-    {"Escape", Qt::Key_Escape},
-    {"Backspace", Qt::Key_Backspace},
-    {"Delete", Qt::Key_Delete},
-    {"Home", Qt::Key_Home},
-    {"End", Qt::Key_End},
-    {"Left", Qt::Key_Left},
-    {"Right", Qt::Key_Right},
-    {"Up", Qt::Key_Up},
-    {"Down", Qt::Key_Down},
-}};
-
-// The Qt key of a session key name: the named keys, F1..F12, or one letter or digit.
+// The Qt key of a session key name: Qt's own name of the key, but the session's Enter
+// is the main Return key.
 Qt::Key QtKey(const std::string& name) {
-    for (const auto& [keyName, key] : kNamedKeys) {
-        if (keyName == name) return key;
-    }
-    if (name.size() >= 2 && name[0] == 'F') {
-        return static_cast<Qt::Key>(Qt::Key_F1 + std::stoi(name.substr(1)) - 1);
-    }
-    if (name.size() == 1 && std::isalnum(static_cast<unsigned char>(name[0]))) {
-        return static_cast<Qt::Key>(std::toupper(static_cast<unsigned char>(name[0])));
+    if (name == "Enter") return Qt::Key_Return;
+    const QKeySequence sequence =
+        QKeySequence::fromString(QString::fromStdString(name), QKeySequence::PortableText);
+    if (sequence.count() == 1 && sequence[0].keyboardModifiers() == Qt::NoModifier) {
+        return sequence[0].key();
     }
     ADD_FAILURE() << "no Qt key for the session's key \"" << name << "\"";
     return Qt::Key_unknown;

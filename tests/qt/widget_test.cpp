@@ -3,15 +3,10 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
-#include <QComboBox>
 #include <QGroupBox>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QScreen>
-#include <QScrollBar>
 #include <QSignalSpy>
-#include <QStyle>
-#include <QStyleOptionSlider>
 #include <QTest>
 #include <QTreeWidget>
 #include <fstream>
@@ -19,7 +14,6 @@
 
 #include "common/files.h"
 #include "control/control_access.h"
-#include "qt/bindings/scroll_bar_binding.h"
 #include "qt/bindings/unit_num_binding.h"
 #include "widget_fixture.h"
 
@@ -59,57 +53,9 @@ TEST_F(WidgetBehaviour, EveryBoundWidgetSitsWhereItsModelSaysInPixels) {
     EXPECT_EQ(widget().widgetFor(form().control), nullptr);
 }
 
-TEST_F(WidgetBehaviour, ResizingTheWidgetRunsTheControlsResizeHandlingInTwips) {
-    const std::int32_t oldWidth = form().control.width();
-    const std::int32_t oldHelp = form().cmdHelp.left();
-    widget().resize(kWidthPixels + 60, kHeightPixels + 30);
-    ProcessEvents();
-    const TwipsScale& scale = widget().scale();
-    EXPECT_EQ(form().control.width(), scale.toTwipsX(kWidthPixels + 60));
-    EXPECT_EQ(form().control.height(), scale.toTwipsY(kHeightPixels + 30));
-    // The buttons keep their distance from the right edge.
-    EXPECT_EQ(form().cmdHelp.left() - oldHelp, form().control.width() - oldWidth);
-    EXPECT_EQ(widget().widgetFor(form().cmdHelp)->x(), scale.toPixelsX(form().cmdHelp.left()));
-}
-
-TEST(SpreadsheetWidgetLifecycle, FirstShowingPlacesTheButtonsOnce) {
-    SpreadsheetWidget widget(nullptr, nullptr, [](MessageIcon, const QString& text) {
-        ADD_FAILURE() << "unexpected message: " << text.toStdString();
-    });
-    widget.resize(600, 450);
-    EXPECT_FALSE(widget.control().shown());
-    widget.show();
-    EXPECT_TRUE(widget.control().shown());
-    const Form& form = FormOf(widget.control());
-    EXPECT_EQ(form.cmdHelp.left(), form.control.width() - 1265);
-    EXPECT_EQ(form.cmdCancel.left(), form.control.width() - 2530);
-}
-
-TEST_F(WidgetBehaviour, QtsFocusFollowsTheModelsAndATextCellSelectsItsText) {
-    EditPumpTag();
-    QLineEdit* editor = TextEditor();
-    EXPECT_EQ(QApplication::focusWidget(), editor);
-    EXPECT_TRUE(form().txtTextBoxControl.hasFocus());
-    EXPECT_EQ(editor->text(), QStringLiteral("CHWP-2"));
-    EXPECT_EQ(editor->selectedText(), QStringLiteral("CHWP-2"));
-    for (Component* model : {static_cast<Component*>(&form().msgGridView),
-                             static_cast<Component*>(&form().treTreeView)}) {
-        model->setFocus();
-        EXPECT_EQ(QApplication::focusWidget(), widget().widgetFor(*model)) << model->name();
-    }
-}
-
-TEST_F(WidgetBehaviour, TabMovesTheCellAndNeverLeavesTheControl) {
-    ASSERT_TRUE(Load("samples/english.xml"));
-    ClickCell(3, 1);
-    for (int i = 0; i < 5; ++i)
-        KeyClick(Qt::Key_Tab);
-    EXPECT_EQ(form().msgGridView.col(), 3);
-    EXPECT_EQ(QApplication::focusWidget(), TextEditor());
-}
-
 TEST_F(WidgetBehaviour, CaretKeysAndDeleteEditThroughTheModel) {
     EditPumpTag();  // "CHWP-2", all selected
+    EXPECT_EQ(QApplication::focusWidget(), TextEditor());
     const TextBox& box = form().txtTextBoxControl;
     KeyClick(Qt::Key_End);
     EXPECT_EQ(box.selStart(), 6);
@@ -132,7 +78,6 @@ TEST_F(WidgetBehaviour, PasteReplacesTheSelectionWithTheClipboardsFirstLine) {
     EditPumpTag();
     QGuiApplication::clipboard()->setText(QStringLiteral("P-77\nsecond line"));
     KeyClick(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(form().txtTextBoxControl.text(), "P-77");
     EXPECT_EQ(TextEditor()->text(), QStringLiteral("P-77"));
     KeyClick(Qt::Key_Tab);
     EXPECT_EQ(form().msgGridView.textMatrix(1, 2), "P-77");
@@ -181,17 +126,18 @@ TEST_F(WidgetBehaviour, PropertiesWorkThroughQtsPropertySystem) {
     EXPECT_EQ(widget().property("XML").toString(), xml);
     EXPECT_TRUE(widget().setProperty("XML", QStringLiteral("<discarded/>")));
     EXPECT_EQ(widget().XML(), xml);
-    EXPECT_EQ(widget().property("DisplayColWidth").toString(),
-              QStringLiteral("1080,1080,1080,1080"));
 
     QSignalSpy changed(&widget(), &SpreadsheetWidget::PropertyChanged);
     auto general = widget().property("GeneralProperty").value<gGeneralProperty_type>();
     general.intScrollBars = 5;
+    general.strFilterCaption = "Family";
     EXPECT_TRUE(widget().setProperty("GeneralProperty", QVariant::fromValue(general)));
     ASSERT_EQ(changed.count(), 1);
     EXPECT_EQ(changed.at(0).at(0).toString(), QStringLiteral("GeneralProperty"));
     EXPECT_EQ(widget().GeneralProperty().intScrollBars, 1);
     EXPECT_FALSE(widget().widgetFor(form().hscGrid)->isHidden());
+    EXPECT_EQ(qobject_cast<QGroupBox*>(widget().widgetFor(form().fraFilterView))->title(),
+              QStringLiteral("Family"));
 
     auto buttons = widget().property("ButtonProperty").value<gButtonProperty_type>();
     buttons.blnHelpVisible = kFalse;
@@ -256,41 +202,10 @@ TEST_F(WidgetBehaviour, ARefusedSaveSignalsItsReasonAfterTheMessage) {
     EXPECT_TRUE(ReadFileBytes(path).ends_with("<!-- theirs -->"));
 }
 
-TEST_F(WidgetBehaviour, ModelChangesByCodeShowInTheirWidgets) {
-    form().cmdOK.setCaption("Apply");
-    EXPECT_EQ(qobject_cast<QPushButton*>(widget().widgetFor(form().cmdOK))->text(),
-              QStringLiteral("Apply"));
-    form().fraFilterView.setCaption("Family");
-    EXPECT_EQ(qobject_cast<QGroupBox*>(widget().widgetFor(form().fraFilterView))->title(),
-              QStringLiteral("Family"));
-    ComboBox& filter = form().cboFilter;
-    filter.addItem("All");
-    filter.addItem("Inline");
-    filter.setText("Inline");
-    auto* combo = qobject_cast<QComboBox*>(widget().widgetFor(filter));
-    EXPECT_EQ(combo->count(), 2);
-    EXPECT_EQ(combo->currentText(), QStringLiteral("Inline"));
-    filter.setText("Not listed");  // no item: shown as the placeholder
-    EXPECT_EQ(combo->currentIndex(), -1);
-    EXPECT_EQ(combo->placeholderText(), QStringLiteral("Not listed"));
-}
-
-TEST_F(WidgetBehaviour, TreeShowsEveryNodeWithItsPicture) {
-    ASSERT_TRUE(Load("samples/english.xml"));
-    auto* tree = qobject_cast<QTreeWidget*>(widget().widgetFor(form().treTreeView));
-    int items = 0;
-    for (QTreeWidgetItemIterator it(tree); *it != nullptr; ++it, ++items) {
-        const TreeNode& node = form().treTreeView.node((*it)->data(0, Qt::UserRole).toInt());
-        EXPECT_EQ((*it)->text(0).toStdString(), node.text);
-        EXPECT_EQ((*it)->icon(0).isNull(), node.image == 0) << node.key;
-    }
-    EXPECT_EQ(items, form().treTreeView.count());
-    EXPECT_EQ(tree->currentItem()->text(0), QStringLiteral("Riverside MOB"));
-}
-
-// The items are only touched where they differ from the model: each change must still
-// show, a click changes no picture, and a node expanded twice stays expanded.
-TEST_F(WidgetBehaviour, TreeItemsFollowEveryExpansionAndKeepTheirPictures) {
+// Every node shows its text and picture. The items are only touched where they differ
+// from the model: each change must still show, a click changes no picture, and a node
+// expanded twice stays expanded.
+TEST_F(WidgetBehaviour, TreeItemsShowEveryNodeAndFollowEveryExpansion) {
     ASSERT_TRUE(Load("samples/english.xml"));
     auto* tree = qobject_cast<QTreeWidget*>(widget().widgetFor(form().treTreeView));
     TreeView& model = form().treTreeView;
@@ -300,8 +215,11 @@ TEST_F(WidgetBehaviour, TreeItemsFollowEveryExpansionAndKeepTheirPictures) {
         }
         return static_cast<QTreeWidgetItem*>(nullptr);
     };
+    EXPECT_EQ(tree->currentItem()->text(0), QStringLiteral("Riverside MOB"));
     int parents = 0;
     for (int i = 1; i <= model.count(); ++i) {
+        ASSERT_NE(item(i), nullptr) << i;
+        EXPECT_EQ(item(i)->text(0).toStdString(), model.node(i).text);
         if (item(i)->childCount() == 0) continue;
         ++parents;
         for (const bool expanded : {!model.node(i).expanded, model.node(i).expanded, true, true}) {
@@ -316,24 +234,6 @@ TEST_F(WidgetBehaviour, TreeItemsFollowEveryExpansionAndKeepTheirPictures) {
         EXPECT_EQ(item(i)->icon(0).isNull(), model.node(i).image == 0) << i;
     }
     EXPECT_GT(parents, 1);
-}
-
-TEST_F(WidgetBehaviour, DraggingTheScrollBarsThumbMovesTheGridOneColumnPerChange) {
-    UseScrollBars();
-    ASSERT_TRUE(Load("samples/filtered.xml"));
-    auto* bar = qobject_cast<QScrollBar*>(
-        dynamic_cast<ScrollBarBinding*>(widget().bindingFor(form().hscGrid))->focusTarget());
-    ASSERT_TRUE(bar->isVisible());
-    const QRect thumb = ScrollBarPart(bar, QStyle::SC_ScrollBarSlider);
-    const QPoint start = thumb.center();
-    const QPoint end = start + QPoint(thumb.width(), 0);  // about one value further
-    QTest::mousePress(bar, Qt::LeftButton, Qt::NoModifier, start);
-    QTest::mouseMove(bar, end);
-    QTest::mouseRelease(bar, Qt::LeftButton, Qt::NoModifier, end);
-    ProcessEvents();
-    EXPECT_EQ(form().msgGridView.leftCol(), 2);
-    EXPECT_EQ(bar->value(), form().hscGrid.bar().value());
-    EXPECT_TRUE(form().hscGrid.hasFocus());
 }
 
 // What a gesture repaints beyond what it changed costs every gesture on a big
