@@ -1,5 +1,5 @@
 // The demo host run as a user runs it without a display (-platform offscreen): the
-// screenshots of each sample and of an open editor, the log of a scripted View/Print,
+// screenshots of each sample and of a property page, the log of a scripted View/Print,
 // the PDF export, Save as, and the exit status of steps that cannot be done.
 // The PNGs are kept under the build folder (demo_renders/) for people to look at.
 #include <gtest/gtest.h>
@@ -80,22 +80,12 @@ TEST(DemoRun, EachSampleRendersTheWholeWindowWithTheDocumentInIt) {
     }
 }
 
-TEST(DemoRun, AClickedCellShowsItsEditorInTheScreenshot) {
-    const QStringList node = Words("samples/english.xml --node CHILLERS");
-    const QImage without = Screenshot(QStringLiteral("chillers"), node);
-    const QImage with = Screenshot(QStringLiteral("chillers_editor"), node + Words("--click 2 1"));
-    ASSERT_EQ(without.size(), with.size());
-    EXPECT_NE(without, with);
-}
-
-TEST(DemoRun, EachPropertyPageRendersAsItsOwnDialog) {
-    for (const QString& page : {QStringLiteral("general"), QStringLiteral("buttons")}) {
-        const QImage image = Screenshot(QStringLiteral("page_") + page,
-                                        Words("samples/english.xml --page") + QStringList{page});
-        ASSERT_FALSE(image.isNull());
-        EXPECT_LT(image.width(), 1024) << page.toStdString() << " is not the main window";
-        EXPECT_GT(DistinctColours(image), 16) << page.toStdString();
-    }
+TEST(DemoRun, APropertyPageRendersAsItsOwnDialog) {
+    const QImage image =
+        Screenshot(QStringLiteral("page_buttons"), Words("samples/english.xml --page buttons"));
+    ASSERT_FALSE(image.isNull());
+    EXPECT_LT(image.width(), 1024) << "the screenshot is the main window's";
+    EXPECT_GT(DistinctColours(image), 16);
 }
 
 TEST(DemoRun, ViewPrintIsLoggedAndItsReportExportsAsPdf) {

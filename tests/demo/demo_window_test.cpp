@@ -233,18 +233,6 @@ TEST_F(DemoWindowTest, TheStatusLineCountsTheCellsThatNeedCorrecting) {
     EXPECT_EQ(count->text(), QString());
 }
 
-// A window made small keeps the control at its minimum size, buttons included.
-TEST_F(DemoWindowTest, ShrinkingTheWindowStopsAtTheControlsMinimumSize) {
-    ASSERT_TRUE(window.openDocument(QStringLiteral("samples/english.xml")));
-    window.resize(200, 150);
-    SettleEvents();
-    SpreadsheetWidget& control = window.spreadsheet();
-    EXPECT_GE(control.width(), control.minimumWidth());
-    EXPECT_GE(control.height(), control.minimumHeight());
-    QWidget* ok = control.widgetFor(FormOf(control.control()).cmdOK);
-    EXPECT_TRUE(control.rect().contains(ok->geometry()));
-}
-
 // Using the window never changes the saved settings; a page's change does, and only
 // the keys it changed, so every later start lays the control out alike.
 TEST(DemoSettings, OnlyWhatAPageChangesIsSavedAndRestartsLayOutAlike) {
