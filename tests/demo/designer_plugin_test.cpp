@@ -47,7 +47,9 @@ protected:
     SpreadsheetWidget widget;
 };
 
-TEST_F(DesignerTaskMenu, OffersTheTwoPagesForTheSpreadsheetWidgetOnly) {
+TEST_F(DesignerTaskMenu, OffersTheTwoPagesForTheSpreadsheetWidgetOnlyAndOpensThemOnIt) {
+    QWidget other;
+    EXPECT_EQ(qt_extension<QDesignerTaskMenuExtension*>(&manager, &other), nullptr);
     auto* menu = qt_extension<QDesignerTaskMenuExtension*>(&manager, &widget);
     ASSERT_NE(menu, nullptr);
     const QList<QAction*> actions = menu->taskActions();
@@ -56,13 +58,6 @@ TEST_F(DesignerTaskMenu, OffersTheTwoPagesForTheSpreadsheetWidgetOnly) {
     EXPECT_EQ(actions[1]->text(), QStringLiteral("Advanced..."));
     EXPECT_EQ(menu->preferredEditAction(), actions[0]);
 
-    QWidget other;
-    EXPECT_EQ(qt_extension<QDesignerTaskMenuExtension*>(&manager, &other), nullptr);
-}
-
-TEST_F(DesignerTaskMenu, AnActionOpensItsPageOnTheDesignedWidget) {
-    auto* menu = qt_extension<QDesignerTaskMenuExtension*>(&manager, &widget);
-    ASSERT_NE(menu, nullptr);
     QString opened;
     const Generic_SP_Control* selected = nullptr;
     QTimer::singleShot(0, [&] {
@@ -72,9 +67,7 @@ TEST_F(DesignerTaskMenu, AnActionOpensItsPageOnTheDesignedWidget) {
         selected = dialog->page().selectedControls().front();
         dialog->reject();
     });
-
-    menu->taskActions()[1]->trigger();
-
+    actions[1]->trigger();
     EXPECT_EQ(opened, QStringLiteral("Advanced"));
     EXPECT_EQ(selected, &widget.control());
 }

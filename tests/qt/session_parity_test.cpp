@@ -3,11 +3,9 @@
 // message boxes.
 #include <QApplication>
 #include <QComboBox>
-#include <QScrollBar>
 #include <QTest>
 #include <QTreeWidget>
 
-#include "qt/bindings/scroll_bar_binding.h"
 #include "qt/bindings/unit_box_binding.h"
 #include "qt/bindings/unit_drop_binding.h"
 #include "qt/find_bar.h"
@@ -105,36 +103,6 @@ TEST_F(SessionParity, ButtonsRaiseTheSameEventsSpaceClicksOnceAndEnterMovesTheGr
     EXPECT_EQ(events[1], "CancelClick");
     EXPECT_EQ(events[2], "CancelClick");
     EXPECT_EQ(events[3], "HelpClick");
-}
-
-TEST_F(SessionParity, ScrollBarClicksCommitTheEditorAndMoveTheGridLikeTheSession) {
-    UseScrollBars();
-    ASSERT_TRUE(Load("samples/filtered.xml"));
-    // The number opens selected: End goes to its end.
-    const std::string steps =
-        Script({ClickStep(1, 1), KeyStep("End"), KeyStep("Backspace"), TypeStep("9")});
-    QScrollBar* bar =
-        dynamic_cast<ScrollBarBinding*>(widget().bindingFor(form().hscGrid))->scrollBar();
-    ASSERT_TRUE(bar->isVisible() && bar->isEnabled());
-    // The right arrow, then the track right of the thumb.
-    QTest::mouseClick(bar, Qt::LeftButton, Qt::NoModifier,
-                      QPoint(bar->width() - 3, bar->height() / 2));
-    ProcessEvents();
-    const int afterArrow = form().msgGridView.leftCol();
-    QTest::mouseClick(bar, Qt::LeftButton, Qt::NoModifier,
-                      QPoint(bar->width() - bar->height() - 4, bar->height() / 2));
-    ProcessEvents();
-
-    const SessionRun run =
-        RunSteps("set-general intScrollBars=1\nload samples/filtered.xml\n" + steps +
-                 "hscroll +1\nhscroll =" + std::to_string(form().hscGrid.bar().value()) +
-                 "\ndump grid\nxml\n");
-    ExpectSameOutcome(run);
-    EXPECT_EQ(afterArrow, 2);
-    // The bar took the focus before it moved: the open editor was committed.
-    EXPECT_EQ(form().msgGridView.textMatrix(1, 1), "189");
-    EXPECT_FALSE(form().anyEditorVisible());
-    EXPECT_EQ(bar->value(), form().hscGrid.bar().value());
 }
 
 TEST_F(SessionParity, SplitterDragWidensTheTreeLikeTheSession) {
