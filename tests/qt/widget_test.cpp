@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QScreen>
@@ -98,6 +99,21 @@ TEST_F(WidgetBehaviour, TheNumberFieldsCaretGoesWhereTheMouseClicks) {
     EXPECT_EQ(form().unitNumControl.NumberText(), "1400");
     EXPECT_EQ(field->text(), QStringLiteral("1400"));
     EXPECT_EQ(field->cursorPosition(), 1);
+}
+
+// A combo shows the model's items; a text the model holds outside them is the
+// placeholder.
+TEST_F(WidgetBehaviour, AComboShowsItsModelsItemsAndATextOutsideThemAsPlaceholder) {
+    ComboBox& filter = form().cboFilter;
+    filter.addItem("All");
+    filter.addItem("Inline");
+    filter.setText("Inline");
+    auto* combo = qobject_cast<QComboBox*>(widget().widgetFor(filter));
+    EXPECT_EQ(combo->count(), 2);
+    EXPECT_EQ(combo->currentText(), QStringLiteral("Inline"));
+    filter.setText("Not listed");
+    EXPECT_EQ(combo->currentIndex(), -1);
+    EXPECT_EQ(combo->placeholderText(), QStringLiteral("Not listed"));
 }
 
 TEST_F(WidgetBehaviour, TheHostChangesTheValidatedColumnUnderAWaitCursor) {
