@@ -27,8 +27,6 @@ TEST_F(ButtonPlacement, VisibleButtonsTakeSlotsFromTheRightAndHiddenOnesKeepThei
     } cases[] = {
         {Record(kTrue, kTrue, kTrue, kTrue, kTrue), {3140, 4405, 5670, 6935}},
         {Record(kTrue, kTrue, kTrue, kFalse, kTrue), {4405, 5670, 6935, 400}},
-        {Record(kTrue, kTrue, kFalse, kTrue, kTrue), {4405, 5670, 300, 6935}},
-        {Record(kTrue, kTrue, kFalse, kFalse, kTrue), {5670, 6935, 300, 400}},
         {Record(kTrue, kFalse, kTrue, kTrue, kTrue), {4405, 200, 5670, 6935}},
         {Record(kTrue, kTrue, kTrue, kTrue, kFalse), {100, 200, 300, 400}},
     };

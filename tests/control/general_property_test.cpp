@@ -66,18 +66,6 @@ TEST_F(GeneralPropertyLet, ANewTreeWidthGoesThroughTheSplitterAndItsLimits) {
     }
 }
 
-TEST_F(GeneralPropertyLet, TheColumnMinimumSetsEveryColumnAndNewColumns) {
-    ASSERT_TRUE(LoadDataFile("shell_two_by_two.xml"));
-    gGeneralProperty_type record = control().GeneralProperty();
-    record.lngColWidthMin = 1200;
-    host.clear();
-    control().SetGeneralProperty(record);
-    EXPECT_EQ(control().DisplayColWidth(), "1200,1200,1200");
-    EXPECT_EQ(form().msgGridView.defaultColWidth(), 1200);
-    EXPECT_EQ(host.events(),
-              (std::vector<RecordedEvent>{{HostEventKind::PropertyChanged, "GeneralProperty"}}));
-}
-
 TEST_F(GeneralPropertyLet, AFailingColumnWidthIsItsOwnErrorAndTheLetGoesOn) {
     ASSERT_TRUE(LoadDataFile("shell_two_by_two.xml"));
     gGeneralProperty_type record = control().GeneralProperty();

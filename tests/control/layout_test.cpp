@@ -90,8 +90,7 @@ TEST_F(ControlLayout, TheSplitterKeepsTheTreeWithinItsLimits) {
         int button;
         std::int32_t dx;
         std::int32_t width;
-    } cases[] = {{1, -5000, 1500}, {1, -1245, 1500}, {1, -1244, 1501},
-                 {1, 410, 3155},   {1, 411, 3155},   {2, 200, 2745}};
+    } cases[] = {{1, -1245, 1500}, {1, -1244, 1501}, {1, 411, 3155}, {2, 200, 2745}};
     for (const auto& c : cases) {
         NewControl();
         control().SplitterDrag(c.button, 0, c.dx, 0);

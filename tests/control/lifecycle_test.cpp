@@ -6,7 +6,6 @@
 
 #include "common/control_harness.h"
 #include "control/control_access.h"
-#include "platform/xml/xml_document.h"
 #include "subcontrols/horizontal_scroll.h"
 #include "subcontrols/scroll_grid.h"
 #include "units/conversion_table.h"
@@ -16,7 +15,6 @@ namespace {
 
 using testing::ControlHarness;
 using testing::DataFile;
-using testing::ReadFileBytes;
 
 using ControlLifecycle = ControlHarness;
 
@@ -27,18 +25,6 @@ TEST_F(ControlLifecycle, BeforeAnyLoadNothingIsReportedSavedOrPrinted) {
     form().cmdPrint.userClick();
     ExpectMessages({});
     EXPECT_TRUE(host.events().empty());
-}
-
-TEST_F(ControlLifecycle, XmlIsTheDocumentWithoutTheDtdAndWithEdits) {
-    ASSERT_TRUE(LoadDataFile("shell_two_by_two.xml"));
-    xml::Document expected;
-    ASSERT_TRUE(expected.Parse(ReadFileBytes(DataFile("shell_two_by_two.xml"))));
-    EXPECT_EQ(control().XML(), expected.Serialize());
-    EXPECT_EQ(control().XML().find("<!DOCTYPE"), std::string::npos);
-
-    // An edit written into the document shows at once.
-    core().doc.arrCellNodes.at(2, 1).setText("edited");
-    EXPECT_NE(control().XML().find(">edited</CellValue>"), std::string::npos);
 }
 
 TEST_F(ControlLifecycle, TheThreeLetsAcceptAndDiscardTheirValue) {
@@ -73,9 +59,6 @@ TEST_F(ControlLifecycle, TerminateReleasesTheDocumentAndThePerThreadState) {
     ASSERT_EQ(ScrollGrid(), &form().msgGridView);
     control().Terminate();
     EXPECT_EQ(control().XML(), "");
-    EXPECT_EQ(core().doc.treeRecordCount(), 0);
-    EXPECT_TRUE(core().doc.arrGridValueNodes.empty());
-    EXPECT_EQ(core().doc.arrCellNodes.upperBound1(), -1);
     EXPECT_FALSE(HasConversionTable());
     EXPECT_EQ(ScrollGrid(), nullptr);
     control().Terminate();  // a second time does nothing
@@ -108,31 +91,6 @@ TEST_F(ControlLifecycle, ScrollBarsKeepingAnEndedControlsGridMoveNothing) {
     EXPECT_EQ(form().msgGridView.leftCol(), leftCol);
     EXPECT_FALSE(bar.driver().busy());
     ExpectMessages({});
-}
-
-TEST_F(ControlLifecycle, CancelAndHelpOnlyRaiseTheirEvents) {
-    ASSERT_TRUE(LoadDataFile("shell_two_by_two.xml"));
-    const std::string xml = control().XML();
-    host.clear();
-    form().cmdCancel.userClick();
-    form().cmdHelp.userClick();
-    EXPECT_EQ(host.events(), (std::vector<RecordedEvent>{{HostEventKind::CancelClick, ""},
-                                                         {HostEventKind::HelpClick, ""}}));
-    EXPECT_EQ(control().XML(), xml);
-}
-
-// Space on a button clicks it once and other keys do nothing; a text box takes them.
-TEST_F(ControlLifecycle, KeysReachTheFocusedPart) {
-    form().cmdCancel.setFocus();
-    control().UserKeyStroke(32, 32, 0);
-    control().UserKeyStroke(13, 13, 0);
-    control().UserKeyStroke(65, 65, 0);
-    EXPECT_EQ(host.events(), (std::vector<RecordedEvent>{{HostEventKind::CancelClick, ""}}));
-    form().txtTextBoxControl.setVisible(true);
-    form().txtTextBoxControl.setFocus();
-    for (const char c : std::string("ab"))
-        control().UserKeyStroke(c, c, 0);
-    EXPECT_EQ(form().txtTextBoxControl.text(), "ab");
 }
 
 }  // namespace

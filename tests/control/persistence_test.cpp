@@ -98,20 +98,6 @@ TEST_F(Persistence, StoredValuesAreAppliedToTheParts) {
     EXPECT_EQ(form().hscGrid.RightMargin(), 20);
 }
 
-TEST_F(Persistence, AnyNonZeroScrollBarModeIsSavedAsOne) {
-    MemoryPropertyBag bag;
-    bag.values()["GeneralProperty.intScrollBars"] = std::int64_t{2};
-    RestoreControl(bag);
-    EXPECT_TRUE(form().hscGrid.visible());
-    LoggingBag saved;
-    control().WriteProperties(saved);
-    for (const LoggingBag::Written& w : saved.writes) {
-        if (w.key == "GeneralProperty.intScrollBars") {
-            EXPECT_EQ(w.value, PropertyValue(std::int64_t{1}));
-        }
-    }
-}
-
 TEST_F(Persistence, TheColumnMinimumOnlyAppliesToColumnsMadeLater) {
     ASSERT_TRUE(LoadDataFile("shell_two_by_two.xml"));
     MemoryPropertyBag bag;

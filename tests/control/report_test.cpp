@@ -1,8 +1,8 @@
-// View/Print: the report text built from the grid on screen, byte for byte.
+// View/Print: the report text built from the grid on screen, byte for byte (the tool's
+// report command shows the whole text, the filter and the gate: tests/session).
 #include <gtest/gtest.h>
 
 #include "common/control_harness.h"
-#include "document/report.h"
 
 namespace tabulon {
 namespace {
@@ -30,13 +30,6 @@ protected:
     }
 };
 
-// The tool's report command writes the same bytes (tests/session/validate_report_test.cpp).
-TEST_F(ViewPrint, ATwoByTwoGridIsReportedColumnByColumn) {
-    ASSERT_TRUE(LoadDataFile("shell_two_by_two.xml"));
-    EXPECT_EQ(Print(), testing::ReadFileBytes(testing::DataFile("shell_two_by_two_report.txt")));
-    ExpectMessages({});
-}
-
 TEST_F(ViewPrint, TextsAreTrimmedAndNeverEscaped) {
     ASSERT_TRUE(LoadDataFile("shell_report.xml"));
     const std::string report = Print();
@@ -45,17 +38,6 @@ TEST_F(ViewPrint, TextsAreTrimmedAndNeverEscaped) {
     EXPECT_NE(report.find("<RowCaption>Head & flow</RowCaption>\r\n"), std::string::npos);
     EXPECT_NE(report.find("<CellValue>12.5</CellValue>\r\n"), std::string::npos);
     EXPECT_NE(report.find("<CellValue>30 m & 5 l/s</CellValue>\r\n"), std::string::npos);
-}
-
-TEST_F(ViewPrint, ColumnsHiddenByTheFilterAreLeftOut) {
-    ASSERT_TRUE(LoadDataFile("shell_report.xml"));
-    ASSERT_TRUE(form().cboFilter.userPick("Standby"));
-    EXPECT_EQ(Print(),
-              Lines({"<Column_Header>", "<ColumnCaption>P-102 <spare></ColumnCaption>",
-                     "</Column_Header>", "<Row_Header>", "<RowCaption></RowCaption>",
-                     "<RowCaption>Service</RowCaption>", "<RowCaption>Head & flow</RowCaption>",
-                     "</Row_Header>", "<Grid_Data>", "<Column_Value>", "<CellValue>a<b</CellValue>",
-                     "<CellValue></CellValue>", "</Column_Value>", "</Grid_Data>"}));
 }
 
 TEST_F(ViewPrint, OneDataCellIsReportedAndNoDataColumnIsNot) {
@@ -71,16 +53,6 @@ TEST_F(ViewPrint, OneDataCellIsReportedAndNoDataColumnIsNot) {
     ExpectMessages({Information("No data defined in grid.")});
 }
 
-TEST_F(ViewPrint, AnInvalidCellAnywhereBlocksTheReport) {
-    ASSERT_TRUE(LoadDataFile("shell_gate.xml"));
-    core().doc.arrGridValueNodes[2].child(2).child(0).setAttribute("Valid", "0");
-    sink.clear();
-    EXPECT_EQ(Print(), "");
-    ExpectMessages({Critical(
-        "Validation Error(s). You must correct all data highlighted in red before saving.")});
-    EXPECT_TRUE(host.events().empty());
-}
-
 TEST_F(ViewPrint, TheOpenEditorIsCommittedEveryTimeAndStaysOpen) {
     const std::filesystem::path path = TempCopy("shell_two_by_two.xml");
     ASSERT_TRUE(LoadPath(path));
@@ -93,28 +65,6 @@ TEST_F(ViewPrint, TheOpenEditorIsCommittedEveryTimeAndStaysOpen) {
     form().cmdOK.userClick();  // OK commits too, then hides the editors
     EXPECT_FALSE(form().txtTextBoxControl.visible());
     EXPECT_NE(testing::ReadFileBytes(path).find(">typed</CellValue>"), std::string::npos);
-}
-
-TEST(BuildReportXML, AFailureShowsItsDescriptionAndReturnsWhatWasBuilt) {
-    FlexGrid grid;
-    grid.setRows(4);  // no columns: the row captions cannot be read
-    RecordingSink sink;
-    EXPECT_EQ(BuildReportXML(grid, sink),
-              Lines({"<Column_Header>", "</Column_Header>", "<Row_Header>"}));
-    ASSERT_EQ(sink.messages().size(), 1u);
-    EXPECT_EQ(sink.messages()[0].icon, MessageIcon::Critical);
-    EXPECT_FALSE(sink.messages()[0].text.empty());
-}
-
-TEST(BuildReportXML, AGridWithAtMostOneCellBeyondItsHeadersGivesNothing) {
-    RecordingSink sink;
-    for (const auto& [rows, cols] : {std::pair{0, 0}, {2, 1}, {1, 2}, {3, 0}}) {
-        FlexGrid grid;
-        grid.setRows(rows);
-        grid.setCols(cols);
-        EXPECT_EQ(BuildReportXML(grid, sink), "") << rows << "x" << cols;
-    }
-    EXPECT_TRUE(sink.messages().empty());
 }
 
 }  // namespace
