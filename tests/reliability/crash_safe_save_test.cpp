@@ -119,18 +119,6 @@ protected:
     struct stat original_ {};
 };
 
-TEST_F(CrashSafeSave, CompletedSaveWritesTheNewDocumentAndKeepsOwnerAndMode) {
-    SetUpDocument(3);
-    form().cmdOK.userClick();
-    ExpectMessages({});
-    EXPECT_EQ(ReadFileBytes(path_), newText_);
-    ExpectOldOrNew("saved");
-    // Nothing is left beside it.
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(TempDir()),
-                            std::filesystem::directory_iterator()),
-              1);
-}
-
 TEST_F(CrashSafeSave, AbortHalfwayThroughTheWriteLeavesTheOldFile) {
     SetUpDocument(3);
     const pid_t pid = SaveInChild(true);
