@@ -51,36 +51,12 @@ xml::Node GridStructure(const DocumentModel& doc) {
     return doc.objXMLDoc->documentElement().firstChildElement("GridStructure");
 }
 
-// Every child node of every CellValues of every GridValue, in document order: what the
-// grid fill puts into a column's rows, one after the other.
-template <class Visit>
-void ForEachCellValue(const DocumentModel& doc, Visit&& visit) {
-    std::size_t index = 0;
-    const std::vector<xml::Node> gridValues =
-        ElementsNamed(GridStructure(doc).firstChildElement("GridValues"), "GridValue");
-    for (std::size_t column = 0; column < gridValues.size(); ++column) {
-        for (xml::Node values = gridValues[column].firstChild(); values;
-             values = values.nextSibling()) {
-            const std::string key = Trim(Attr(values, "GridValueKey"));
-            int row = 1;
-            for (xml::Node cell = values.firstChild(); cell; cell = cell.nextSibling(), ++row) {
-                visit(static_cast<int>(column) + 1, key, row, cell, index++);
-            }
-        }
-    }
-}
-
-struct ShownCell {
-    xml::Node element;
-    std::size_t documentIndex = 0;
-};
-
 // The node's grid as the document describes it.
 struct DocumentGrid {
     bool headerFound = false;
     std::vector<xml::Node> columns;  // ColumnHeader elements
     std::vector<xml::Node> rows;     // RowHeader elements, row r at r - 1
-    std::map<std::pair<int, int>, ShownCell> cells;
+    std::map<std::pair<int, int>, xml::Node> cells;
 };
 
 DocumentGrid ReadDocumentGrid(const DocumentModel& doc, const std::string& headerKey,
@@ -96,13 +72,21 @@ DocumentGrid ReadDocumentGrid(const DocumentModel& doc, const std::string& heade
     }
     const int rowCount = static_cast<int>(grid.rows.size()) + 1;
     const int colCount = static_cast<int>(grid.columns.size());
-    // Later matching CellValues overwrite earlier ones, cell by cell, as the fill does.
-    ForEachCellValue(
-        doc, [&](int col, const std::string& key, int row, xml::Node cell, std::size_t index) {
-            if (key == valueKey && col < colCount && row < rowCount) {
-                grid.cells[{row, col}] = ShownCell{cell, index};
+    // Every child of every matching CellValues of GridValue c fills column c, row after
+    // row; later matching CellValues overwrite earlier ones, cell by cell, as the fill does.
+    const std::vector<xml::Node> gridValues =
+        ElementsNamed(GridStructure(doc).firstChildElement("GridValues"), "GridValue");
+    for (int col = 1; col <= static_cast<int>(gridValues.size()) && col < colCount; ++col) {
+        for (xml::Node values = gridValues[static_cast<std::size_t>(col - 1)].firstChild(); values;
+             values = values.nextSibling()) {
+            if (Trim(Attr(values, "GridValueKey")) != valueKey) continue;
+            int row = 1;
+            for (xml::Node cell = values.firstChild(); cell && row < rowCount;
+                 cell = cell.nextSibling(), ++row) {
+                grid.cells[{row, col}] = cell;
             }
-        });
+        }
+    }
     return grid;
 }
 
@@ -148,26 +132,6 @@ std::optional<TreeNodeInfo> SelectedRecord(const Generic_SP_Control& control) {
     return doc.udtTreeNodes[static_cast<std::size_t>(selected - 1)];
 }
 
-// --- limits of a unit cell
-
-struct Limits {
-    double minimum = 0;
-    double maximum = 0;
-    double tolerance = 0;  // how far from a limit a stored value may have been rounded
-};
-
-// Decimals a number format writes (digits after its point).
-int Decimals(std::string_view format) {
-    const std::size_t point = format.find('.');
-    if (point == std::string_view::npos) return format.empty() ? 15 : 0;
-    int decimals = 0;
-    for (std::size_t i = point + 1; i < format.size() && (format[i] == '0' || format[i] == '#');
-         ++i) {
-        ++decimals;
-    }
-    return decimals;
-}
-
 double NumberOr0(std::string_view text) {
     try {
         return ReadNumber(text);
@@ -193,49 +157,6 @@ std::optional<std::pair<std::string, double>> UnitLabel(const DocumentModel& doc
     } catch (const RuntimeFailure&) {
         return std::nullopt;
     }
-}
-
-std::optional<Limits> UnitNumLimits(xml::Node rowHeader) {
-    const double minimum = NumberOr0(Attr(rowHeader, "MinVal"));
-    const double maximum = NumberOr0(Attr(rowHeader, "MaxVal"));
-    // The range check runs on the formatted number: only the 7-decimal storage of a
-    // Metric value rounds it.
-    const double tolerance = 1e-6 * std::max({1.0, std::abs(minimum), std::abs(maximum)});
-    return Limits{minimum, maximum, tolerance};
-}
-
-std::optional<Limits> UnitDropLimits(const DocumentModel& doc, xml::Node rowHeader,
-                                     const std::string& unitText) {
-    const std::vector<std::string> names = SplitList(Attr(rowHeader, "Unit"));
-    const std::vector<std::string> minima = SplitList(Attr(rowHeader, "MinVal"));
-    const std::vector<std::string> maxima = SplitList(Attr(rowHeader, "MaxVal"));
-    const std::vector<std::string> formats = SplitList(Attr(rowHeader, "Format"));
-    std::string format;
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        if (i < formats.size()) format = formats[i];
-        const auto label = UnitLabel(doc, names[i]);
-        if (!label || label->first != unitText || label->second <= 0) continue;
-        Limits limits;
-        limits.minimum = i < minima.size() ? NumberOr0(minima[i]) : 0;
-        limits.maximum = i < maxima.size() ? NumberOr0(maxima[i]) : 0;
-        // The check ran on the typed number; the stored one is rounded to the unit's
-        // format (in Metric units, then converted to English).
-        const double rounding = 0.5 * std::pow(10.0, -Decimals(format));
-        limits.tolerance =
-            (MetricDocument(doc) ? rounding / label->second : rounding) * 1.01 +
-            1e-6 * std::max({1.0, std::abs(limits.minimum), std::abs(limits.maximum)});
-        return limits;
-    }
-    return std::nullopt;
-}
-
-// Whether the stored value lies within limits; nullopt when too close to tell.
-std::optional<bool> WithinLimits(double value, const Limits& limits) {
-    if (limits.minimum == 0 && limits.maximum == 0) return true;
-    for (const double limit : {limits.minimum, limits.maximum}) {
-        if (std::abs(value - limit) <= limits.tolerance) return std::nullopt;
-    }
-    return value >= limits.minimum && value <= limits.maximum;
 }
 
 // Converted texts of a Metric unit row that differ only by rounding. The display pass
@@ -330,69 +251,21 @@ Problems CheckGridAgainstDocument(const Generic_SP_Control& control) {
         }
     }
     const bool metric = MetricDocument(doc);
-    for (const auto& [at, cell] : expected.cells) {
+    for (const auto& [at, element] : expected.cells) {
         const auto [r, c] = at;
         const xml::Node rowHeader = expected.rows[static_cast<std::size_t>(r - 1)];
         const std::string shown = grid.textMatrix(r, c);
-        const std::optional<std::string> filled = FilledText(rowHeader, StoredText(cell.element));
+        const std::optional<std::string> filled = FilledText(rowHeader, StoredText(element));
         if (!IsConvertedRow(metric, rowHeader) && filled && shown != *filled) {
             problems.push_back("cell " + Cell(r, c) + " shows " + Quoted(shown) + ", its value " +
-                               Quoted(StoredText(cell.element)) + " fills as " + Quoted(*filled));
+                               Quoted(StoredText(element)) + " fills as " + Quoted(*filled));
         }
-        const Rgb fore = Attr(cell.element, "Enabled") == "1" ? kBlack : kGrey;
-        const Rgb back = Attr(cell.element, "Valid") == "1" ? kWhite : kRed;
+        const Rgb fore = Attr(element, "Enabled") == "1" ? kBlack : kGrey;
+        const Rgb back = Attr(element, "Valid") == "1" ? kWhite : kRed;
         if (grid.cellForeColor(r, c) != fore || grid.cellBackColor(r, c) != back) {
             problems.push_back("cell " + Cell(r, c) + " colours do not follow Enabled=" +
-                               Quoted(Attr(cell.element, "Enabled")) +
-                               " Valid=" + Quoted(Attr(cell.element, "Valid")));
-        }
-    }
-    return problems;
-}
-
-CommittedRangeCheck::CommittedRangeCheck(const Generic_SP_Control& control) {
-    ForEachCellValue(CoreOf(control).doc,
-                     [&](int, const std::string&, int, xml::Node cell, std::size_t) {
-                         loaded_.emplace_back(StoredText(cell), Attr(cell, "Valid"));
-                     });
-}
-
-Problems CommittedRangeCheck::Check(const Generic_SP_Control& control) const {
-    Problems problems;
-    changed_ = 0;
-    judged_ = 0;
-    const DocumentModel& doc = CoreOf(control).doc;
-    if (!doc.blnGridLoaded) return problems;
-    const DocumentGrid shown =
-        ReadDocumentGrid(doc, doc.strCurrentHeaderKey, doc.strCurrentValueKey);
-    for (const auto& [at, cell] : shown.cells) {
-        const xml::Node rowHeader = shown.rows[static_cast<std::size_t>(at.first - 1)];
-        const std::string type = Attr(rowHeader, "ControlType");
-        if (type != "UnitNum" && type != "UnitDrop") continue;
-        const std::string text = StoredText(cell.element);
-        const std::string valid = Attr(cell.element, "Valid");
-        if (cell.documentIndex >= loaded_.size() ||
-            loaded_[cell.documentIndex] == std::pair(text, valid)) {
-            continue;
-        }
-        ++changed_;
-        std::optional<Limits> limits;
-        double value = 0;
-        if (type == "UnitNum") {
-            limits = UnitNumLimits(rowHeader);
-            value = NumberOr0(text);
-        } else if (const std::size_t open = text.find('(');
-                   open != std::string::npos && text.back() == ')') {
-            limits = UnitDropLimits(doc, rowHeader, text.substr(open + 1, text.size() - open - 2));
-            value = NumberOr0(text.substr(0, open));
-        }
-        const std::optional<bool> within = limits ? WithinLimits(value, *limits) : std::nullopt;
-        if (!within) continue;
-        ++judged_;
-        if (valid != (*within ? "1" : "0")) {
-            problems.push_back("committed cell " + Cell(at.first, at.second) + " holds " +
-                               Quoted(text) + (*within ? " within" : " outside") +
-                               " its limits but has Valid=" + Quoted(valid));
+                               Quoted(Attr(element, "Enabled")) +
+                               " Valid=" + Quoted(Attr(element, "Valid")));
         }
     }
     return problems;

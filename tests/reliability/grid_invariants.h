@@ -7,7 +7,6 @@
 #pragma once
 
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "control/generic_sp_control.h"
@@ -22,27 +21,6 @@ using Problems = std::vector<std::string>;
 // white or red by Valid. Unit rows of a Metric document show converted values and are
 // compared by CheckAgainstFreshFill instead.
 Problems CheckGridAgainstDocument(const Generic_SP_Control& control);
-
-// Range flags of committed unit cells. Remembers every CellValue's text and Valid flag
-// as loaded; afterwards, a UnitNum or UnitDrop cell on screen whose stored text or
-// flag has changed since (it was committed) must be Valid "1" exactly when its stored
-// English value lies within the limits of its row (and unit), "0" otherwise. Values
-// within rounding distance of a limit are not judged: the check ran on the number
-// before it was formatted.
-class CommittedRangeCheck {
-public:
-    explicit CommittedRangeCheck(const Generic_SP_Control& control);
-    Problems Check(const Generic_SP_Control& control) const;
-    // How many cells on screen differed from the loaded document at the last Check,
-    // and how many of those were judged: evidence that the run really edits.
-    std::size_t changedCells() const { return changed_; }
-    std::size_t judgedCells() const { return judged_; }
-
-private:
-    std::vector<std::pair<std::string, std::string>> loaded_;  // text, Valid per CellValue
-    mutable std::size_t changed_ = 0;
-    mutable std::size_t judged_ = 0;
-};
 
 // XML() is not empty and passes ValidateDocumentText.
 Problems CheckDocumentValidates(const Generic_SP_Control& control);

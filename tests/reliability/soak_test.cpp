@@ -4,12 +4,11 @@
 // (undo_round_trip.h).
 //
 // Every step: no exception reached the host (beyond the keyboard's specified one, see
-// UnexpectedExceptions), no failure message appeared (the
-// samples are valid, so "Unexpected Error" and its kin mean a fault), the grid agrees
-// with the document, committed unit cells carry the right range flag and XML() validates
-// against the built-in DTD. Every kFreshFillEvery steps, and after the last, a fresh
-// control filled from XML() must show the same grid; the interval keeps a run at
-// seconds under the sanitizers.
+// UnexpectedExceptions), no failure message appeared (the samples are valid, so
+// "Unexpected Error" and its kin mean a fault), the grid agrees with the document and
+// XML() validates against the built-in DTD. Every kFreshFillEvery steps, and after the
+// last, a fresh control filled from XML() must show the same grid; the interval keeps
+// a run at seconds under the sanitizers. Range flags are pinned by the editing tests.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -74,7 +73,6 @@ TEST_P(Soak, RandomGesturesKeepControlAndDocumentConsistent) {
     const Generic_SP_Control& control = session.control();
     const std::string loaded = control.XML();
     JournalTop top(control);
-    const CommittedRangeCheck ranges(control);
     SeededChoices choices(GetParam().seed);
     const GestureScript script(GestureOptions{.undoKeys = true});
 
@@ -83,8 +81,7 @@ TEST_P(Soak, RandomGesturesKeepControlAndDocumentConsistent) {
     std::string scriptText = "loadxml " + QuoteWord(SamplePath(GetParam().sample)) + "\n";
     std::deque<std::string> recent;
     std::size_t rejected = 0;
-    std::size_t mostChanged = 0;
-    std::size_t judged = 0;
+    bool edited = false;
     for (int step = 1; step <= kSteps; ++step) {
         const std::string line = script.Next(session, choices);
         scriptText += line + "\n";
@@ -98,9 +95,7 @@ TEST_P(Soak, RandomGesturesKeepControlAndDocumentConsistent) {
 
         Problems problems = CheckSessionOutput(line, printed);
         Append(problems, CheckGridAgainstDocument(control));
-        Append(problems, ranges.Check(control));
-        mostChanged = std::max(mostChanged, ranges.changedCells());
-        judged += ranges.judgedCells();
+        edited = edited || control.XML() != loaded;
         Append(problems, CheckDocumentValidates(control));
         if (step % kFreshFillEvery == 0 || step == kSteps) {
             Append(problems, CheckAgainstFreshFill(control));
@@ -119,10 +114,9 @@ TEST_P(Soak, RandomGesturesKeepControlAndDocumentConsistent) {
     }
     const Problems undone = CheckUndoRedoRoundTrip(session, out, loaded, top);
     EXPECT_TRUE(undone.empty()) << ::testing::PrintToString(undone);
-    // The run did what it claims: commands were accepted, cells were edited, flags judged.
+    // The run did what it claims: commands were accepted and the document was edited.
     EXPECT_LT(rejected, static_cast<std::size_t>(kSteps / 10));
-    EXPECT_GT(mostChanged, 0u);
-    EXPECT_GT(judged, 0u);
+    EXPECT_TRUE(edited);
 }
 
 INSTANTIATE_TEST_SUITE_P(Samples, Soak,
