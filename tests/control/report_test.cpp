@@ -8,7 +8,6 @@ namespace tabulon {
 namespace {
 
 using testing::ControlHarness;
-using testing::Critical;
 using testing::Information;
 
 // Lines joined with CR LF after each, the last one included.
