@@ -32,6 +32,31 @@ bool ValidUtf8(std::string_view text) {
     return true;
 }
 
+// plain.xml after a document type declaration (doctype, with its line end), with the
+// first node named name.
+std::string Variant(const std::string& doctype, const std::string& name) {
+    return doctype + Replaced(Hostile("plain.xml"), "Plant North", name);
+}
+
+// text (UTF-8) in UTF-16 with a byte order mark.
+std::string Utf16(std::string_view text, bool bigEndian) {
+    std::string out = bigEndian ? "\xFE\xFF" : "\xFF\xFE";
+    const auto unit = [&](char32_t u) {
+        const char high = static_cast<char>(u >> 8), low = static_cast<char>(u & 0xFF);
+        out += bigEndian ? std::string{high, low} : std::string{low, high};
+    };
+    for (std::size_t pos = 0; pos < text.size();) {
+        const char32_t c = DecodeUtf8(text, pos);
+        if (c < 0x10000) {
+            unit(c);
+        } else {
+            unit(0xD800 + ((c - 0x10000) >> 10));
+            unit(0xDC00 + ((c - 0x10000) & 0x3FF));
+        }
+    }
+    return out;
+}
+
 // The part of a validation message after its line break: the source excerpt.
 std::string SourceExcerpt(const std::string& message) {
     const std::size_t at = message.find("\r\n");
@@ -76,7 +101,8 @@ TEST_F(HostileDocument, ExternalEntityToALocalFileIsNeverRead) {
     ASSERT_GE(watch.get(), 0);
     ASSERT_GE(inotify_add_watch(watch.get(), secret.c_str(), IN_OPEN | IN_ACCESS), 0);
     const std::string text =
-        Replaced(Hostile("external_entity_file.xml"), "@PATH@", secret.string());
+        Variant("<!DOCTYPE xml [<!ENTITY secret SYSTEM \"file://" + secret.string() + "\">]>\n",
+                "Plant &secret;");
     const std::string doctype = text.substr(0, text.find('\n'));
 
     for (const bool fromFile : {false, true}) {
@@ -92,7 +118,7 @@ TEST_F(HostileDocument, ExternalEntityToALocalFileIsNeverRead) {
 }
 
 TEST_F(HostileDocument, UndeclaredEntityStaysLiteralText) {
-    ASSERT_TRUE(LoadText(Replaced(Hostile("plain.xml"), "Plant North", "Plant &secret;")));
+    ASSERT_TRUE(LoadText(Variant("", "Plant &secret;")));
     EXPECT_EQ(form().treTreeView.node(1).text, "Plant &secret;");
     EXPECT_NE(control().XML().find("Name=\"Plant &amp;secret;\""), std::string::npos);
 }
@@ -108,8 +134,11 @@ TEST_F(HostileDocument, ExternalEntityToAUrlIsNeverFetched) {
     ASSERT_EQ(bind(listener.get(), generic, length), 0);
     ASSERT_EQ(listen(listener.get(), 4), 0);
     ASSERT_EQ(getsockname(listener.get(), generic, &length), 0);
-    const std::string port = std::to_string(ntohs(address.sin_port));
-    const std::string text = Replaced(Hostile("external_entity_url.xml"), "@PORT@", port);
+    const std::string url = "http://127.0.0.1:" + std::to_string(ntohs(address.sin_port));
+    const std::string text =
+        Variant("<!DOCTYPE xml SYSTEM \"" + url + "/types.dtd\" [<!ENTITY remote SYSTEM \"" + url +
+                    "/value\">]>\n",
+                "Plant &remote;");
 
     for (const bool fromFile : {false, true}) {
         EXPECT_FALSE(LoadEither(text, fromFile));
@@ -120,7 +149,14 @@ TEST_F(HostileDocument, ExternalEntityToAUrlIsNeverFetched) {
 }
 
 TEST_F(HostileDocument, BillionLaughsAreRefusedUnexpanded) {
-    const std::string text = Hostile("billion_laughs.xml");
+    std::string entities = "<!DOCTYPE xml [\n  <!ENTITY lol0 \"lol\">\n";
+    for (int level = 1; level <= 9; ++level) {
+        std::string ten;
+        for (int i = 0; i < 10; ++i)
+            ten += "&lol" + std::to_string(level - 1) + ";";
+        entities += "  <!ENTITY lol" + std::to_string(level) + " \"" + ten + "\">\n";
+    }
+    const std::string text = Variant(entities + "]>\n", "Plant &lol9;");
     EXPECT_FALSE(LoadText(text));
     const std::string message = OnlyCriticalMessage();
     EXPECT_TRUE(SourceExcerpt(message).starts_with("<!DOCTYPE xml [")) << message;
@@ -150,7 +186,7 @@ TEST_F(HostileDocument, TenThousandLevelsOfNestingAreRefusedWithAShortMessage) {
 
 TEST_F(HostileDocument, TenMegabyteAttributeGivesAShortMessage) {
     const std::string huge(10u * 1024u * 1024u, 'A');
-    const std::string text = Replaced(Hostile("plain.xml"), "Plant North", huge);
+    const std::string text = Variant("", huge);
     const std::string expected =
         "<Pnode Name=\"" + std::string(kMaxSourceCharacters - 13, 'A') + "...";
     for (const bool fromFile : {false, true}) {
@@ -160,8 +196,7 @@ TEST_F(HostileDocument, TenMegabyteAttributeGivesAShortMessage) {
 }
 
 TEST_F(HostileDocument, InvalidUtf8GivesAMessageThatCanBeShown) {
-    const std::string text =
-        Replaced(Hostile("plain.xml"), "Plant North", "Plant \xFF\xFENorth \xC3");
+    const std::string text = Variant("", "Plant \xFF\xFENorth \xC3");
     EXPECT_FALSE(LoadText(text));
     const std::string fromText = OnlyCriticalMessage();
     EXPECT_FALSE(LoadEither(text, true));
@@ -171,8 +206,7 @@ TEST_F(HostileDocument, InvalidUtf8GivesAMessageThatCanBeShown) {
 }
 
 TEST_F(HostileDocument, NulByteIsRefused) {
-    const std::string text =
-        Replaced(Hostile("plain.xml"), "Plant North", std::string_view("Plant\0North", 11));
+    const std::string text = Variant("", std::string("Plant\0North", 11));
     EXPECT_FALSE(LoadText(text));
     EXPECT_EQ(OnlyCriticalMessage(), "Invalid XML");
     EXPECT_FALSE(LoadEither(text, true));
@@ -184,8 +218,8 @@ TEST_F(HostileDocument, NulByteIsRefused) {
 TEST_F(HostileDocument, EncodingsAndLineEndsLoadLikeThePlainFile) {
     const auto plain = PlainView();
     const std::pair<std::string, std::string> variants[] = {
-        {"UTF-16 LE", Hostile("utf16le_bom.xml")},
-        {"UTF-16 BE", Hostile("utf16be_bom.xml")},
+        {"UTF-16 LE", Utf16(Hostile("plain.xml"), false)},
+        {"UTF-16 BE", Utf16(Hostile("plain.xml"), true)},
         {"byte order mark", "\xEF\xBB\xBF" + Hostile("plain.xml")},
         {"CR line ends", Replaced(Hostile("plain.xml"), "\n", "\r")},
     };
@@ -254,7 +288,9 @@ TEST_F(HostileDocument, PathThatIsAFolderOrAPipeIsAMissingPictureOrDocument) {
     const std::string pipe = (TempDir() / "picture.png").string();
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     const std::string text =
-        Replaced(Replaced(Hostile("picture_paths.xml"), "@DIRECTORY@", folder), "@FIFO@", pipe);
+        Replaced(Replaced(Hostile("plain.xml"), "KeyValue=\"PLANT\"",
+                          "KeyValue=\"PLANT\" ImageName=\"" + folder + "\""),
+                 "KeyValue=\"CAFE\"", "KeyValue=\"CAFE\" ImageName=\"" + pipe + "\"");
     ASSERT_TRUE(LoadText(text));
     ExpectMessages({Information("There are following images not found in defined location:\r\n" +
                                 folder + "\r\n" + pipe + "\r\n")});
