@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "common/control_harness.h"
+#include "common/documents.h"
 
 namespace tabulon {
 namespace {
@@ -40,7 +41,15 @@ TEST_F(ViewPrint, TextsAreTrimmedAndNeverEscaped) {
 }
 
 TEST_F(ViewPrint, OneDataCellIsReportedAndNoDataColumnIsNot) {
-    ASSERT_TRUE(LoadDataFile("shell_report_small.xml"));
+    // Node P1: one value under the captions; node P2: a layout without a value column.
+    const std::string row = R"(<RowHeader HName="Row" ControlType="TextBox"/>)";
+    ASSERT_TRUE(LoadText(testing::Doc(
+        testing::Pnode("P1", "K", "Filter=\"0\"", "G1") +
+            testing::Pnode("P2", "K", "Filter=\"0\"", "G2"),
+        testing::Header("G1", R"(<ColumnHeader HName="Corner"/><ColumnHeader HName="Only"/>)",
+                        row) +
+            testing::Header("G2", R"(<ColumnHeader HName="Corner"/>)", row),
+        testing::Column({{"42"}}))));
     EXPECT_EQ(Print(), Lines({"<Column_Header>", "<ColumnCaption>Only</ColumnCaption>",
                               "</Column_Header>", "<Row_Header>", "<RowCaption>Corner</RowCaption>",
                               "<RowCaption>Row</RowCaption>", "</Row_Header>", "<Grid_Data>",

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "common/control_harness.h"
+#include "common/documents.h"
 
 namespace tabulon {
 namespace {
@@ -110,7 +111,11 @@ TEST_F(SaveGate, AFailureInsideTheGateIsReportedBeforeTheValidationMessage) {
 }
 
 TEST_F(SaveGate, AnOpenEditorIsCommittedBeforeTheGateLooks) {
-    const std::filesystem::path path = TempCopy("shell_unitnum.xml");
+    const std::filesystem::path path = TempFile(
+        "unitnum.xml",
+        testing::Document(
+            {testing::Row("UnitNum", R"(Unit="FT_TO_M" Format="0.00" MinVal="0" MaxVal="100")")},
+            {testing::Column({{"12"}})}));
     ASSERT_TRUE(LoadPath(path));
     const std::string before = ReadFileBytes(path);
     form().msgGridView.userClick(1, 1);
