@@ -39,7 +39,7 @@ DriverOutcome RunGestureInput(std::string_view bytes);
 // printed ("" when none). Keyboard navigation has no failure handler of its own, by
 // design: its failure (a scroll step beyond the grid's range) leaves through the key
 // event for the host to report, so after a key stroke (key, type, button-key) the
-// grid's "Invalid Row value" and "Invalid Col value" are specified, not findings.
+// grid's "Invalid Row value" and "Invalid Col value" are by design, not findings.
 std::string UnexpectedExceptions(std::string_view command, std::string_view printed);
 
 // How a fuzzer reports a finding: prints the findings and aborts when there are any.

@@ -3,7 +3,7 @@
 // after every one of them, and at the end every step undone and redone
 // (undo_round_trip.h).
 //
-// Every step: no exception reached the host (beyond the keyboard's specified one, see
+// Every step: no exception reached the host (beyond the keyboard's designed one, see
 // UnexpectedExceptions), no failure message appeared (the samples are valid, so
 // "Unexpected Error" and its kin mean a fault), the grid agrees with the document and
 // XML() validates against the built-in DTD. Every kFreshFillEvery steps, and after the
