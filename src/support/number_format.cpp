@@ -6,6 +6,8 @@
 #include <cmath>
 #include <optional>
 #include <span>
+#include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "support/failure.h"
@@ -408,6 +410,18 @@ std::optional<std::string_view> ExpandNamedFormat(std::string_view format) {
     return std::nullopt;
 }
 
+// The sections of a format, parsed once per thread: a grid or a search formats
+// thousands of values with the same few formats, and parsing costs more than rendering.
+const std::vector<Section>& ParsedSections(std::string_view format) {
+    constexpr std::size_t kKept = 256;
+    thread_local std::unordered_map<std::string, std::vector<Section>> parsed;
+    thread_local std::string key;
+    key.assign(format);
+    if (const auto found = parsed.find(key); found != parsed.end()) return found->second;
+    if (parsed.size() >= kKept) parsed.clear();
+    return parsed.emplace(key, ParseSections(format)).first->second;
+}
+
 }  // namespace
 
 std::string FormatNumber(double value, std::string_view format) {
@@ -415,7 +429,7 @@ std::string FormatNumber(double value, std::string_view format) {
     if (const auto codes = ExpandNamedFormat(format)) format = *codes;
     if (format.empty()) return NumberToText(value);
 
-    const std::vector<Section> sections = ParseSections(format);
+    const std::vector<Section>& sections = ParsedSections(format);
     const Section* section = &sections[0];
     bool addMinus = value < 0.0;
     if (value < 0.0 && sections.size() > 1 && !sections[1].empty) {
