@@ -19,6 +19,16 @@ TreeNode TreeView::node(int index) const {
                     at.problems};
 }
 
+std::string_view TreeView::nodeText(int index) const {
+    checkIndex(index);
+    return texts_.view(entry(index).text);
+}
+
+int TreeView::nodeImage(int index) const {
+    checkIndex(index);
+    return entry(index).image;
+}
+
 int TreeView::indexOf(const std::string& key) const {
     if (key.empty()) return 0;
     return byKey_.find(key, [this](int index) { return keyAt(index); });

@@ -40,6 +40,9 @@ public:
     int problemCount(int index) const {
         return index >= 1 && index <= count() ? entry(index).problems : 0;
     }
+    // The node's text and picture without copying the node; out of range throws.
+    std::string_view nodeText(int index) const;
+    int nodeImage(int index) const;
     // 1-based index of the node with that key (exact comparison), 0 when none or
     // when key is empty.
     int indexOf(const std::string& key) const;

@@ -43,29 +43,47 @@ bool TreeKey(int key) {
     }
 }
 
-// A node's item. Its problem count, tooltip and accessible description are read from
-// the model when asked, so that a mark changing on every node showing one grid
-// (100,000 of them) costs one repaint instead of a change per item.
-class NodeItem : public QTreeWidgetItem {
+}  // namespace
+
+// A node's item. It stores nothing of its own: its text, picture, index and problem
+// mark are read from the model when asked (a node's text and picture never change
+// once added; any other change rebuilds the items). So a tree of 100,000 nodes holds
+// no per-node strings, icons or item data on the Qt side, and a mark changing on
+// every node showing one grid costs one repaint instead of a change per item.
+class TreeBinding::NodeItem : public QTreeWidgetItem {
 public:
-    NodeItem(QTreeWidgetItem* parent, const TreeView& tree, int index)
-        : QTreeWidgetItem(parent), tree_(tree), index_(index) {}
+    NodeItem(QTreeWidgetItem* parent, const TreeBinding& binding, int index)
+        : QTreeWidgetItem(parent), binding_(binding), index_(index) {}
 
     QVariant data(int column, int role) const override {
-        const bool mark = role == kProblemCountRole || role == Qt::ToolTipRole ||
-                          role == Qt::AccessibleDescriptionRole;
-        if (column != 0 || !mark) return QTreeWidgetItem::data(column, role);
-        const int problems = tree_.problemCount(index_);
-        if (role == kProblemCountRole) return problems;
-        return ProblemCountText(problems);
+        if (column != 0) return QTreeWidgetItem::data(column, role);
+        const TreeView& tree = binding_.tree_;
+        const bool known = index_ <= tree.count();
+        switch (role) {
+            case Qt::DisplayRole:
+            case Qt::EditRole:
+                return known ? ToQString(tree.nodeText(index_)) : QString();
+            case Qt::DecorationRole:
+                return QVariant::fromValue(known ? binding_.iconFor(tree.nodeImage(index_))
+                                                 : QIcon());
+            case kIndexRole:
+                return index_;
+            case kProblemCountRole:
+            case Qt::ToolTipRole:
+            case Qt::AccessibleDescriptionRole: {
+                const int problems = tree.problemCount(index_);
+                if (role == kProblemCountRole) return problems;
+                return ProblemCountText(problems);
+            }
+            default:
+                return QTreeWidgetItem::data(column, role);
+        }
     }
 
 private:
-    const TreeView& tree_;
+    const TreeBinding& binding_;
     int index_;
 };
-
-}  // namespace
 
 TreeBinding::TreeBinding(BindingHost& bindingHost, TreeView& tree, ImageList& images,
                          QWidget* parent)
@@ -136,10 +154,10 @@ void TreeBinding::reloadIcons() {
     }
 }
 
-QIcon TreeBinding::iconFor(const TreeNode& node) const {
+QIcon TreeBinding::iconFor(int image) const {
     if (!ShowsPictures(tree_.style()) || tree_.imageList() == nullptr) return {};
-    if (node.image < 1 || node.image > static_cast<int>(icons_.size())) return {};
-    return icons_[static_cast<std::size_t>(node.image - 1)];
+    if (image < 1 || image > static_cast<int>(icons_.size())) return {};
+    return icons_[static_cast<std::size_t>(image - 1)];
 }
 
 void TreeBinding::appendNode(int index) {
@@ -147,11 +165,7 @@ void TreeBinding::appendNode(int index) {
     const TreeNode& node = tree_.node(index);
     QTreeWidgetItem* parent =
         node.parent == 0 ? treeWidget_->invisibleRootItem() : itemFor(node.parent);
-    auto* item = new NodeItem(parent, tree_, index);
-    item->setText(0, ToQString(node.text));
-    item->setIcon(0, iconFor(node));
-    item->setData(0, kIndexRole, index);
-    items_.push_back(item);
+    items_.push_back(new NodeItem(parent, *this, index));
     // A parent's expansion only holds once it has a child.
     if (node.parent != 0) mirrorNode(node.parent);
 }
@@ -160,14 +174,11 @@ void TreeBinding::mirrorNode(int index) {
     QTreeWidgetItem* item = itemFor(index);
     if (item == nullptr) return;
     const Mirroring mirroring(*this);
-    const TreeNode& node = tree_.node(index);
     // Only what differs: each change makes the tree look its item up among all the
-    // shown ones, which on a tree of 100,000 nodes costs more than a frame.
-    const QString text = ToQString(node.text);
-    if (item->text(0) != text) item->setText(0, text);
-    const QIcon icon = iconFor(node);
-    if (item->icon(0).cacheKey() != icon.cacheKey()) item->setIcon(0, icon);
-    if (item->isExpanded() != node.expanded) item->setExpanded(node.expanded);
+    // shown ones, which on a tree of 100,000 nodes costs more than a frame. The text
+    // and the picture are read from the model (NodeItem).
+    const bool expanded = tree_.node(index).expanded;
+    if (item->isExpanded() != expanded) item->setExpanded(expanded);
 }
 
 void TreeBinding::mirrorSelection() {

@@ -49,12 +49,14 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    class NodeItem;
+
     void rebuild();
     void appendNode(int index);
     void mirrorNode(int index);
     void mirrorSelection();
     void reloadIcons();
-    QIcon iconFor(const TreeNode& node) const;
+    QIcon iconFor(int image) const;
     bool viewportPress(QMouseEvent* event, bool doubleClick);
     enum class Gesture { Click, Expand, Collapse };
     // Forwards a gesture on a node and mirrors the node (and the selection) back.
