@@ -127,7 +127,8 @@ void LineEditMirror::paste() {
     const bool selection = lineEdit_.hasSelectedText();
     const int start = selection ? lineEdit_.selectionStart() : lineEdit_.cursorPosition();
     const int length = selection ? lineEdit_.selectionLength() : 0;
-    replaceRange(start, length, clip, -1);
+    // The caret goes after what was pasted, as in any line edit, not to the end.
+    replaceRange(start, length, clip, start + static_cast<int>(clip.size()));
 }
 
 void LineEditMirror::cut() {

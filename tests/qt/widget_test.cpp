@@ -76,7 +76,14 @@ TEST_F(WidgetBehaviour, CaretKeysAndDeleteEditThroughTheModel) {
 }
 
 TEST_F(WidgetBehaviour, PasteReplacesTheSelectionWithTheClipboardsFirstLine) {
-    EditPumpTag();
+    EditPumpTag();  // "CHWP-2", all selected
+    // One line goes in at the caret, which then stands after it, as in any line edit.
+    QGuiApplication::clipboard()->setText(QStringLiteral("X"));
+    KeyClick(Qt::Key_Home);
+    KeyClick(Qt::Key_V, Qt::ControlModifier);
+    TypeText(QStringLiteral("Y"));
+    EXPECT_EQ(TextEditor()->text(), QStringLiteral("XYCHWP-2"));
+    KeyClick(Qt::Key_A, Qt::ControlModifier);
     QGuiApplication::clipboard()->setText(QStringLiteral("P-77\nsecond line"));
     KeyClick(Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(TextEditor()->text(), QStringLiteral("P-77"));
