@@ -33,10 +33,6 @@ inline void RecordGrid(FlexGrid& grid, EventLog& log) {
     grid.onScroll = [&log, &grid] {
         log.add("Scroll " + std::to_string(grid.topRow()) + "," + std::to_string(grid.leftCol()));
     };
-    grid.onMouseMove = [&log](int button, int shift, std::int32_t x, std::int32_t y) {
-        log.add("MouseMove " + std::to_string(button) + " " + std::to_string(shift) + " " +
-                std::to_string(x) + " " + std::to_string(y));
-    };
     grid.onUserColResize = [&log, &grid](int col) {
         log.add("UserColResize " + std::to_string(col) + " " + std::to_string(grid.colWidth(col)));
     };
