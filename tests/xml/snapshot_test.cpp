@@ -1,5 +1,6 @@
 // Snapshots put an element's content back byte for byte; changed elements are found at
-// the smallest element that holds a change; paths find a node again.
+// the smallest element that holds a change. Undo as a whole is checked on random edits
+// (tests/reliability/undo_property_test.cpp).
 #include <gtest/gtest.h>
 
 #include <string>
@@ -40,15 +41,10 @@ TEST_P(SnapshotRestore, PutsBackExactlyWhatWasTaken) {
 INSTANTIATE_TEST_SUITE_P(
     Contents, SnapshotRestore,
     ::testing::Values(
-        ContentCase{R"(<c V="1">12</c>)", R"(<c V="1">12.50</c>)"},             // text only
         ContentCase{R"(<c E="1">12</c>)", R"(<c E="1" V="0">12</c>)"},          // attribute added
-        ContentCase{R"(<c E="1" V="0">12</c>)", R"(<c E="1">12</c>)"},          // and removed
         ContentCase{R"(<c A="1" B="2"/>)", R"(<c B="2" A="1"/>)"},              // reordered
-        ContentCase{R"(<c>12</c>)", R"(<c/>)"},                                 // emptied
         ContentCase{R"(<c/>)", R"(<c>a<!--n-->b<![CDATA[<x>]]><?pi d?></c>)"},  // mixed
-        ContentCase{R"(<c>a<!--n-->b</c>)", R"(<c>a<!--m-->b</c>)"},            // same shape
-        ContentCase{R"(<g><v k="1"><c>1</c></v></g>)", R"(<g><v k="2"><c>1</c><c>2</c></v></g>)"},
-        ContentCase{R"(<g><v><c>&amp;&lt;</c></v></g>)", R"(<g><v><c> &#10; </c></v></g>)"}));
+        ContentCase{R"(<g><v k="1"><c>1</c></v></g>)", R"(<g><v k="2"><c>1</c><c>2</c></v></g>)"}));
 
 TEST(Snapshot, ValuesAloneKeepEveryHandleAndTheShape) {
     const Document document = Parsed(R"(<r><c E="1" V="1">12</c></r>)");
@@ -63,24 +59,6 @@ TEST(Snapshot, ValuesAloneKeepEveryHandleAndTheShape) {
     EXPECT_EQ(cell.firstChild(), text);
     EXPECT_EQ(cell.serialize(), R"(<c E="1" V="1">12</c>)");
     EXPECT_LT(before.Bytes(), 1024u);
-}
-
-TEST(Snapshot, EmptyHandlesAndOtherNodesTakeAndRestoreNothing) {
-    const Document document = Parsed("<r><!--x--><c>1</c></r>");
-    EXPECT_TRUE(Snapshot::Of(Node()).empty());
-    EXPECT_TRUE(Snapshot::Of(document.documentElement().firstChild()).empty());
-    Snapshot::Of(document.documentElement().child(1)).RestoreInto(Node());
-    Snapshot().RestoreInto(document.documentElement().child(1));
-    EXPECT_EQ(document.documentElement().serialize(), "<r>\n  <!--x-->\n  <c>1</c>\n</r>");
-}
-
-TEST(NodePath, LeadsBackToTheSameNode) {
-    const Document document = Parsed("<?pi?><r><!--x--><a/><b><c/><d>t</d></b></r>");
-    const Node d = document.documentElement().child(2).child(1);
-    EXPECT_EQ(PathOf(d), (NodePath{1, 2, 1}));
-    EXPECT_EQ(NodeAt(document.root(), PathOf(d)), d);
-    EXPECT_TRUE(PathOf(document.root()).empty());
-    EXPECT_TRUE(NodeAt(document.root(), NodePath{1, 9}).empty());
 }
 
 struct ChangeCase {
@@ -117,7 +95,6 @@ INSTANTIATE_TEST_SUITE_P(
         ChangeCase{"<g><v><c>1</c></v><v><c>2</c></v></g>",
                    "<g><v><c>1</c></v><v><c>2</c><c>3</c></v></g>",
                    {"<v>\n  <c>2</c>\n  <c>3</c>\n</v>"}},  // a child more: the parent whole
-        ChangeCase{"<g k=\"1\"><v/></g>", "<g k=\"2\"><v/></g>", {"<g k=\"2\">\n  <v/>\n</g>"}},
         ChangeCase{
             "<g><!--a--><v/></g>", "<g><!--b--><v/></g>", {"<g>\n  <!--b-->\n  <v/>\n</g>"}}));
 
