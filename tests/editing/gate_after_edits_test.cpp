@@ -80,6 +80,22 @@ public:
             gridValue.select("CellValues/CellValue[1]")[0].setAttribute("Valid", "0");
         };
     }
+    // An invalid value at (1, 1), made valid again (by a new edit, or by undo), the
+    // gate passed, then the invalid value brought back by undo (or by redo).
+    void BringBack(bool byRedo) {
+        Edit(1, 1, "5000");
+        if (byRedo) {
+            control().Undo();
+        } else {
+            Edit(1, 1, "400");
+        }
+        Gate();
+        if (byRedo) {
+            control().Redo();
+        } else {
+            control().Undo();
+        }
+    }
     using EditingTest::control;
     using EditingTest::LoadText;
 };
@@ -133,21 +149,9 @@ INSTANTIATE_TEST_SUITE_P(
                      g.control().ClearCells();
                  },
                  false},
-        GateCase{"UndoBringsBackAnInvalidValue", "ENGLISH",
-                 [](T& g) {
-                     g.Edit(1, 1, "5000");
-                     g.Edit(1, 1, "400");
-                     g.Gate();
-                     g.control().Undo();
-                 },
+        GateCase{"UndoBringsBackAnInvalidValue", "ENGLISH", [](T& g) { g.BringBack(false); },
                  false},
-        GateCase{"RedoBringsBackAnInvalidValue", "ENGLISH",
-                 [](T& g) {
-                     g.Edit(1, 1, "5000");
-                     g.control().Undo();
-                     g.Gate();
-                     g.control().Redo();
-                 },
+        GateCase{"RedoBringsBackAnInvalidValue", "ENGLISH", [](T& g) { g.BringBack(true); },
                  false},
         GateCase{"UndoOfTheHostsMark", "ENGLISH",
                  [](T& g) {

@@ -16,13 +16,10 @@ protected:
     }
 };
 
-TEST_F(ProtectiveEditing, IsOffByDefault) {
-    EXPECT_FALSE(control().ProtectiveEditing());
-}
-
 // As designed, leaving a Metric cell stores the rounded display value converted back.
 TEST_F(ProtectiveEditing, LeavingAnUnchangedEditorWritesNothing) {
     const std::string tons = Row("UnitNum", R"(Unit="TONS_TO_KW" Format="0" MaxVal="100")");
+    EXPECT_FALSE(control().ProtectiveEditing());  // off by default
     for (const bool protective : {false, true}) {
         SCOPED_TRACE(protective);
         LoadWith(protective, {tons, tons}, {Column({{"2400", true, true, true}, {"5"}})}, "METRIC");

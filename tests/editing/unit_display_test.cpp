@@ -1,5 +1,4 @@
 // The Metric display pass over a filled grid.
-#include "view/unit_display.h"
 #include "editing/editing_fixture.h"
 
 namespace tabulon::testing {
@@ -15,8 +14,6 @@ TEST_F(ConvertGridUnits, MetricDocumentShowsUnitRowsConverted) {
         // row, stored, shown
         {kFeet, "10", "3.048"},
         {Row("UnitNum", R"(Format="0.0")"), "10", "10.0"},  // no unit: not converted
-        {Row("UnitNum", R"(Unit="widget" Format="0.00")"), "2", "5.00"},
-        {kFeetOrInches, "10.0000000(ft)", "3.05(m)"},
         {kFeetOrInches, "10(in)", "254(mm)"},
         {kFeetOrInches, "3(m)", "0.91(m)"},  // stored in feet whichever label it carries
         {kFeetOrInches, "10", "10"},         // no "(": untouched
@@ -49,17 +46,6 @@ TEST_F(ConvertGridUnits, ValuesConvertOncePerFill) {
         EXPECT_EQ(Shown(1, 1), num) << node;
         EXPECT_EQ(Shown(2, 1), drop) << node;
     }
-}
-
-TEST_F(ConvertGridUnits, EnglishShowsStoredValuesAndOneColumnTouchesOnlyThatColumn) {
-    Load({kFeet, kFeetOrInches}, {Column({{"10"}, {"10(ft)"}}), Column({{"10"}, {"10(ft)"}})});
-    EXPECT_EQ(Shown(1, 1), "10.000");
-    EXPECT_EQ(Shown(2, 1), "10(ft)");
-    tabulon::ConvertGridUnits(core(), 2);
-    EXPECT_EQ(Shown(1, 1), "10.000");
-    EXPECT_EQ(Shown(2, 1), "10(ft)");
-    EXPECT_EQ(Shown(1, 2), "3.048");
-    EXPECT_EQ(Shown(2, 2), "3.05(m)");
 }
 
 TEST_F(ConvertGridUnits, UnitFaultEndsThePassWithItsMessage) {
