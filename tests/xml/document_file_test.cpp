@@ -1,5 +1,8 @@
-// Reading documents from files in any encoding. Replacing them is checked where OK is
-// pressed (tests/reliability/save_safety_test.cpp, crash_safe_save_test.cpp).
+// Reading documents from files in any encoding, and the mode of a new file. Replacing
+// files is checked where OK is pressed (tests/reliability/save_safety_test.cpp,
+// crash_safe_save_test.cpp).
+#include <sys/stat.h>
+
 #include <string>
 #include <vector>
 
@@ -10,6 +13,7 @@
 namespace tabulon::xml {
 namespace {
 
+using testing::ReadFileBytes;
 using testing::TempDir;
 
 std::string Utf16(const std::u16string& text, bool bigEndian) {
@@ -82,6 +86,20 @@ TEST(LoadFile, UnreadableOrMalformedFilesFailNamingThePath) {
         EXPECT_NE(error.reason.find(cause), std::string::npos) << error.reason;
         EXPECT_TRUE(document.documentElement().empty()) << "the old content is gone";
     }
+}
+
+TEST(SaveAtomic, ANewFileHasTheDefaultPermissionsAndNoTemporaryFileIsLeft) {
+    TempDir folder;
+    const Document document = Parsed("<a><b>1</b></a>");
+    std::string reason;
+    ASSERT_TRUE(document.SaveAtomic(folder.file("new.xml"), &reason)) << reason;
+    EXPECT_EQ(ReadFileBytes(folder.file("new.xml")), document.Serialize());
+    const mode_t mask = umask(0);
+    umask(mask);
+    struct stat info {};
+    ASSERT_EQ(stat(folder.file("new.xml").c_str(), &info), 0);
+    EXPECT_EQ(info.st_mode & 07777, 0666 & ~mask);
+    EXPECT_EQ(folder.names(), std::vector<std::string>{"new.xml"});
 }
 
 }  // namespace
