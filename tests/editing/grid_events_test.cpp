@@ -1,4 +1,4 @@
-// The grid's notifications that commit and hide the editors.
+// The grid's and the scroll bars' notifications that commit and hide the editors.
 #include "editing/editing_fixture.h"
 
 namespace tabulon::testing {
@@ -36,6 +36,15 @@ TEST_F(GridEvents, PointerOverHeaderLinesUpBarsCommitsHidesAndFocusesGrid) {
     grid().userMouseMove(3, 0);  // over the header column
     ExpectCommittedAndHidden();
     EXPECT_TRUE(grid().hasFocus());
+}
+
+TEST_F(GridEvents, ScrollBarTakingFocusCommitsAndHides) {
+    for (Component* bar : std::vector<Component*>{&form().hscGrid, &form().vscGrid}) {
+        OpenOnTallGrid();
+        bar->setVisible(true);
+        bar->setFocus();
+        ExpectCommittedAndHidden();
+    }
 }
 
 TEST_F(GridEvents, ScrollBarRefreshAfterCellChangeDoesNotCommit) {
