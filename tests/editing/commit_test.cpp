@@ -87,23 +87,6 @@ TEST_F(CommitCellEdit, ASwitchOfUnitKeepsTheQuantityAndTheNewUnitsLimitsApply) {
     }
 }
 
-TEST_F(CommitCellEdit, MetricValuesAreStoredInEnglishWithSevenDecimals) {
-    Load({Row("UnitNum", R"(Unit="widget" Format="0.00")"),
-          Row("UnitDrop", R"(Unit="FT_TO_M;INCH_TO_MM" Format="0.0000;0")")},
-         {Column({{"2"}, {"1(ft)"}})}, "METRIC", kWidget);
-    EXPECT_EQ(Shown(1, 1), "5.00");
-    Click(1, 1);
-    Paste("10");
-    Click(2, 1);
-    EXPECT_EQ(Shown(1, 1), "10.00");
-    EXPECT_EQ(Stored(1, 1), "4.0000000");
-    EXPECT_EQ(form().unitDropControl.SelectedUnitText(), "m");
-    Paste("0.9144");
-    PointAtHeader();
-    EXPECT_EQ(Shown(2, 1), "0.9144(m)");
-    EXPECT_EQ(Stored(2, 1), "3.0000000(m)");  // stored in feet, with the unit as shown
-}
-
 TEST_F(CommitCellEdit, HostValidatesOnlyCommittedCellsThatAskForIt) {
     Load({Row("TextBox"), Row("TextBox")}, {Column({{"a", true, true, true}, {"b"}})});
     Click(2, 1);
