@@ -76,12 +76,8 @@ TEST_F(EditingTest, TheHostsMarkCountsAndReasonsFollowUndoAndRedo) {
     host.onAppGridEventHandler = [](xml::Node& gridValue) {
         gridValue.select("CellValues/CellValue[1]")[0].setAttribute("Valid", "0");
     };
-    Click(2, 1);
-    Paste("5000");
-    PointAtHeader();
-    Click(1, 1);
-    Paste("b");
-    PointAtHeader();
+    Edit(2, 1, "5000");
+    Edit(1, 1, "b");
     EXPECT_EQ(control().CellProblem(1, 1), "Marked invalid by the host");
     EXPECT_EQ(control().CellProblem(2, 1), "Above the maximum of 3000 ton");
     ASSERT_EQ(control().ProblemCount(), 2);
@@ -116,12 +112,8 @@ TEST_F(EditingTest, CountsAndTreeMarksFollowCommitsAndReasonsSurviveLeavingTheNo
     EXPECT_EQ(tree.node(1).problems, 1);
     EXPECT_EQ(tree.node(2).problems, 2);
 
-    Click(1, 1);
-    Paste("20");  // below the minimum of 50
-    PointAtHeader();
-    Click(2, 1);
-    Paste("100");
-    PointAtHeader();
+    Edit(1, 1, "20");  // below the minimum of 50
+    Edit(2, 1, "100");
     EXPECT_EQ(control().ProblemCount(), 3);
     EXPECT_EQ(tree.node(1).problems, 1);
 

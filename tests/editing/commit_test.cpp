@@ -37,9 +37,7 @@ TEST_F(CommitCellEdit, NegativeBelowMinimumBecomesZero) {
         Load({Row("UnitNum",
                   R"(Unit="FT_TO_M" Format="0.00" MaxVal="100" MinVal=")" + c.minVal + "\"")},
              {Column({{"1", true, c.valid == "1"}})});
-        Click(1, 1);
-        Paste(c.typed);
-        PointAtHeader();
+        Edit(1, 1, c.typed);
         EXPECT_EQ(Shown(1, 1), c.shown);
         EXPECT_EQ(Stored(1, 1), c.shown);
         EXPECT_EQ(Attribute(1, 1, "Valid"), c.valid);
@@ -58,9 +56,7 @@ TEST_F(CommitCellEdit, UnitDropWritesNumberThenUnitWithoutBlank) {
         SCOPED_TRACE(c.cellText + " / " + c.typed);
         Load({Row("UnitDrop", R"(Unit="FT_TO_M;INCH_TO_MM" Format="0.0;0")")},
              {Column({{c.cellText}})});
-        Click(1, 1);
-        Paste(c.typed);
-        PointAtHeader();
+        Edit(1, 1, c.typed);
         EXPECT_EQ(Shown(1, 1), c.shown);
         EXPECT_EQ(Stored(1, 1), c.shown);
     }
@@ -109,9 +105,7 @@ TEST_F(CommitCellEdit, HostValidatesOnlyCommittedCellsThatAskForIt) {
 TEST_F(CommitCellEdit, AHostThatFailsGetsItsCursorBackAndTheCommitReportsTheFailure) {
     Load({Row("TextBox")}, {Column({{"a", true, true, true}})});
     host.onAppGridEventHandler = [](xml::Node&) { throw std::runtime_error("host failed"); };
-    Click(1, 1);
-    Paste("z");
-    PointAtHeader();
+    Edit(1, 1, "z");
     EXPECT_EQ(host.eventsOf(HostEventKind::WaitCursor),
               (std::vector<RecordedEvent>{{HostEventKind::WaitCursor, "1"},
                                           {HostEventKind::WaitCursor, "0"}}));
@@ -122,16 +116,12 @@ TEST_F(CommitCellEdit, AHostThatFailsGetsItsCursorBackAndTheCommitReportsTheFail
 TEST_F(CommitCellEdit, ColumnIsRefilledOnlyWhenTheHostChangedIt) {
     Load({Row("TextBox"), Row("TextBox")}, {Column({{"a", true, true, true}, {"b"}})});
     grid().setTextMatrix(2, 1, "scribble");  // a refill would restore "b"
-    Click(1, 1);
-    Paste("z");
-    PointAtHeader();
+    Edit(1, 1, "z");
     EXPECT_EQ(Shown(2, 1), "scribble");
     host.onAppGridEventHandler = [](xml::Node& gridValue) {
         gridValue.select("CellValues/CellValue[1]")[0].setAttribute("Valid", "0");
     };
-    Click(1, 1);
-    Paste("y");
-    PointAtHeader();
+    Edit(1, 1, "y");
     EXPECT_EQ(Shown(2, 1), "b");
     EXPECT_EQ(Shown(1, 1), "y");
     EXPECT_EQ(grid().cellBackColor(1, 1), kRed);
@@ -145,9 +135,7 @@ TEST_F(CommitCellEdit, MetricRefillConvertsOnlyTheCommittedColumnOnce) {
         gridValue.select("CellValues/CellValue[2]")[0].setText("5");
     };
     grid().setTextMatrix(1, 2, "marker");
-    Click(1, 1);
-    Paste("0.6096");
-    PointAtHeader();
+    Edit(1, 1, "0.6096");
     EXPECT_EQ(Stored(1, 1), "2.0000000");
     EXPECT_EQ(Shown(1, 1), "0.6096");
     EXPECT_EQ(Shown(2, 1), "1.5240");

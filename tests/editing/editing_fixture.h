@@ -59,6 +59,13 @@ protected:
         ADD_FAILURE() << "no text editor has the focus";
     }
 
+    // Types text into the cell's editor and leaves it over the header row.
+    void Edit(int row, int col, const std::string& text) {
+        Click(row, col);
+        Paste(text);
+        PointAtHeader();
+    }
+
     // Names of the visible editors.
     std::vector<std::string> VisibleEditors() {
         std::vector<std::string> names;

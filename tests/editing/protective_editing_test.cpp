@@ -79,9 +79,7 @@ TEST_F(ProtectiveEditing, MetricUnitDropValuesAreStoredWithTheirEnglishUnit) {
     for (const bool protective : {false, true}) {
         SCOPED_TRACE(protective);
         LoadWith(protective, {heat}, {Column({{"1000(MBH)"}})}, "METRIC");
-        Click(1, 1);
-        Paste("1477");
-        PointAtHeader();
+        Edit(1, 1, "1477");
         EXPECT_EQ(Shown(1, 1), "1477.0(kW)");
         EXPECT_EQ(Stored(1, 1), protective ? "5039.7331921(MBH)" : "5039.7331921(kW)");
         // The stored text reads back the same in the Metric view.

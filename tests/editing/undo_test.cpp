@@ -19,12 +19,6 @@ protected:
         control().UserKeyStroke(letter, letter - 'A' + 1, kCtrlBit | (shift ? kShiftBit : 0));
     }
     void Escape() { control().UserKeyStroke(keys::kEscape, keys::kEscape, 0); }
-    // Types text into the cell's editor and leaves it over the header row.
-    void Edit(int row, int col, const std::string& text) {
-        Click(row, col);
-        Paste(text);
-        PointAtHeader();
-    }
 };
 
 TEST_F(Undo, ShowsTheStepsNodeAndCellWithoutOpeningAnEditor) {
