@@ -40,16 +40,12 @@ TEST_F(Undo, ShowsTheStepsNodeAndCellWithoutOpeningAnEditor) {
     EXPECT_TRUE(grid().hasFocus());
 }
 
-TEST_F(Undo, ANewEditDropsTheRedoStepsAndALoadDropsEverything) {
+// A new edit dropping the redo steps is checked on random edits; a load drops them all.
+TEST_F(Undo, ALoadDropsEveryStep) {
     Load({Row("TextBox")}, {Column({{"a"}})});
     Edit(1, 1, "b");
     Edit(1, 1, "c");
     ASSERT_TRUE(control().Undo());
-    EXPECT_TRUE(control().CanRedo());
-    Edit(1, 1, "d");
-    EXPECT_FALSE(control().CanRedo());
-    ASSERT_TRUE(control().Undo());
-    EXPECT_EQ(Stored(1, 1), "b");
     Load({Row("TextBox")}, {Column({{"a"}})});
     EXPECT_FALSE(control().CanUndo());
     EXPECT_FALSE(control().CanRedo());
