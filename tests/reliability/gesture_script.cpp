@@ -21,33 +21,74 @@ struct Context {
 
     Form& form() const { return FormOf(control); }
     const FlexGrid& grid() const { return FormOf(control).msgGridView; }
-    const DocumentModel& doc() const { return CoreOf(control).doc; }
 };
 
 using Line = std::optional<std::string>;
 using Gesture = Line (*)(const Context&, ChoiceSource&);
+using Words = std::span<const std::string_view>;
 
 template <class T>
 const T& OneOf(std::span<const T> items, ChoiceSource& choices) {
     return items[choices.Below(items.size())];
 }
 
+std::string Word(Words words, ChoiceSource& choices) {
+    return std::string(OneOf<std::string_view>(words, choices));
+}
+
+int Between(ChoiceSource& choices, int low, int high) {
+    return low + static_cast<int>(choices.Below(static_cast<std::size_t>(high - low + 1)));
+}
+
 std::string Number(int value) {
     return std::to_string(value);
+}
+
+// "ROW COL" of a cell from row and column first on (-1 is beside the grid).
+Line CellFrom(const FlexGrid& grid, ChoiceSource& choices, int first) {
+    if (grid.rows() <= first || grid.cols() <= first) return std::nullopt;
+    const int row = Between(choices, first, grid.rows() - 1);
+    const int col = Between(choices, first, grid.cols() - 1);
+    return Number(row) + " " + Number(col);
+}
+
+// The items of the open pick list or unit drop-down (none when it is closed).
+std::vector<std::string> ComboItems(const Form& form) {
+    if (!form.cboComboBoxControl.visible()) return {};
+    return form.cboComboBoxControl.items();
+}
+
+std::vector<std::string> UnitItems(const Form& form) {
+    if (!form.unitDropControl.visible() || form.unitDropControl.Units().empty()) return {};
+    return form.unitDropControl.UnitLabels();
+}
+
+Line ItemOf(const std::vector<std::string>& items, ChoiceSource& choices) {
+    if (items.empty()) return std::nullopt;
+    return OneOf<std::string>(items, choices);
+}
+
+Line Quoted(const Line& word) {
+    if (!word) return std::nullopt;
+    return QuoteWord(*word);
+}
+
+Line Prefixed(std::string_view command, const Line& word) {
+    if (!word) return std::nullopt;
+    return std::string(command) + *word;
 }
 
 // --- typed text
 
 // A limit of the current cell's row, moved a little or not at all: values on and
 // around the boundaries are where range checks go wrong.
-std::optional<std::string> NumberNearLimit(const Context& c, ChoiceSource& choices) {
+Line NumberNearLimit(const Context& c, ChoiceSource& choices) {
     const int row = c.grid().row();
-    const auto& rows = c.doc().arrRowInfo;
+    const auto& rows = CoreOf(c.control).doc.arrRowInfo;
     if (row < 1 || static_cast<std::size_t>(row) >= rows.size()) return std::nullopt;
     std::vector<std::string> limits = SplitList(rows[static_cast<std::size_t>(row)].MinVal);
-    for (std::string& limit : SplitList(rows[static_cast<std::size_t>(row)].MaxVal)) {
-        limits.push_back(std::move(limit));
-    }
+    const std::vector<std::string> maxima = SplitList(rows[static_cast<std::size_t>(row)].MaxVal);
+    limits.insert(limits.end(), maxima.begin(), maxima.end());
     if (limits.empty()) return std::nullopt;
     double value = 0;
     try {
@@ -61,18 +102,17 @@ std::optional<std::string> NumberNearLimit(const Context& c, ChoiceSource& choic
     return NumberToText(value);
 }
 
+std::string Digits(std::size_t count, ChoiceSource& choices) {
+    std::string digits;
+    for (std::size_t i = 0; i < count; ++i)
+        digits += static_cast<char>('0' + choices.Below(10));
+    return digits;
+}
+
 std::string PlainNumber(ChoiceSource& choices) {
     std::string text = choices.Below(5) == 0 ? "-" : "";
-    const std::size_t digits = 1 + choices.Below(7);
-    for (std::size_t i = 0; i < digits; ++i)
-        text += static_cast<char>('0' + choices.Below(10));
-    if (choices.Below(2) == 0) {
-        text += '.';
-        const std::size_t decimals = choices.Below(5);
-        for (std::size_t i = 0; i < decimals; ++i) {
-            text += static_cast<char>('0' + choices.Below(10));
-        }
-    }
+    text += Digits(1 + choices.Below(7), choices);
+    if (choices.Below(2) == 0) text += "." + Digits(choices.Below(5), choices);
     return text;
 }
 
@@ -87,71 +127,48 @@ constexpr std::array<std::string_view, 24> kOddTexts = {
 constexpr std::array<std::string_view, 8> kExtremeNumbers = {
     "1e308", "-1.7e308", "1e999", "4e-320", "99999999999999999999", "e", "1e", "2.5E-3"};
 
-// An item offered by the open pick list or unit drop-down, typed rather than picked.
-std::optional<std::string> OfferedItem(const Context& c, ChoiceSource& choices) {
-    const Form& form = c.form();
-    if (form.cboComboBoxControl.visible() && !form.cboComboBoxControl.items().empty()) {
-        return OneOf<std::string>(form.cboComboBoxControl.items(), choices);
-    }
-    if (form.unitDropControl.visible() && !form.unitDropControl.Units().empty()) {
-        return OneOf<std::string>(form.unitDropControl.UnitLabels(), choices);
-    }
-    return std::nullopt;
-}
-
 std::string TextToEnter(const Context& c, ChoiceSource& choices) {
-    std::optional<std::string> text;
+    Line text;
     const std::size_t kind = choices.Below(10);
     if (kind <= 2) {
         text = NumberNearLimit(c, choices);
     } else if (kind == 3) {
-        text = std::string(OneOf<std::string_view>(kOddTexts, choices));
+        text = Word(kOddTexts, choices);
     } else if (kind == 4) {
-        text = OfferedItem(c, choices);
+        // An item of the open pick list or unit drop-down, typed rather than picked.
+        text = ItemOf(ComboItems(c.form()), choices);
+        if (!text) text = ItemOf(UnitItems(c.form()), choices);
     } else if (kind == 5 && c.options.extremeNumbers) {
-        text = std::string(OneOf<std::string_view>(kExtremeNumbers, choices));
+        text = Word(kExtremeNumbers, choices);
     } else if (kind == 6) {
         text = std::string(60 + choices.Below(200), static_cast<char>('a' + choices.Below(26)));
     }
     return text ? *text : PlainNumber(choices);
 }
 
-// --- grid gestures
+// --- the gestures
 
 Line ClickValueCell(const Context& c, ChoiceSource& choices) {
-    const FlexGrid& grid = c.grid();
-    if (grid.rows() < 2 || grid.cols() < 2) return std::nullopt;
-    const int row = 1 + static_cast<int>(choices.Below(static_cast<std::size_t>(grid.rows() - 1)));
-    const int col = 1 + static_cast<int>(choices.Below(static_cast<std::size_t>(grid.cols() - 1)));
-    return "click " + Number(row) + " " + Number(col);
+    return Prefixed("click ", CellFrom(c.grid(), choices, 1));
 }
 
 Line ClickAnyCell(const Context& c, ChoiceSource& choices) {
-    const FlexGrid& grid = c.grid();
-    if (grid.rows() < 1 || grid.cols() < 1) return std::nullopt;
-    const int row = static_cast<int>(choices.Below(static_cast<std::size_t>(grid.rows())));
-    const int col = static_cast<int>(choices.Below(static_cast<std::size_t>(grid.cols())));
-    return "click " + Number(row) + " " + Number(col);
+    return Prefixed("click ", CellFrom(c.grid(), choices, 0));
 }
 
 Line MouseMove(const Context& c, ChoiceSource& choices) {
-    const FlexGrid& grid = c.grid();
-    const int row = static_cast<int>(choices.Below(static_cast<std::size_t>(grid.rows() + 1))) - 1;
-    const int col = static_cast<int>(choices.Below(static_cast<std::size_t>(grid.cols() + 1))) - 1;
-    return "mousemove " + Number(row) + " " + Number(col);
+    return "mousemove " + *CellFrom(c.grid(), choices, -1);
 }
 
 Line Wheel(const Context&, ChoiceSource& choices) {
-    return "wheel " + Number(static_cast<int>(choices.Below(7)) - 3) + " " +
-           Number(static_cast<int>(choices.Below(3)) - 1);
+    return "wheel " + Number(Between(choices, -3, 3)) + " " + Number(Between(choices, -1, 1));
 }
-
-// --- keyboard and editors
 
 Line TypeText(const Context& c, ChoiceSource& choices) {
     return "type " + QuoteWord(TextToEnter(c, choices));
 }
 
+// Into the focused text field; the unit editors' number field also selects by mouse.
 Line PasteText(const Context& c, ChoiceSource& choices) {
     const Form& form = c.form();
     const Component* focused = form.focus.focused();
@@ -159,14 +176,12 @@ Line PasteText(const Context& c, ChoiceSource& choices) {
         focused != &form.unitDropControl) {
         return std::nullopt;
     }
-    // The unit editors' number field also takes a filtered paste, and the mouse selects.
-    const bool numberField = focused != &form.txtTextBoxControl;
-    switch (choices.Below(numberField ? 3 : 2)) {
+    switch (choices.Below(focused != &form.txtTextBoxControl ? 3 : 2)) {
         case 0:
             return "set-text " + QuoteWord(TextToEnter(c, choices));
         case 1:
-            return "select-text " + Number(static_cast<int>(choices.Below(6))) + " " +
-                   Number(static_cast<int>(choices.Below(6)));
+            return "select-text " + Number(Between(choices, 0, 5)) + " " +
+                   Number(Between(choices, 0, 5));
         default:
             return "paste " + QuoteWord(TextToEnter(c, choices));
     }
@@ -178,44 +193,33 @@ Line Key(const Context&, ChoiceSource& choices) {
         "Right", "Up",  "Down",  "Down",  "F1",     "F2",    "F5",        "F12",
         "a",     "7",   "-",     ".",     "Home",   "End",   "Delete"};
     static constexpr std::array<std::string_view, 8> kModifiers = {
-        "", "", "", "", "shift", "ctrl", "alt", "ctrl+shift"};
-    std::string line = "key " + std::string(OneOf<std::string_view>(kKeys, choices));
-    const std::string_view modifier = OneOf<std::string_view>(kModifiers, choices);
-    if (!modifier.empty()) line += " " + std::string(modifier);
-    return line;
+        "", "", "", "", " shift", " ctrl", " alt", " ctrl+shift"};
+    const std::string key = Word(kKeys, choices);
+    return "key " + key + Word(kModifiers, choices);
 }
 
 Line Pick(const Context& c, ChoiceSource& choices) {
-    const ComboBox& combo = c.form().cboComboBoxControl;
-    if (!combo.visible() || combo.items().empty()) return std::nullopt;
-    return "pick " + QuoteWord(OneOf<std::string>(combo.items(), choices));
+    return Prefixed("pick ", Quoted(ItemOf(ComboItems(c.form()), choices)));
 }
 
 Line PickUnit(const Context& c, ChoiceSource& choices) {
-    const UnitDropBox& box = c.form().unitDropControl;
-    if (!box.visible() || box.Units().empty()) return std::nullopt;
-    return "pick-unit " + QuoteWord(OneOf<std::string>(box.UnitLabels(), choices));
+    return Prefixed("pick-unit ", Quoted(ItemOf(UnitItems(c.form()), choices)));
 }
 
-// --- tree, filter, buttons, bars, focus, splitter
-
-std::optional<std::string> AnyNodeKey(const Context& c, ChoiceSource& choices) {
+Line AnyNodeKey(const Context& c, ChoiceSource& choices) {
     const TreeView& tree = c.form().treTreeView;
     if (tree.count() == 0) return std::nullopt;
-    return tree.node(1 + static_cast<int>(choices.Below(static_cast<std::size_t>(tree.count()))))
-        .key;
+    return QuoteWord(tree.node(Between(choices, 1, tree.count())).key);
 }
 
 Line ClickNode(const Context& c, ChoiceSource& choices) {
-    const std::optional<std::string> key = AnyNodeKey(c, choices);
-    if (!key) return std::nullopt;
-    return "node " + QuoteWord(*key);
+    return Prefixed("node ", AnyNodeKey(c, choices));
 }
 
 Line CollapseOrExpand(const Context& c, ChoiceSource& choices) {
-    const std::optional<std::string> key = AnyNodeKey(c, choices);
+    const Line key = AnyNodeKey(c, choices);
     if (!key) return std::nullopt;
-    return std::string(choices.Below(2) == 0 ? "collapse " : "expand ") + QuoteWord(*key);
+    return std::string(choices.Below(2) == 0 ? "collapse " : "expand ") + *key;
 }
 
 Line Filter(const Context& c, ChoiceSource& choices) {
@@ -227,20 +231,25 @@ Line Filter(const Context& c, ChoiceSource& choices) {
     return "filter " + QuoteWord(OneOf<std::string>(form.cboFilter.items(), choices));
 }
 
-constexpr std::array<std::string_view, 6> kButtons = {"OK",    "Print",  "OK",
-                                                      "Print", "Cancel", "Help"};
+// OK and Print twice: they are the buttons that do the most.
+using NamedButton = std::pair<std::string_view, Button Form::*>;
+
+constexpr std::array<NamedButton, 6> kButtons = {{
+    {"OK", &Form::cmdOK},
+    {"Print", &Form::cmdPrint},
+    {"OK", &Form::cmdOK},
+    {"Print", &Form::cmdPrint},
+    {"Cancel", &Form::cmdCancel},
+    {"Help", &Form::cmdHelp},
+}};
 
 Line ClickButton(const Context&, ChoiceSource& choices) {
-    return "button " + std::string(OneOf<std::string_view>(kButtons, choices));
+    return "button " + std::string(OneOf<NamedButton>(kButtons, choices).first);
 }
 
 Line ButtonKey(const Context& c, ChoiceSource& choices) {
-    const std::string_view name = OneOf<std::string_view>(kButtons, choices);
-    const Form& form = c.form();
-    const Button& button = name == "OK"       ? form.cmdOK
-                           : name == "Print"  ? form.cmdPrint
-                           : name == "Cancel" ? form.cmdCancel
-                                              : form.cmdHelp;
+    const auto& [name, member] = OneOf<NamedButton>(kButtons, choices);
+    const Button& button = c.form().*member;
     if (!button.visible() || !button.enabled()) return std::nullopt;
     return "button-key " + std::string(name) + (choices.Below(3) == 0 ? " Enter" : " Space");
 }
@@ -248,31 +257,31 @@ Line ButtonKey(const Context& c, ChoiceSource& choices) {
 Line ScrollBars(const Context&, ChoiceSource& choices) {
     static constexpr std::array<std::string_view, 4> kBars = {"hscroll", "vscroll", "hdrag",
                                                               "vdrag"};
-    const std::string_view bar = OneOf<std::string_view>(kBars, choices);
-    const int value = static_cast<int>(choices.Below(14)) - 2;
-    if (bar == "hdrag" || bar == "vdrag") return std::string(bar) + " " + Number(value);
-    const std::size_t step = choices.Below(3);
-    return std::string(bar) + (step == 0 ? " +1" : step == 1 ? " -1" : " =" + Number(value));
+    static constexpr std::array<std::string_view, 3> kSteps = {" +1", " -1", " ="};
+    const std::string bar = Word(kBars, choices);
+    const std::string value = Number(Between(choices, -2, 11));
+    if (bar.ends_with("drag")) return bar + " " + value;
+    const std::string step = Word(kSteps, choices);
+    return bar + step + (step == " =" ? value : "");
 }
 
 Line Focus(const Context&, ChoiceSource& choices) {
     static constexpr std::array<std::string_view, 5> kTargets = {"grid", "tree", "hsc", "vsc",
                                                                  "filter"};
-    return "focus " + std::string(OneOf<std::string_view>(kTargets, choices));
+    return "focus " + Word(kTargets, choices);
 }
 
 Line DragSplitter(const Context&, ChoiceSource& choices) {
-    return "drag-splitter " + Number(static_cast<int>(choices.Below(4001)) - 2000);
+    return "drag-splitter " + Number(Between(choices, -2000, 2000));
 }
 
 // A column header's border dragged either way, the row-caption column's included.
 Line DragColBorder(const Context& c, ChoiceSource& choices) {
     const FlexGrid& grid = c.grid();
     if (grid.cols() == 0 || grid.rows() == 0) return std::nullopt;
-    const int col = static_cast<int>(choices.Below(static_cast<std::size_t>(grid.cols())));
+    const int col = Between(choices, 0, grid.cols() - 1);
     if (!grid.colIsVisible(col)) return std::nullopt;
-    return "drag-col-border " + Number(col) + " " +
-           Number(static_cast<int>(choices.Below(6001)) - 3000);
+    return "drag-col-border " + Number(col) + " " + Number(Between(choices, -3000, 3000));
 }
 
 // The scripted host changes the GridValue element it is handed: flags, texts, or
@@ -285,20 +294,20 @@ Line HostChange(const Context& c, ChoiceSource& choices) {
     static constexpr std::array<std::string_view, 3> kFlags = {"Valid", "Enabled",
                                                                "ApplicationValidation"};
     static constexpr std::array<std::string_view, 4> kValues = {"0", "1", "1", "x"};
-    const std::string path = QuoteWord(OneOf<std::string_view>(kPaths, choices));
+    const std::string path = QuoteWord(Word(kPaths, choices));
     const std::size_t change = choices.Below(4);
     if (change == 0) return "on-appgrid-clear";
     if (change == 1) return "on-appgrid-text " + path + " " + QuoteWord(TextToEnter(c, choices));
-    return "on-appgrid " + path + " " + std::string(OneOf<std::string_view>(kFlags, choices)) +
-           " " + std::string(OneOf<std::string_view>(kValues, choices));
+    // The value is drawn before the flag: the stored fuzz inputs were made in that order.
+    const std::string value = Word(kValues, choices);
+    return "on-appgrid " + path + " " + Word(kFlags, choices) + " " + value;
 }
 
 // Undo and redo as the user (keys) or the host (calls) asks for them, and Escape.
-Line UndoOrRedo(const Context& c, ChoiceSource& choices) {
-    if (!c.options.undoKeys) return std::nullopt;
+Line UndoOrRedo(const Context&, ChoiceSource& choices) {
     static constexpr std::array<std::string_view, 7> kCommands = {
         "key z ctrl", "key z ctrl", "key y ctrl", "key z ctrl+shift", "undo", "redo", "key Escape"};
-    return std::string(OneOf<std::string_view>(kCommands, choices));
+    return Word(kCommands, choices);
 }
 
 struct WeightedGesture {
@@ -329,10 +338,6 @@ constexpr std::array<WeightedGesture, 20> kGestures = {{
     {5, UndoOrRedo},
 }};
 
-bool Offered(const WeightedGesture& entry, const GestureOptions& options) {
-    return entry.gesture != UndoOrRedo || options.undoKeys;
-}
-
 }  // namespace
 
 std::string QuoteWord(std::string_view text) {
@@ -352,19 +357,21 @@ std::string QuoteWord(std::string_view text) {
 
 std::string GestureScript::Next(cli::session::Session& session, ChoiceSource& choices) const {
     const Context context{session.control(), options_};
-    std::size_t total = 0;
-    for (const WeightedGesture& entry : kGestures) {
-        if (Offered(entry, options_)) total += entry.weight;
-    }
-    std::size_t pick = choices.Below(total);
-    for (const WeightedGesture& entry : kGestures) {
-        if (!Offered(entry, options_)) continue;
+    // Undo and redo are left out of the draw altogether unless asked for.
+    const std::span<const WeightedGesture> offered(kGestures.data(),
+                                                   kGestures.size() - (options_.undoKeys ? 0 : 1));
+    std::size_t pick = 0;
+    for (const WeightedGesture& entry : offered)
+        pick += entry.weight;
+    pick = choices.Below(pick);
+    for (const WeightedGesture& entry : offered) {
         if (pick >= entry.weight) {
             pick -= entry.weight;
-            continue;
+        } else if (Line line = entry.gesture(context, choices)) {
+            return *line;
+        } else {
+            break;
         }
-        if (Line line = entry.gesture(context, choices)) return *line;
-        break;
     }
     // The chosen gesture does not apply now: a click keeps the run moving.
     if (Line line = ClickAnyCell(context, choices)) return *line;
