@@ -140,20 +140,15 @@ double NumberOr0(std::string_view text) {
     }
 }
 
-// The label a unit name of a UnitDrop row shows in the document's system, and the
-// factor of its conversion; nullopt when the name is not a unit the document knows.
-std::optional<std::pair<std::string, double>> UnitLabel(const DocumentModel& doc,
-                                                        const std::string& name) {
-    const bool metric = MetricDocument(doc);
+// The conversion factor of a unit name; nullopt when the document knows no such unit.
+std::optional<double> UnitFactor(const DocumentModel& doc, const std::string& name) {
     for (const CustomUnitRow& unit : doc.arrCustomUnits) {
-        if (unit[0] == name || (metric && unit[1] == name)) {
-            return std::pair(metric ? unit[1] : unit[0], NumberOr0(unit[2]));
-        }
+        if (unit[0] == name || (MetricDocument(doc) && unit[1] == name)) return NumberOr0(unit[2]);
     }
     try {
         const UnitConversion* row = FindBuiltInConversion(ConversionIndex(name));
         if (row == nullptr) return std::nullopt;
-        return std::pair(std::string(metric ? row->metric : row->english), row->factor);
+        return row->factor;
     } catch (const RuntimeFailure&) {
         return std::nullopt;
     }
@@ -181,9 +176,9 @@ bool SameConvertedValue(const DocumentModel& doc, xml::Node rowHeader, const std
     const double step = std::pow(10.0, -decimals);
     double tolerance = step + 1e-9 * std::abs(a);
     if (Attr(rowHeader, "ControlType") == "UnitNum") {
-        const auto unit = UnitLabel(doc, Attr(rowHeader, "Unit"));
-        if (!unit) return false;
-        tolerance += 0.5 * step * std::abs(unit->second);
+        const std::optional<double> factor = UnitFactor(doc, Attr(rowHeader, "Unit"));
+        if (!factor) return false;
+        tolerance += 0.5 * step * std::abs(*factor);
     }
     return std::abs(a - b) <= tolerance;
 }
@@ -194,17 +189,15 @@ struct GridSnapshot {
     int rows = 0;
     int cols = 0;
     std::vector<std::string> texts;
-    std::vector<Rgb> fore;
-    std::vector<Rgb> back;
+    std::vector<std::pair<Rgb, Rgb>> colours;  // fore, back
 };
 
 GridSnapshot Snapshot(const FlexGrid& grid) {
-    GridSnapshot snapshot{grid.rows(), grid.cols(), {}, {}, {}};
+    GridSnapshot snapshot{grid.rows(), grid.cols(), {}, {}};
     for (int r = 0; r < grid.rows(); ++r) {
         for (int c = 0; c < grid.cols(); ++c) {
             snapshot.texts.push_back(grid.textMatrix(r, c));
-            snapshot.fore.push_back(grid.cellForeColor(r, c));
-            snapshot.back.push_back(grid.cellBackColor(r, c));
+            snapshot.colours.emplace_back(grid.cellForeColor(r, c), grid.cellBackColor(r, c));
         }
     }
     return snapshot;
@@ -220,11 +213,7 @@ Problems CheckGridAgainstDocument(const Generic_SP_Control& control) {
     if (!record) return {"a grid is shown but no tree node is selected"};
     if (doc.strCurrentHeaderKey != record->GridHeaderKey ||
         doc.strCurrentValueKey != record->GridValueKey) {
-        problems.push_back("the grid shows keys " + Quoted(doc.strCurrentHeaderKey) + "/" +
-                           Quoted(doc.strCurrentValueKey) + " but node " +
-                           Quoted(record->KeyValue) + " has " + Quoted(record->GridHeaderKey) +
-                           "/" + Quoted(record->GridValueKey));
-        return problems;
+        return {"the grid shows other keys than node " + Quoted(record->KeyValue) + " has"};
     }
     const DocumentGrid expected =
         ReadDocumentGrid(doc, doc.strCurrentHeaderKey, doc.strCurrentValueKey);
@@ -236,20 +225,17 @@ Problems CheckGridAgainstDocument(const Generic_SP_Control& control) {
                 ", its GridHeader describes " + std::to_string(expected.rows.size() + 1) + " x " +
                 std::to_string(expected.columns.size())};
     }
-    for (int c = 0; c < grid.cols(); ++c) {
-        const std::string caption = Attr(expected.columns[static_cast<std::size_t>(c)], "HName");
-        if (grid.textMatrix(0, c) != caption) {
-            problems.push_back("caption " + Cell(0, c) + " is " + Quoted(grid.textMatrix(0, c)) +
+    const auto checkCaption = [&](int r, int c, xml::Node header) {
+        const std::string caption = Attr(header, "HName");
+        if (grid.textMatrix(r, c) != caption) {
+            problems.push_back("caption " + Cell(r, c) + " is " + Quoted(grid.textMatrix(r, c)) +
                                ", expected " + Quoted(caption));
         }
-    }
-    for (int r = 1; r < grid.rows(); ++r) {
-        const std::string caption = Attr(expected.rows[static_cast<std::size_t>(r - 1)], "HName");
-        if (grid.textMatrix(r, 0) != caption) {
-            problems.push_back("caption " + Cell(r, 0) + " is " + Quoted(grid.textMatrix(r, 0)) +
-                               ", expected " + Quoted(caption));
-        }
-    }
+    };
+    for (int c = 0; c < grid.cols(); ++c)
+        checkCaption(0, c, expected.columns[static_cast<std::size_t>(c)]);
+    for (int r = 1; r < grid.rows(); ++r)
+        checkCaption(r, 0, expected.rows[static_cast<std::size_t>(r - 1)]);
     const bool metric = MetricDocument(doc);
     for (const auto& [at, element] : expected.cells) {
         const auto [r, c] = at;
@@ -290,14 +276,14 @@ Problems CheckAgainstFreshFill(const Generic_SP_Control& control) {
     // The counts of values that need correcting, in all and per tree node, are kept
     // as the control works; a fresh load counts them from the document.
     const auto counts = [](const Generic_SP_Control& c) {
-        std::vector<int> all{c.ProblemCount()};
+        std::string all = std::to_string(c.ProblemCount());
         const TreeView& tree = FormOf(c).treTreeView;
         for (int n = 1; n <= tree.count(); ++n)
-            all.push_back(tree.node(n).problems);
+            all += " " + std::to_string(tree.node(n).problems);
         return all;
     };
-    const std::vector<int> liveCounts = counts(control);
-    std::vector<int> freshCounts;
+    const std::string liveCounts = counts(control);
+    std::string freshCounts;
     Problems problems;
     std::thread([&] {
         try {
@@ -319,14 +305,8 @@ Problems CheckAgainstFreshFill(const Generic_SP_Control& control) {
     }).join();
     if (!problems.empty()) return problems;
     if (liveCounts != freshCounts) {
-        const auto listed = [](const std::vector<int>& numbers) {
-            std::string joined;
-            for (const int n : numbers)
-                joined += (joined.empty() ? "" : " ") + std::to_string(n);
-            return joined;
-        };
-        problems.push_back("the problem counts (all, then per node) are " + listed(liveCounts) +
-                           ", a fresh load counts " + listed(freshCounts));
+        problems.push_back("the problem counts (all, then per node) are " + liveCounts +
+                           ", a fresh load counts " + freshCounts);
     }
     if (live.rows != fresh.rows || live.cols != fresh.cols) {
         return {"the grid is " + std::to_string(live.rows) + " x " + std::to_string(live.cols) +
@@ -349,7 +329,7 @@ Problems CheckAgainstFreshFill(const Generic_SP_Control& control) {
             problems.push_back("cell " + Cell(r, c) + " shows " + Quoted(live.texts[i]) +
                                ", a fresh fill shows " + Quoted(fresh.texts[i]));
         }
-        if (live.fore[i] != fresh.fore[i] || live.back[i] != fresh.back[i]) {
+        if (live.colours[i] != fresh.colours[i]) {
             problems.push_back("cell " + Cell(r, c) + " colours differ from a fresh fill");
         }
     }
