@@ -11,20 +11,6 @@ using testing::Critical;
 
 using GeneralPropertyLet = ControlHarness;
 
-TEST_F(GeneralPropertyLet, AnyNonZeroScrollBarModeShowsBothBarsAndReadsBackAsOne) {
-    gGeneralProperty_type record = control().GeneralProperty();
-    record.intScrollBars = 5;
-    control().SetGeneralProperty(record);
-    EXPECT_TRUE(form().hscGrid.visible());
-    EXPECT_TRUE(form().vscGrid.visible());
-    EXPECT_EQ(control().GeneralProperty().intScrollBars, 1);
-
-    record.intScrollBars = 0;
-    control().SetGeneralProperty(record);
-    EXPECT_FALSE(form().hscGrid.visible());
-    EXPECT_FALSE(form().vscGrid.visible());
-}
-
 TEST_F(GeneralPropertyLet, AColumnMinimumBeyondSixteenBitsFailsAfterTheEarlierSteps) {
     gGeneralProperty_type record = control().GeneralProperty();
     record.lngTreeViewStyle = 3;
