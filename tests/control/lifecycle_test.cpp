@@ -40,20 +40,6 @@ TEST_F(ControlLifecycle, TheThreeLetsAcceptAndDiscardTheirValue) {
     ExpectMessages({});
 }
 
-TEST_F(ControlLifecycle, InitialisationAndASecondShowingChangeNothingVisible) {
-    Generic_SP_Control fresh(sink, host);
-    FormOf(fresh).cmdHelp.setVisible(false);
-    fresh.InitProperties();
-    EXPECT_FALSE(FormOf(fresh).cmdHelp.visible());
-    EXPECT_FALSE(FormOf(fresh).hscGrid.visible());
-    EXPECT_FALSE(FormOf(fresh).vscGrid.visible());
-    EXPECT_EQ(fresh.GeneralProperty().intScrollBars, 0);
-    EXPECT_TRUE(host.events().empty());
-    form().cmdOK.setLeft(10);  // showing a second time places no button
-    control().Show();
-    EXPECT_EQ(form().cmdOK.left(), 10);
-}
-
 TEST_F(ControlLifecycle, TerminateReleasesTheDocumentAndThePerThreadState) {
     ASSERT_TRUE(LoadDataFile("shell_two_by_two.xml"));
     ASSERT_EQ(ScrollGrid(), &form().msgGridView);
@@ -63,14 +49,6 @@ TEST_F(ControlLifecycle, TerminateReleasesTheDocumentAndThePerThreadState) {
     EXPECT_EQ(ScrollGrid(), nullptr);
     control().Terminate();  // a second time does nothing
     EXPECT_TRUE(control().terminated());
-}
-
-TEST_F(ControlLifecycle, TheLastInstanceCreatedOrTerminatedDecidesThePerThreadState) {
-    Generic_SP_Control second(sink, host);
-    EXPECT_EQ(ScrollGrid(), &FormOf(second).msgGridView);
-    control().Terminate();
-    EXPECT_FALSE(HasConversionTable());
-    EXPECT_EQ(ScrollGrid(), nullptr);
 }
 
 TEST_F(ControlLifecycle, ScrollBarsKeepingAnEndedControlsGridMoveNothing) {

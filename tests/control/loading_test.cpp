@@ -42,16 +42,6 @@ protected:
     }
 };
 
-TEST_F(DocumentLoading, ASuccessfulLoadEnablesTheViewAndFocusesTheTree) {
-    const std::filesystem::path path = DataFile("shell_two_by_two.xml");
-    ASSERT_TRUE(LoadPath(path));
-    ExpectMessages({});
-    EXPECT_TRUE(form().msgGridView.enabled());
-    EXPECT_TRUE(form().cboFilter.enabled());
-    EXPECT_EQ(form().treTreeView.selectedIndex(), 1);
-    EXPECT_TRUE(form().treTreeView.hasFocus());
-}
-
 TEST_F(DocumentLoading, AParseFailureShowsTheReasonForAFileAndInvalidXmlForText) {
     const std::filesystem::path path = TempFile("broken.xml", "<xml MeasurementUnit=\"ENGLISH\">");
     xml::ParseError error;

@@ -55,12 +55,11 @@ TEST_F(Persistence, AnEmptyBagRestoresTheDefaults) {
     LoggingBag bag;
     RestoreControl(bag);
     EXPECT_EQ(bag.reads, kRestoreOrder);
-    const gButtonProperty_type buttons = control().ButtonProperty();
-    EXPECT_EQ(buttons,
+    EXPECT_EQ(control().ButtonProperty(),
               (gButtonProperty_type{kTrue, kTrue, kTrue, kTrue, kTrue, 3150, 4415, 5680, 6945}));
-    const gGeneralProperty_type general = control().GeneralProperty();
-    EXPECT_EQ(general, (gGeneralProperty_type{2745, 7, kTrue, "Filter", "Filter Label", kFalse, 1,
-                                              350, 1080}));
+    EXPECT_EQ(
+        control().GeneralProperty(),
+        (gGeneralProperty_type{2745, 7, kTrue, "Filter", "Filter Label", kFalse, 1, 350, 1080}));
     EXPECT_TRUE(form().vscGrid.visible());
     ExpectMessages({});
 }
@@ -79,23 +78,6 @@ TEST_F(Persistence, SavingWritesEveryKeyWithItsDefaultAndDefaultPosFirst) {
     expected.insert(expected.end(), kRestoreOrder.begin(), kRestoreOrder.begin() + 4);
     EXPECT_EQ(keys, expected);
     EXPECT_TRUE(bag.values().empty());  // values equal to their default are not stored
-}
-
-TEST_F(Persistence, StoredValuesAreAppliedToTheParts) {
-    MemoryPropertyBag bag;
-    bag.values() = {{"ButtonProperty.blnHelpVisible", false},
-                    {"ButtonProperty.lngOKLeft", std::int64_t{1234}},
-                    {"GeneralProperty.lngTreeViewWidth", std::int64_t{99000}},
-                    {"GeneralProperty.strFilterLabel", std::string("Size")},
-                    {"GeneralProperty.intScrollBars", std::int64_t{0}},
-                    {"hscGrid.RightMargin", std::int64_t{20}}};
-    RestoreControl(bag);
-    EXPECT_FALSE(form().cmdHelp.visible());
-    EXPECT_EQ(form().cmdOK.left(), 1234);
-    EXPECT_EQ(form().treTreeView.width(), 99000);  // as stored, no limits
-    EXPECT_EQ(form().lblFilter.caption(), "Size");
-    EXPECT_FALSE(form().hscGrid.visible());
-    EXPECT_EQ(form().hscGrid.RightMargin(), 20);
 }
 
 TEST_F(Persistence, TheColumnMinimumOnlyAppliesToColumnsMadeLater) {

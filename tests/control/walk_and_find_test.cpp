@@ -14,12 +14,6 @@ using ::testing::ElementsAre;
 constexpr int kF9 = keys::FunctionKey(9);
 constexpr int kF12 = keys::FunctionKey(12);
 
-std::string Node(std::string_view key, int filter = 0) {
-    return R"(<Pnode Name=")" + std::string(key) + R"(" KeyValue=")" + std::string(key) +
-           R"(" GridHeaderKey="H" GridValueKey=")" + std::string(key) + R"(" Filter=")" +
-           std::to_string(filter) + R"("/>)";
-}
-
 std::string Values(std::string_view key, std::string_view filterValue,
                    const std::vector<CellData>& cells) {
     std::string xml = CellValues(key, cells);
@@ -40,7 +34,8 @@ std::string ThreeNodes() {
     const std::string second = "<GridValue>" + Values("A", "Y", {{"a2", true, false}, {"2"}}) +
                                CellValues("B", {{"b2"}, {"2"}}) + CellValues("C", {{"c2"}, {"2"}}) +
                                "</GridValue>";
-    return Doc(Node("A", 1) + Node("B") + Node("C"), Header("H", columns, rows), first + second);
+    return Doc(Pnode("A", "A", "Filter=\"1\"") + Pnode("B", "B") + Pnode("C", "C"),
+               Header("H", columns, rows), first + second);
 }
 
 class WalkAndFind : public ControlHarness {
