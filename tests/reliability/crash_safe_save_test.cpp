@@ -128,12 +128,18 @@ TEST_F(CrashSafeSave, AbortHalfwayThroughTheWriteLeavesTheOldFile) {
     EXPECT_EQ(WTERMSIG(status), SIGABRT);
     EXPECT_EQ(ReadFileBytes(path_), oldText_);
     ExpectOldOrNew("aborted");
-    // The next save removes what the aborted one left and goes through.
+    // The next save removes what the aborted one left, only that, and goes through.
+    const std::filesystem::path notOurs = TempFile(".large.xml.tabulon-Ab3dE9x", "keep");
+    const std::filesystem::path otherDocument = TempFile(".other.xml.tabulon-Ab3dE9", "keep");
     form().cmdOK.userClick();
     ExpectMessages({});
     EXPECT_EQ(ReadFileBytes(path_), newText_);
-    for (const auto& entry : std::filesystem::directory_iterator(TempDir()))
-        EXPECT_EQ(entry.path(), path_) << "left beside the file";
+    for (const auto& entry : std::filesystem::directory_iterator(TempDir())) {
+        EXPECT_TRUE(entry.path() == path_ || entry.path() == notOurs ||
+                    entry.path() == otherDocument)
+            << entry.path() << " left beside the file";
+    }
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(TempDir()), {}), 3);
 }
 
 TEST_F(CrashSafeSave, KilledAtRandomMomentsOfTheSaveTheFileIsOldOrNew) {
