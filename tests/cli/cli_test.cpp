@@ -10,26 +10,17 @@
 namespace tabulon::testing {
 namespace {
 
-TEST(TabulonCli, DtdIsTheBuiltInDefinitionByteForByte) {
-    const ToolRun r = RunTool("dtd");
-    EXPECT_EQ(r.status, 0);
-    EXPECT_EQ(r.out, ReadFileBytes(DataFile("dtd/builtin.dtd")));
-    EXPECT_EQ(r.err, "");
-}
-
-TEST(TabulonCli, ConvertPrintsTheValueAndTheTargetLabel) {
-    struct Case {
-        const char* args;
-        const char* out;
-    };
-    const Case cases[] = {
+TEST(TabulonCli, DtdAndConvertPrintTheirResult) {
+    const std::pair<std::string, std::string> cases[] = {
+        {"dtd", ReadFileBytes(DataFile("dtd/builtin.dtd"))},
         {"convert --to-english 100 F_TO_C", "212 F\n"},
         {"convert 7 ''", "7\n"},
     };
-    for (const Case& c : cases) {
-        const ToolRun r = RunTool(c.args);
-        EXPECT_EQ(r.status, 0) << c.args << ": " << r.err;
-        EXPECT_EQ(r.out, c.out) << c.args;
+    for (const auto& [args, out] : cases) {
+        const ToolRun r = RunTool(args);
+        EXPECT_EQ(r.status, 0) << args;
+        EXPECT_EQ(r.err, "") << args;
+        EXPECT_EQ(r.out, out) << args;
     }
 }
 

@@ -29,7 +29,6 @@ TEST(TabulonGenerate, WritesTheGeneratedDocumentOfTheShapeGiven) {
 
 TEST(TabulonGenerate, BadArgumentsAreUsageErrorsAndAnUnwritableFileFails) {
     const char* bad[] = {
-        "generate",
         "generate --keys 1 --cols 1",
         "generate --keys -3 --cols 1 --rows 1",
         "generate --keys 1x --cols 1 --rows 1",
