@@ -20,12 +20,10 @@ struct DriverOutcome {
     std::size_t commands = 0;  // session commands run (the gesture driver only)
 };
 
-// LoadXML with bytes as the document text, then every tree node selected in turn by a
-// user's click, and on each the first few value cells clicked; the document is read
-// back through XML at the end; then every step those commits left in the edit journal
-// is undone and redone, which must give the loaded and the edited text back. Besides, when the
-// bytes parse, CertainlyValid may only accept them if ValidateDocumentText accepts their serialised
-// form.
+// LoadXML with bytes as the document text, then every tree node clicked and on each the
+// first few value cells; then every step is undone and redone, which must give the
+// loaded and the edited text back. CertainlyValid may accept parsed bytes only if
+// ValidateDocumentText accepts their serialised form.
 DriverOutcome RunLoadXmlInput(std::string_view bytes);
 
 // The first choice picks one of the three sample documents, which is loaded with

@@ -2,13 +2,8 @@
 // what the control shows at that moment (cells inside the grid, items of the open pick
 // list, units of the open unit drop-down, keys of the tree's nodes, entries of the
 // filter), so that nearly every command is one a user could really make. The lines go
-// to the session one at a time, and a run reads back as a session script.
-//
-// The gestures: clicks and pointer moves on the grid, typing and pasting, named keys
-// with modifiers, picks, unit picks, tree clicks, collapses and expansions, filter
-// entries, the four buttons (clicked or pressed with a key), the control's own scroll
-// bars and the mouse wheel, focus moves and splitter drags; optionally the scripted
-// host's changes while AppGridEventHandler runs, and undo and redo.
+// to the session one at a time, and a run reads back as a session script. Stored fuzz
+// inputs replay through it: a change to what a choice means changes what they drive.
 #pragma once
 
 #include <string>
@@ -26,7 +21,7 @@ struct GestureOptions {
     // Typed numbers may reach or pass the limits of a double (1e308, 1e999).
     bool extremeNumbers = false;
     // Undo and redo, by key (Ctrl+Z, Ctrl+Y, Ctrl+Shift+Z) and by host call, and
-    // Escape. Off, the choices run as they always did.
+    // Escape.
     bool undoKeys = false;
 };
 

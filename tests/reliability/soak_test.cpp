@@ -12,7 +12,6 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <deque>
 #include <fstream>
 #include <sstream>
 #include <string>
@@ -29,7 +28,6 @@ namespace {
 
 constexpr int kSteps = 10000;
 constexpr int kFreshFillEvery = 100;
-constexpr std::size_t kRecentCommands = 25;
 
 // Messages that only a fault can put on screen while a valid sample is edited.
 constexpr std::array<std::string_view, 8> kFailureTexts = {
@@ -79,14 +77,11 @@ TEST_P(Soak, RandomGesturesKeepControlAndDocumentConsistent) {
     // The whole run as a session script, written out when a step fails so that
     // `tabulon session FILE` replays it.
     std::string scriptText = "loadxml " + QuoteWord(SamplePath(GetParam().sample)) + "\n";
-    std::deque<std::string> recent;
     std::size_t rejected = 0;
     bool edited = false;
     for (int step = 1; step <= kSteps; ++step) {
         const std::string line = script.Next(session, choices);
         scriptText += line + "\n";
-        recent.push_back(line);
-        if (recent.size() > kRecentCommands) recent.pop_front();
         out.str("");
         session.RunLine(line);
         top.Note(control);
@@ -104,12 +99,8 @@ TEST_P(Soak, RandomGesturesKeepControlAndDocumentConsistent) {
             const std::string replay = std::string(TABULON_BINARY_DIR) + "/soak-" +
                                        std::string(GetParam().sample) + ".session";
             std::ofstream(replay) << scriptText;
-            std::string scriptTail;
-            for (const std::string& command : recent)
-                scriptTail += "  " + command + "\n";
             FAIL() << "after step " << step << " (" << line << "):\n  "
-                   << ::testing::PrintToString(problems) << "\nlast commands:\n"
-                   << scriptTail << "the whole run: " << replay;
+                   << ::testing::PrintToString(problems) << "\nthe run: " << replay;
         }
     }
     const Problems undone = CheckUndoRedoRoundTrip(session, out, loaded, top);
