@@ -59,18 +59,6 @@ TEST_F(SaveGate, ADocumentGivenAsTextIsNeverWritten) {
     EXPECT_EQ(ReadFileBytes(path_), original_);
 }
 
-TEST_F(SaveGate, OnlyTheExactTextOnePasses) {
-    for (const char* valid : {"", " 1", "01"}) {
-        SetValid("v1-KA-r2", valid);
-        sink.clear();
-        host.clear();
-        form().cmdOK.userClick();
-        ExpectMessages({Critical(kValidationMessage)});
-        EXPECT_TRUE(host.events().empty()) << '"' << valid << '"';
-    }
-    EXPECT_EQ(ReadFileBytes(path_), original_);
-}
-
 TEST_F(SaveGate, TheFirstInvalidCellIsShownWhicheverGridIsOnScreen) {
     // Column 3 of grid A comes before column 1 of grid B in the tree, but the scan goes
     // GridValue by GridValue: column 1 wins.
