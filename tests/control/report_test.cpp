@@ -61,19 +61,5 @@ TEST_F(ViewPrint, OneDataCellIsReportedAndNoDataColumnIsNot) {
     ExpectMessages({Information("No data defined in grid.")});
 }
 
-TEST_F(ViewPrint, TheOpenEditorIsCommittedEveryTimeAndStaysOpen) {
-    const std::filesystem::path path = TempCopy("shell_two_by_two.xml");
-    ASSERT_TRUE(LoadPath(path));
-    form().msgGridView.userClick(1, 1);
-    ASSERT_TRUE(form().txtTextBoxControl.visible());
-    form().txtTextBoxControl.userPaste("typed");
-    EXPECT_NE(Print().find("<CellValue>typed</CellValue>"), std::string::npos);
-    EXPECT_TRUE(form().txtTextBoxControl.visible());
-
-    form().cmdOK.userClick();  // OK commits too, then hides the editors
-    EXPECT_FALSE(form().txtTextBoxControl.visible());
-    EXPECT_NE(testing::ReadFileBytes(path).find(">typed</CellValue>"), std::string::npos);
-}
-
 }  // namespace
 }  // namespace tabulon
