@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "common/control_harness.h"
-#include "document/validate_document_text.h"
 #include "units/conversion_table.h"
 
 namespace tabulon {
@@ -41,25 +40,6 @@ protected:
         return {byFile, byText};
     }
 };
-
-TEST_F(DocumentLoading, AParseFailureShowsTheReasonForAFileAndInvalidXmlForText) {
-    const std::filesystem::path path = TempFile("broken.xml", "<xml MeasurementUnit=\"ENGLISH\">");
-    xml::ParseError error;
-    ASSERT_FALSE(xml::Document().LoadFile(path.string(), &error));
-    EXPECT_FALSE(LoadPath(path));
-    EXPECT_FALSE(LoadText("<xml MeasurementUnit=\"ENGLISH\">"));
-    EXPECT_FALSE(LoadText(""));
-    ExpectMessages({Critical(error.reason), Critical("Invalid XML"), Critical("Invalid XML")});
-}
-
-TEST_F(DocumentLoading, AnInvalidDocumentShowsTheValidationMessage) {
-    const std::string text =
-        Replaced(ReadFileBytes(DataFile("shell_two_by_two.xml")), "Filter=\"0\"", "Filter=\"2\"");
-    RecordingSink expected;
-    ASSERT_FALSE(ValidateDocumentText(text, expected));
-    EXPECT_EQ(LoadBothWays(text), std::make_pair(false, false));
-    EXPECT_EQ(sink.messages(), expected.messages());
-}
 
 TEST_F(DocumentLoading, ModelFailuresFailLoadXmlButNotLoad) {
     const struct {
