@@ -48,7 +48,6 @@ TEST_F(SaveGate, AValidDocumentRaisesOKClickBeforeTheFileIsRewritten) {
     EXPECT_EQ(host.events(), (std::vector<RecordedEvent>{{HostEventKind::OKClick, ""}}));
     EXPECT_EQ(seenDuringOKClick, original_);
     EXPECT_EQ(ReadFileBytes(path_), control().XML());
-    EXPECT_NE(ReadFileBytes(path_).find(">edited<"), std::string::npos);
 }
 
 TEST_F(SaveGate, ADocumentGivenAsTextIsNeverWritten) {
