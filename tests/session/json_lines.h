@@ -1,6 +1,4 @@
-// Reading the session's output back: one JSON value per line. A line that is not
-// valid JSON becomes a value whose parseError says why, so a test fails on it with a
-// readable message instead of crashing.
+// Reading the session's output back: one JSON value per line, members in written order.
 #pragma once
 
 #include <cstddef>
@@ -10,28 +8,23 @@
 
 namespace tabulon::testing {
 
-class JsonValue {
-public:
-    enum class Type { Null, Bool, Number, String, Array, Object };
-
-    Type type = Type::Null;
+struct JsonValue {
     bool boolean = false;
     double number = 0;
     std::string text;  // strings; for numbers the number as JSON writes it
     std::vector<JsonValue> items;
-    std::vector<std::pair<std::string, JsonValue>> members;  // in written order
-    std::string parseError;
+    std::vector<std::pair<std::string, JsonValue>> members;
 
     bool has(const std::string& key) const;
-    // The member (a Null value when absent) / the item (Null when out of range).
+    // The member (a null value when absent) / the item (null when out of range).
     const JsonValue& operator[](const std::string& key) const;
     const JsonValue& operator[](std::size_t index) const;
-    std::vector<std::string> keys() const;
     // The member names in order, separated by blanks.
     std::string keyList() const;
 };
 
-// Parses every non-empty line of text.
+// Parses every non-empty line of text; a line that is not JSON fails the test and
+// reads as a null value.
 std::vector<JsonValue> ParseJsonLines(const std::string& text);
 
 }  // namespace tabulon::testing
