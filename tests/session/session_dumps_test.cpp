@@ -38,6 +38,18 @@ TEST(SessionDumps, EveryDumpHasItsFieldsInOrderAndTheDocumentsUnits) {
         EXPECT_EQ(run.lines[i + 1]["dump"].text, dumps[i].first);
     }
     EXPECT_EQ(run.lines.back()["cmdHelp"]["left"].number, 6935);
+    const std::string geometry = "visible enabled left top width height ";
+    const JsonValue& editors = run.lines[3];
+    EXPECT_EQ(editors["txtTextBoxControl"].keyList(),
+              geometry + "text maxLength selStart selLength focus");
+    EXPECT_EQ(editors["cboComboBoxControl"].keyList(), geometry + "text items listIndex focus");
+    EXPECT_EQ(editors["unitNumControl"].keyList(),
+              geometry + "text unit unitCode limits format focus");
+    EXPECT_EQ(editors["unitDropControl"].keyList(),
+              geometry + "text unit items limits formats numberWidth unitWidth focus");
+    const std::string bar = "visible enabled min max value busy ";
+    EXPECT_EQ(run.lines[5]["hscGrid"].keyList(), bar + "leftMargin rightMargin");
+    EXPECT_EQ(run.lines[5]["vscGrid"].keyList(), bar + "topMargin bottomMargin");
 
     // The conversion table and the custom units show the document's units.
     const JsonValue& conversion = run.lines[7];
@@ -52,23 +64,6 @@ TEST(SessionDumps, EveryDumpHasItsFieldsInOrderAndTheDocumentsUnits) {
     EXPECT_EQ(units[1]["EUnit"].text, "therm");
     EXPECT_EQ(units[1]["MUnit"].text, "MJ");
     EXPECT_EQ(units[1]["EToMFactor"].text, "105.505585");
-}
-
-TEST(SessionDumps, EditorAndBarEntriesCarryGeometryStateAndContent) {
-    const SessionRun run = RunSession("dump editors\ndump scrollbars\n");
-    ASSERT_EQ(run.lines.size(), 2u);
-    const std::string geometry = "visible enabled left top width height ";
-    const JsonValue& editors = run.lines[0];
-    EXPECT_EQ(editors["txtTextBoxControl"].keyList(),
-              geometry + "text maxLength selStart selLength focus");
-    EXPECT_EQ(editors["cboComboBoxControl"].keyList(), geometry + "text items listIndex focus");
-    EXPECT_EQ(editors["unitNumControl"].keyList(),
-              geometry + "text unit unitCode limits format focus");
-    EXPECT_EQ(editors["unitDropControl"].keyList(),
-              geometry + "text unit items limits formats numberWidth unitWidth focus");
-    const std::string bar = "visible enabled min max value busy ";
-    EXPECT_EQ(run.lines[1]["hscGrid"].keyList(), bar + "leftMargin rightMargin");
-    EXPECT_EQ(run.lines[1]["vscGrid"].keyList(), bar + "topMargin bottomMargin");
 }
 
 // Colours are "#rrggbb" in lower case, alignments the grid's codes; tree nodes come in

@@ -24,23 +24,18 @@ TEST(SessionInstances, NewAndShowAreImpliedOnlyWithoutAnExplicitNew) {
     EXPECT_EQ(run.lines[1]["result"]["lngHelpLeft"].number, 6935);
 }
 
-TEST(SessionInstances, SeveralInstancesKeepTheirOwnDocuments) {
+// Each instance keeps its own document; "new" replaces the current one under its
+// number.
+TEST(SessionInstances, SeveralInstancesKeepTheirOwnDocumentsAndNewReplacesOne) {
     const SessionRun run = RunSession(
-        "load samples/english.xml\n"
-        "add-instance\nshow\nload samples/filtered.xml\n"
-        "use 1\ndump state\nuse 2\ndump state\n");
-    EXPECT_EQ(run.status, 0);
-    ASSERT_EQ(run.lines.size(), 4u);
+        "load samples/english.xml\nadd-instance\nshow\nload samples/filtered.xml\n"
+        "use 1\ndump state\nuse 2\ndump state\nnew\ndump state\nuse 3\n");
+    EXPECT_EQ(run.status, 2);
+    ASSERT_EQ(run.lines.size(), 6u);
     EXPECT_EQ(run.lines[2]["strXMLPath"].text, "samples/english.xml");
     EXPECT_EQ(run.lines[3]["strXMLPath"].text, "samples/filtered.xml");
-}
-
-TEST(SessionInstances, NewReplacesTheCurrentInstanceUnderItsNumber) {
-    const SessionRun run = RunSession("load samples/english.xml\nnew\ndump state\nuse 1\nuse 2\n");
-    EXPECT_EQ(run.status, 2);
-    ASSERT_EQ(run.lines.size(), 3u);
-    EXPECT_EQ(run.lines[1]["strXMLPath"].text, "");
-    EXPECT_EQ(run.lines[2]["error"].text.rfind("use: there is no instance 2", 0), 0u);
+    EXPECT_EQ(run.lines[4]["strXMLPath"].text, "");
+    EXPECT_EQ(run.lines[5]["error"].text.rfind("use: there is no instance 3", 0), 0u);
 }
 
 TEST(SessionInstances, SaveBagAndNewRestoreCarryTheSettings) {

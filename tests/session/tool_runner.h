@@ -16,12 +16,10 @@ struct ToolRun {
     std::string err;
 };
 
-// `tabulon ARGS` with input on standard input; args is appended to the command line
-// as it is (callers quote where needed).
+// `tabulon ARGS` (quoted by the caller) with input on standard input.
 ToolRun RunTool(const std::string& args, const std::string& input = "");
 
-// Expects `tabulon ARGS` to exit with 2, print nothing on standard output and a
-// message containing usage on standard error, for each of argsList.
+// Each of argsList exits with 2, prints nothing and usage on standard error.
 void ExpectUsageErrors(std::span<const char* const> argsList, const std::string& usage);
 
 // `tabulon session` with script on standard input; the JSON lines it printed.
