@@ -1,7 +1,7 @@
-// The demo host run as a user runs it without a display (-platform offscreen): the
-// screenshots of a sample and of a property page, the log of a scripted View/Print,
-// the PDF export, Save as, and the exit status of steps that cannot be done.
-// The PNGs are kept under the build folder (demo_renders/) for people to look at.
+// The demo host run as a user runs it without a display: the screenshots of a sample
+// and of a property page, the log of a scripted View/Print, the PDF export, Save as,
+// and the command lines and steps it refuses. The PNGs are kept under the build folder
+// (demo_renders/) for people to look at.
 #include <gtest/gtest.h>
 
 #include <QDir>
@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 
 #include "common/qt_images.h"
+#include "demo_options.h"
 
 namespace tabulon::testing {
 namespace {
@@ -55,23 +56,25 @@ DemoRun RunDemo(const QStringList& arguments, bool choosePlatform = true) {
 
 // Runs the demo to a screenshot kept in demo_renders/ and loads it; fails the test
 // when either fails.
-QImage Screenshot(const QString& name, const QStringList& arguments) {
+QImage Screenshot(const QString& name, const QStringList& arguments, bool choosePlatform = true) {
     const QString dir = QString::fromUtf8(TABULON_BINARY_DIR) + QStringLiteral("/demo_renders");
     QDir().mkpath(dir);
     const QString path = dir + QLatin1Char('/') + name + QStringLiteral(".png");
     QFile::remove(path);
-    const DemoRun run = RunDemo(arguments + QStringList{QStringLiteral("--screenshot"), path});
+    const DemoRun run =
+        RunDemo(arguments + QStringList{QStringLiteral("--screenshot"), path}, choosePlatform);
     EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
+    EXPECT_EQ(run.out, QString()) << "the log is printed only on request";
     QImage image(path);
     EXPECT_FALSE(image.isNull()) << "no PNG at " << path.toStdString();
     return image;
 }
 
-// Not blank: tree pictures, captions, grid lines, coloured and grey cells give many
-// colours; an empty window has a handful. (Each sample's rendering is checked in
-// tests/qt.)
+// Without a display the demo renders offscreen by itself. Not blank: tree pictures,
+// captions, grid lines, coloured and grey cells give many colours; an empty window has
+// a handful.
 TEST(DemoRun, ASampleRendersTheWholeWindowWithTheDocumentInIt) {
-    const QImage image = Screenshot(QStringLiteral("english"), Words("samples/english.xml"));
+    const QImage image = Screenshot(QStringLiteral("english"), Words("samples/english.xml"), false);
     EXPECT_EQ(image.size(), QSize(1024, 700));
     EXPECT_GT(DistinctColours(image), 64);
 }
@@ -94,8 +97,7 @@ TEST(DemoRun, ViewPrintIsLoggedAndItsReportExportsAsPdf) {
 
     const QStringList log = run.out.split(QLatin1Char('\n'));
     EXPECT_EQ(log.value(0), QStringLiteral("Load samples/english.xml: true"));
-    EXPECT_EQ(log.filter(QStringLiteral("PrintClick: 3 columns, 5 rows")).size(), 1)
-        << run.out.toStdString();
+    EXPECT_EQ(log.filter(QStringLiteral("PrintClick: 3 columns, 5 rows")).size(), 1);
     EXPECT_TRUE(log.contains(QStringLiteral("Export PDF ") + pdf + QStringLiteral(": written")));
     QFile file(pdf);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
@@ -117,29 +119,9 @@ TEST(DemoRun, SaveAsWritesTheXmlPropertyWhichLoadsAgainAsText) {
         << reload.out.toStdString();
 }
 
-TEST(DemoRun, AStepThatCannotBeDoneStopsWithItsReasonAndNoScreenshot) {
-    QTemporaryDir dir;
-    const QString png = dir.filePath(QStringLiteral("never.png"));
-    const DemoRun run =
-        RunDemo(Words("samples/english.xml --node NO_SUCH_NODE --screenshot") + QStringList{png});
-    EXPECT_EQ(run.exitCode, 1);
-    EXPECT_TRUE(run.err.contains(QStringLiteral("--node: the tree has no node NO_SUCH_NODE")))
-        << run.err.toStdString();
-    EXPECT_FALSE(QFile::exists(png));
-}
-
-TEST(DemoRun, AScreenshotWithoutADisplayRendersOffscreenByItself) {
-    QTemporaryDir dir;
-    const QString png = dir.filePath(QStringLiteral("auto.png"));
-    const DemoRun run =
-        RunDemo(Words("samples/english.xml --screenshot") + QStringList{png}, false);
-    EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
-    EXPECT_FALSE(QImage(png).isNull());
-    EXPECT_EQ(run.out, QString()) << "the log is printed only on request";
-}
-
-// Help and usage errors (status 2, with the usage) need no display; a window does.
-TEST(DemoRun, HelpAndUsageErrorsNeedNoDisplay) {
+// Help and usage errors (status 2, with the usage) need no display; a window does. A
+// step that cannot be done stops the run with its reason and no screenshot.
+TEST(DemoRun, HelpUsageErrorsAndStepsThatCannotBeDone) {
     const DemoRun help = RunDemo(Words("--help"), false);
     EXPECT_EQ(help.exitCode, 0) << help.err.toStdString();
     EXPECT_TRUE(help.out.startsWith(QStringLiteral("usage: tabulon-demo")));
@@ -150,6 +132,26 @@ TEST(DemoRun, HelpAndUsageErrorsNeedNoDisplay) {
     const DemoRun window = RunDemo(Words("samples/english.xml"), false);
     EXPECT_EQ(window.exitCode, 1);
     EXPECT_TRUE(window.err.contains(QStringLiteral("no display"))) << window.err.toStdString();
+
+    QTemporaryDir dir;
+    const QString png = dir.filePath(QStringLiteral("never.png"));
+    const DemoRun step =
+        RunDemo(Words("samples/english.xml --node NO_SUCH_NODE --screenshot") + QStringList{png});
+    EXPECT_EQ(step.exitCode, 1);
+    EXPECT_TRUE(step.err.contains(QStringLiteral("--node: the tree has no node NO_SUCH_NODE")))
+        << step.err.toStdString();
+    EXPECT_FALSE(QFile::exists(png));
+
+    const std::pair<QStringList, const char*> malformed[] = {
+        {Words("--click a 2"), "--click takes a row and a column number"},
+        {Words("--page colours"), "--page takes general or buttons"},
+        {Words("--size 800"), "--size takes WIDTHxHEIGHT in pixels"},
+        {Words("a.xml b.xml"), "only one document can be loaded: b.xml"}};
+    for (const auto& [args, reason] : malformed) {
+        QString why;
+        EXPECT_FALSE(demo::ParseDemoOptions(args, why)) << reason;
+        EXPECT_EQ(why.toStdString(), reason);
+    }
 }
 
 }  // namespace

@@ -9,7 +9,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -32,9 +31,8 @@ void Settle() {
 // the page's) and every settings change recorded as "kind: text" lines.
 class PageDialogTest : public ::testing::Test {
 protected:
-    // Opens the dialog on a new control, after setUp has configured the control.
-    void Open(PropertyPageDialog::Kind kind,
-              const std::function<void(SpreadsheetWidget&)>& setUp = nullptr) {
+    // Opens the dialog on a new control.
+    void Open(PropertyPageDialog::Kind kind) {
         const auto record = [this](MessageIcon icon, const QString& text) {
             messages.push_back(std::string(MessageIconName(icon)) + ": " + ToStdString(text));
         };
@@ -44,7 +42,6 @@ protected:
         widget->resize(600, 450);
         widget->show();
         Settle();
-        if (setUp) setUp(*widget);
         dialog = std::make_unique<PropertyPageDialog>(kind, *widget, nullptr, record);
         dialog->show();
         dialog->activateWindow();
@@ -59,7 +56,6 @@ protected:
         return found;
     }
 
-    // Clicks into a line edit and replaces its text by typing, as a user does.
     void TypeOver(QLineEdit* edit, const QString& text) {
         QTest::mouseClick(edit, Qt::LeftButton);
         Settle();
@@ -69,7 +65,7 @@ protected:
         Settle();
     }
 
-    // Chooses an item of a list with the keyboard after giving it the focus.
+    // With the keyboard, as a user does.
     void Choose(QComboBox* combo, const QString& item) {
         combo->setFocus(Qt::TabFocusReason);
         Settle();
@@ -93,36 +89,22 @@ protected:
     std::vector<std::string> changes;
 };
 
-TEST_F(PageDialogTest, GeneralPageShowsTheControlsRecordWithNothingToApply) {
-    Open(PropertyPageDialog::Kind::General, [](SpreadsheetWidget& w) {
-        w.setGeneralProperty({2000, 3, kFalse, "Family", "Size", kTrue, 1, 400, 1200});
-    });
-
-    EXPECT_EQ(dialog->windowTitle(), QStringLiteral("General"));
-    EXPECT_EQ(Find<QLineEdit>("txtTreeViewWidth")->text(), QStringLiteral("2000"));
-    EXPECT_EQ(Find<QComboBox>("cboTreeViewStyle")->currentText(),
-              QStringLiteral("3 - tvwPlusPictureText"));
-    EXPECT_EQ(Find<QLineEdit>("txtFilterCaption")->text(), QStringLiteral("Family"));
-    EXPECT_FALSE(dialog->applyButton()->isEnabled());
-    EXPECT_TRUE(messages.empty());
-}
-
-TEST_F(PageDialogTest, ALetterTypedIntoANumericBoxIsTakenBackOutAndMarksThePageChanged) {
+// A letter typed into a numeric box is taken back out and marks the page changed.
+// Apply writes the record in one assignment and keeps the dialog open; Cancel then
+// closes it without writing what was typed since.
+TEST_F(PageDialogTest, ApplyWritesTheRecordInOneAssignmentAndCancelWritesNothing) {
     Open(PropertyPageDialog::Kind::General);
+    const gGeneralProperty_type before = widget->GeneralProperty();
     QLineEdit* box = Find<QLineEdit>("txtRowHeightMin");
     Click(box);
     QTest::keyClick(box, Qt::Key_End);
     QTest::keyClicks(box, QStringLiteral("5x"));
     Settle();
-
     EXPECT_EQ(box->text(), QStringLiteral("3505"));
     EXPECT_EQ(box->cursorPosition(), 4);
     EXPECT_TRUE(dialog->applyButton()->isEnabled());
-}
+    TypeOver(box, QString::number(before.lngRowHeightMin));
 
-TEST_F(PageDialogTest, ApplyWritesTheRecordToTheControlInOneAssignment) {
-    Open(PropertyPageDialog::Kind::General);
-    const gGeneralProperty_type before = widget->GeneralProperty();
     Click(Find<QCheckBox>("chkAllowBigSelection"));
     Choose(Find<QComboBox>("cboScrollBars"), QStringLiteral("Advanced"));
     TypeOver(Find<QLineEdit>("txtFilterCaption"), QStringLiteral("Family"));
@@ -136,6 +118,12 @@ TEST_F(PageDialogTest, ApplyWritesTheRecordToTheControlInOneAssignment) {
     EXPECT_EQ(changes, std::vector<std::string>{"GeneralProperty"});
     EXPECT_FALSE(dialog->applyButton()->isEnabled());
     EXPECT_TRUE(dialog->isVisible());
+
+    TypeOver(Find<QLineEdit>("txtFilterCaption"), QStringLiteral("Changed"));
+    Click(dialog->cancelButton());
+    EXPECT_EQ(widget->GeneralProperty().strFilterCaption, "Family");
+    EXPECT_EQ(changes.size(), 1u);
+    EXPECT_EQ(dialog->result(), QDialog::Rejected);
 }
 
 // A numeric box is clamped, with its message, when it is left: by a click elsewhere, and
@@ -158,42 +146,6 @@ TEST_F(PageDialogTest, LeavingANumericBoxOrPressingOkWithEnterClampsItWithTheMes
     EXPECT_EQ(widget->GeneralProperty().lngColWidthMin, 1080);
     EXPECT_EQ(dialog->result(), QDialog::Accepted);
     EXPECT_FALSE(dialog->isVisible());
-}
-
-TEST_F(PageDialogTest, CancelClosesWithoutWritingAnything) {
-    Open(PropertyPageDialog::Kind::General);
-    const std::string caption = widget->GeneralProperty().strFilterCaption;
-    TypeOver(Find<QLineEdit>("txtFilterCaption"), QStringLiteral("Changed"));
-
-    Click(dialog->cancelButton());
-
-    EXPECT_EQ(widget->GeneralProperty().strFilterCaption, caption);
-    EXPECT_TRUE(changes.empty());
-    EXPECT_EQ(dialog->result(), QDialog::Rejected);
-}
-
-// The page opens with its check box's Click run by the selection: every position box
-// is disabled and there is something to apply (both kept from the page model).
-// Unchecked, choosing False disables that button's position at once.
-TEST_F(PageDialogTest, ButtonPageOpensWithDefaultPositionsAndFalseDisablesAPosition) {
-    Open(PropertyPageDialog::Kind::Buttons);
-
-    EXPECT_EQ(dialog->windowTitle(), QStringLiteral("Advanced"));
-    EXPECT_TRUE(Find<QCheckBox>("chkDefault")->isChecked());
-    const gButtonProperty_type record = widget->ButtonProperty();
-    const std::int32_t lefts[] = {record.lngPrintLeft, record.lngOKLeft, record.lngCancelLeft,
-                                  record.lngHelpLeft};
-    for (int i = 0; i < 4; ++i) {
-        EXPECT_EQ(Find<QComboBox>("cboVisible", i)->currentText(), QStringLiteral("True"));
-        EXPECT_EQ(Find<QLineEdit>("txtLeft", i)->text(), QString::number(lefts[i])) << i;
-        EXPECT_FALSE(Find<QLineEdit>("txtLeft", i)->isEnabled()) << i;
-    }
-    EXPECT_TRUE(dialog->applyButton()->isEnabled());
-
-    Click(Find<QCheckBox>("chkDefault"));
-    Choose(Find<QComboBox>("cboVisible", 1), QStringLiteral("False"));
-    for (int i = 0; i < 4; ++i)
-        EXPECT_EQ(Find<QLineEdit>("txtLeft", i)->isEnabled(), i != 1) << i;
 }
 
 // Hiding every button is refused and OK keeps the dialog open; with one shown again,
