@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QStyle>
+#include <QStyleOptionSlider>
 #include <QTest>
 #include <QWheelEvent>
 #include <algorithm>
@@ -22,6 +23,21 @@ using cli::session::Word;
 
 constexpr int kWheelNotch = 120;
 constexpr int kDragSteps = 8;
+
+// Where one part of a scroll bar lies as its style lays the bar out now.
+QRect ScrollBarPart(const QScrollBar* bar, QStyle::SubControl part) {
+    QStyleOptionSlider option;
+    option.initFrom(bar);
+    option.orientation = bar->orientation();
+    option.minimum = bar->minimum();
+    option.maximum = bar->maximum();
+    option.sliderPosition = bar->sliderPosition();
+    option.sliderValue = bar->value();
+    option.pageStep = bar->pageStep();
+    option.singleStep = bar->singleStep();
+    option.upsideDown = bar->invertedAppearance();
+    return bar->style()->subControlRect(QStyle::CC_ScrollBar, &option, part, bar);
+}
 
 }  // namespace
 
@@ -54,9 +70,9 @@ void JourneyFixture::Run(const std::string& line) {
     const std::string& command = words[0].text;
     const auto number = [&words](std::size_t i) { return std::stoi(words.at(i).text); };
     if (command == "click") {
-        ClickStep(number(1), number(2));
+        ClickCell(number(1), number(2));
     } else if (command == "node") {
-        NodeStep(words.at(1).text);
+        ClickNode(words.at(1).text);
     } else if (command == "type") {
         TypeText(QString::fromStdString(words.at(1).text));
     } else if (command == "key") {

@@ -14,12 +14,13 @@ namespace {
 class BlockJourney : public WidgetFixture {
 protected:
     QWidget* grid() { return widget().widgetFor(form().msgGridView); }
-    void ShiftClickCell(int row, int col) {
+    std::string ShiftClickCell(int row, int col) {
         QTest::mouseClick(grid(), Qt::LeftButton, Qt::ShiftModifier, CellCentre(row, col));
         ProcessEvents();
+        return "shift-click " + std::to_string(row) + " " + std::to_string(col) + "\n";
     }
     // The left button goes down on the first cell and is dragged to the second.
-    void DragCells(int row1, int col1, int row2, int col2) {
+    std::string DragCells(int row1, int col1, int row2, int col2) {
         QTest::mousePress(grid(), Qt::LeftButton, Qt::NoModifier, CellCentre(row1, col1));
         const QPoint to = CellCentre(row2, col2);
         QMouseEvent move(QEvent::MouseMove, to, grid()->mapToGlobal(to), Qt::NoButton,
@@ -27,6 +28,8 @@ protected:
         QApplication::sendEvent(grid(), &move);
         QTest::mouseRelease(grid(), Qt::LeftButton, Qt::NoModifier, to);
         ProcessEvents();
+        return "drag " + std::to_string(row1) + " " + std::to_string(col1) + " " +
+               std::to_string(row2) + " " + std::to_string(col2) + "\n";
     }
     std::vector<std::string> Cells(int rows, int cols) {
         std::vector<std::string> cells;
@@ -46,22 +49,11 @@ protected:
 TEST_F(BlockJourney, SelectCopyPasteFillAndDeleteLikeTheSession) {
     const std::string path = SampleCopy("english.xml");
     ASSERT_TRUE(Load(path));
-    DragCells(1, 1, 2, 1);
-    KeyClick(Qt::Key_C, Qt::ControlModifier);
-    ClickCell(1, 2);
-    KeyClick(Qt::Key_V, Qt::ControlModifier);
-    ClickCell(3, 1);
-    ShiftClickCell(4, 3);
-    KeyClick(Qt::Key_D, Qt::ControlModifier);
-    ClickCell(5, 1);
-    KeyClick(Qt::Key_Up, Qt::ShiftModifier);
-    KeyClick(Qt::Key_Right, Qt::ShiftModifier);
-    KeyClick(Qt::Key_Delete);
-
-    const SessionRun run = RunSteps("load \"" + path +
-                                    "\"\ndrag 1 1 2 1\nkey c ctrl\nclick 1 2\nkey v ctrl\n"
-                                    "click 3 1\nshift-click 4 3\nkey d ctrl\nclick 5 1\n"
-                                    "key Up shift\nkey Right shift\nkey Delete\ndump grid\nxml\n");
+    const std::string steps =
+        Script({DragCells(1, 1, 2, 1), KeyStep("c", "ctrl"), ClickCell(1, 2), KeyStep("v", "ctrl"),
+                ClickCell(3, 1), ShiftClickCell(4, 3), KeyStep("d", "ctrl"), ClickCell(5, 1),
+                KeyStep("Up", "shift"), KeyStep("Right", "shift"), KeyStep("Delete")});
+    const SessionRun run = RunSteps("load \"" + path + "\"\n" + steps + "dump grid\nxml\n");
     ExpectSameOutcome(run);
     const FlexGrid& g = form().msgGridView;
     EXPECT_EQ(g.textMatrix(1, 2), g.textMatrix(1, 1));

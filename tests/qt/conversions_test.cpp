@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "qt/key_translation.h"
-#include "qt/line_edit_mirror.h"
 #include "qt/qt_message_sink.h"
 #include "qt/qt_text.h"
 #include "qt/twips_scale.h"
@@ -72,11 +71,6 @@ TEST(TextPositions, CharactersBeyondTheBasicPlaneTakeTwoUtf16Units) {
     EXPECT_EQ(CharacterIndex(q, 2), 2);  // inside the pair counts as after it
     EXPECT_EQ(CharacterIndex(q, 5), 4);
     EXPECT_EQ(ToStdString(q), text);
-}
-
-// A message box shows the control's CR LF as line feeds.
-TEST(TextPositions, MessageBoxLines) {
-    EXPECT_EQ(DisplayLines(QStringLiteral("a:\r\nb\r\n")), QStringLiteral("a:\nb\n"));
 }
 
 TEST(QtMessageSink, HandlerGetsTheTextAsWrittenAndEmptyTextReachesNothing) {

@@ -11,7 +11,6 @@
 #include <QToolTip>
 #include <QTreeWidget>
 
-#include "qt/bindings/grid_view.h"
 #include "qt/bindings/tree_problem_badge.h"
 #include "widget_fixture.h"
 
@@ -31,15 +30,6 @@ protected:
         TypeText(QStringLiteral("4009"));
         KeyClick(Qt::Key_Tab);
         ASSERT_EQ(widget().control().CellProblem(2, 1), kReason);
-    }
-    GridView& view() { return *static_cast<GridView*>(widget().widgetFor(form().msgGridView)); }
-    QTreeWidgetItem* TreeItem(const std::string& key) {
-        auto* tree = static_cast<QTreeWidget*>(widget().widgetFor(form().treTreeView));
-        for (QTreeWidgetItemIterator it(tree); *it != nullptr; ++it) {
-            if (form().treTreeView.node((*it)->data(0, Qt::UserRole).toInt()).key == key)
-                return *it;
-        }
-        return nullptr;
     }
 };
 
@@ -67,15 +57,14 @@ TEST_F(ProblemCues, TheRedCellTellsItsReasonAndCarriesAMarkSeenWithoutColour) {
     EXPECT_EQ(editor->accessibleName(), QStringLiteral("Capacity, CH-1"));
     EXPECT_EQ(editor->accessibleDescription(),
               QStringLiteral("Unit: ton. ") + QString::fromUtf8(kReason));
-}
 
-TEST_F(ProblemCues, ACutRedCellTellsItsReasonAndItsWholeText) {
+    // Cut, it tells its whole text too.
     form().msgGridView.setColWidth(1, 200);
     ProcessEvents();
-    const QRect cell = view().cellRect(2, 1);
     ASSERT_TRUE(view().textCut(2, 1));
-    QHelpEvent help(QEvent::ToolTip, cell.center(), view().mapToGlobal(cell.center()));
-    QApplication::sendEvent(&view(), &help);
+    const QPoint cut = view().cellRect(2, 1).center();
+    QHelpEvent cutHelp(QEvent::ToolTip, cut, view().mapToGlobal(cut));
+    QApplication::sendEvent(&view(), &cutHelp);
     EXPECT_EQ(QToolTip::text(), QString::fromUtf8(kReason) + QStringLiteral("\n4009"));
 }
 

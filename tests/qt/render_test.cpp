@@ -6,8 +6,6 @@
 #include <QTreeWidget>
 
 #include "common/qt_images.h"
-#include "qt/bindings/grid_view.h"
-#include "qt/bindings/unit_num_binding.h"
 #include "widget_fixture.h"
 
 namespace tabulon::testing {
@@ -39,12 +37,11 @@ TEST_P(RenderSample, GridAndTreeShowTheDocument) {
     ProcessEvents();
     KeepRender(widget(), GetParam());
 
-    auto* view = static_cast<GridView*>(widget().widgetFor(form().msgGridView));
-    const QImage grid = view->grab().toImage();
+    const QImage grid = view().grab().toImage();
     // Back colours, grid lines, text and the dark area past the last row at least.
     EXPECT_GT(DistinctColours(grid), 8);
     // A data cell holds text: ink on its white background.
-    const QRect cell = view->cellRect(1, 1);
+    const QRect cell = view().cellRect(1, 1);
     EXPECT_GT(InkPixels(grid, cell.adjusted(0, 0, -1, -1), qRgb(255, 255, 255)), 10);
 
     auto* tree = static_cast<QTreeWidget*>(widget().widgetFor(form().treTreeView));
@@ -53,32 +50,6 @@ TEST_P(RenderSample, GridAndTreeShowTheDocument) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Samples, RenderSample, ::testing::Values("english", "metric", "filtered"));
-
-class Rendering : public WidgetFixture {};
-
-TEST_F(Rendering, AnOpenEditorLiesExactlyOverItsCell) {
-    ASSERT_TRUE(Load("samples/english.xml"));
-    ClickNode("PUMPS");
-    ClickCell(1, 2);
-    ASSERT_TRUE(form().txtTextBoxControl.visible());
-    KeepRender(widget(), "english_editing");
-    QWidget* editor = widget().widgetFor(form().txtTextBoxControl);
-    const QPoint gridOrigin = widget().widgetFor(form().msgGridView)->pos();
-    auto* view = static_cast<GridView*>(widget().widgetFor(form().msgGridView));
-    EXPECT_EQ(editor->geometry(), view->cellRect(1, 2).translated(gridOrigin));
-}
-
-TEST_F(Rendering, UnitNumberEditorShowsTheUnitLabel) {
-    ASSERT_TRUE(Load("samples/metric.xml"));
-    ClickCell(1, 1);
-    ASSERT_TRUE(form().unitNumControl.visible());
-    KeepRender(widget(), "metric_unit_editor");
-    auto* binding = dynamic_cast<UnitNumBinding*>(widget().bindingFor(form().unitNumControl));
-    ASSERT_NE(binding, nullptr);
-    EXPECT_EQ(binding->unitLabel()->text().toStdString(), form().unitNumControl.UnitLabel());
-    EXPECT_FALSE(binding->unitLabel()->text().isEmpty());
-    EXPECT_EQ(binding->numberEdit()->text().toStdString(), form().unitNumControl.NumberText());
-}
 
 }  // namespace
 }  // namespace tabulon::testing

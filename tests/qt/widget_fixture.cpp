@@ -2,9 +2,9 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QKeySequence>
-#include <QStyleOptionSlider>
 #include <QTest>
 #include <QTreeWidget>
 #include <cstdio>
@@ -12,7 +12,6 @@
 #include <sstream>
 
 #include "control/control_access.h"
-#include "qt/bindings/grid_view.h"
 #include "qt/qt_text.h"
 
 namespace tabulon::testing {
@@ -63,10 +62,6 @@ WidgetFixture::WidgetFixture() {
     ProcessEvents();
 }
 
-WidgetFixture::~WidgetFixture() {
-    widget_.reset();
-}
-
 std::string WidgetFixture::SampleCopy(const std::string& name) {
     if (!tempDir_) tempDir_.emplace();
     return tempDir_->write(
@@ -88,31 +83,40 @@ void WidgetFixture::ProcessEvents() {
     QCoreApplication::processEvents();
 }
 
+GridView& WidgetFixture::view() {
+    return *static_cast<GridView*>(widget_->widgetFor(form().msgGridView));
+}
+
+QTreeWidgetItem* WidgetFixture::TreeItem(const std::string& key) {
+    auto* tree = static_cast<QTreeWidget*>(widget_->widgetFor(form().treTreeView));
+    for (QTreeWidgetItemIterator it(tree); *it != nullptr; ++it) {
+        if (form().treTreeView.node((*it)->data(0, Qt::UserRole).toInt()).key == key) return *it;
+    }
+    ADD_FAILURE() << "no tree item for " << key;
+    return nullptr;
+}
+
 QPoint WidgetFixture::CellCentre(int row, int col) {
-    auto* view = static_cast<GridView*>(widget_->widgetFor(form().msgGridView));
-    const QRect rect = view->cellRect(row, col);
+    const QRect rect = view().cellRect(row, col);
     EXPECT_FALSE(rect.isEmpty()) << "cell " << row << ", " << col << " is not in view";
     return rect.center();
 }
 
-void WidgetFixture::ClickCell(int row, int col) {
-    QWidget* view = widget_->widgetFor(form().msgGridView);
-    QTest::mouseClick(view, Qt::LeftButton, Qt::NoModifier, CellCentre(row, col));
+std::string WidgetFixture::ClickCell(int row, int col) {
+    QTest::mouseClick(&view(), Qt::LeftButton, Qt::NoModifier, CellCentre(row, col));
     ProcessEvents();
+    return "click " + std::to_string(row) + " " + std::to_string(col) + "\n";
 }
 
-void WidgetFixture::ClickNode(const std::string& key) {
-    auto* tree = static_cast<QTreeWidget*>(widget_->widgetFor(form().treTreeView));
-    QTreeWidgetItem* item = nullptr;
-    for (QTreeWidgetItemIterator it(tree); *it != nullptr; ++it) {
-        const int index = (*it)->data(0, Qt::UserRole).toInt();
-        if (form().treTreeView.node(index).key == key) item = *it;
+std::string WidgetFixture::ClickNode(const std::string& key) {
+    if (QTreeWidgetItem* item = TreeItem(key)) {
+        QTreeWidget* tree = item->treeWidget();
+        tree->scrollToItem(item);
+        const QPoint centre = tree->visualItemRect(item).center();
+        QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier, centre);
+        ProcessEvents();
     }
-    ASSERT_NE(item, nullptr) << "no tree item for " << key;
-    tree->scrollToItem(item);
-    const QPoint centre = tree->visualItemRect(item).center();
-    QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier, centre);
-    ProcessEvents();
+    return "node " + key + "\n";
 }
 
 void WidgetFixture::TypeText(const QString& text) {
@@ -129,22 +133,6 @@ void WidgetFixture::KeyClick(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     ASSERT_NE(target, nullptr) << "no widget has the focus";
     QTest::keyClick(target, key, modifiers);
     ProcessEvents();
-}
-
-void WidgetFixture::ClickButton(Button& button) {
-    QWidget* pushButton = widget_->widgetFor(button);
-    QTest::mouseClick(pushButton, Qt::LeftButton);
-    ProcessEvents();
-}
-
-std::string WidgetFixture::ClickStep(int row, int col) {
-    ClickCell(row, col);
-    return "click " + std::to_string(row) + " " + std::to_string(col) + "\n";
-}
-
-std::string WidgetFixture::NodeStep(const std::string& key) {
-    ClickNode(key);
-    return "node " + key + "\n";
 }
 
 std::string WidgetFixture::TypeStep(const std::string& text) {
@@ -169,10 +157,12 @@ std::string WidgetFixture::KeyStep(const std::string& name, const std::string& m
 
 std::string WidgetFixture::ButtonStep(const std::string& name) {
     Form& f = form();
-    ClickButton(name == "OK"       ? f.cmdOK
-                : name == "Cancel" ? f.cmdCancel
-                : name == "Help"   ? f.cmdHelp
-                                   : f.cmdPrint);
+    QWidget* button = widget_->widgetFor(name == "OK"       ? f.cmdOK
+                                         : name == "Cancel" ? f.cmdCancel
+                                         : name == "Help"   ? f.cmdHelp
+                                                            : f.cmdPrint);
+    QTest::mouseClick(button, Qt::LeftButton);
+    ProcessEvents();
     return "button " + name + "\n";
 }
 
@@ -220,7 +210,6 @@ int Int(const JsonValue& value) {
     return static_cast<int>(value.number);
 }
 
-// The grid model against the session's "dump grid".
 void ExpectGridMatches(const FlexGrid& grid, const JsonValue& dump) {
     ASSERT_TRUE(dump.has("cells")) << "no grid dump";
     const std::pair<const char*, int> fields[] = {
@@ -240,7 +229,6 @@ void ExpectGridMatches(const FlexGrid& grid, const JsonValue& dump) {
     }
 }
 
-// Two documents are the same text; a difference is reported by its first line only.
 void ExpectSameDocument(const std::string& actual, const std::string& expected) {
     if (actual == expected) return;
     std::istringstream a(actual), e(expected);
@@ -262,32 +250,14 @@ void WidgetFixture::ExpectSameOutcome(const SessionRun& run) {
     EXPECT_EQ(messages, SessionMessages(run));
 }
 
-QRect ScrollBarPart(const QScrollBar* bar, QStyle::SubControl part) {
-    QStyleOptionSlider option;
-    option.initFrom(bar);
-    option.orientation = bar->orientation();
-    option.minimum = bar->minimum();
-    option.maximum = bar->maximum();
-    option.sliderPosition = bar->sliderPosition();
-    option.sliderValue = bar->value();
-    option.pageStep = bar->pageStep();
-    option.singleStep = bar->singleStep();
-    option.upsideDown = bar->invertedAppearance();
-    return bar->style()->subControlRect(QStyle::CC_ScrollBar, &option, part, bar);
-}
-
 std::vector<std::string> SessionEvents(const SessionRun& run) {
     std::vector<std::string> found;
     for (const JsonValue& line : run.lines) {
         if (line.has("event")) {
-            const std::string name = line["event"].text;
-            if (name == "PrintClick") {
-                found.push_back(name + " " + line["strXML"].text);
-            } else if (name == "AppGridEventHandler") {
-                found.push_back(name + " " + line["xml"].text);
-            } else {
-                found.push_back(name);
-            }
+            // PrintClick carries strXML, AppGridEventHandler xml.
+            const bool text = line.has("strXML") || line.has("xml");
+            found.push_back(line["event"].text +
+                            (text ? " " + line["strXML"].text + line["xml"].text : ""));
         } else if (line.has("changed")) {
             found.push_back("changed " + line["changed"].text);
         }

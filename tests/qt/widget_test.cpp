@@ -23,9 +23,6 @@ namespace {
 
 class WidgetBehaviour : public WidgetFixture {
 protected:
-    QLineEdit* TextEditor() {
-        return qobject_cast<QLineEdit*>(widget().widgetFor(form().txtTextBoxControl));
-    }
     // Opens the text editor on the pump tag "CHWP-2" of english.xml.
     void EditPumpTag() {
         ASSERT_TRUE(Load("samples/english.xml"));
@@ -34,6 +31,7 @@ protected:
     }
 };
 
+// The open editor lies exactly over its cell.
 TEST_F(WidgetBehaviour, EveryBoundWidgetSitsWhereItsModelSaysInPixels) {
     ASSERT_TRUE(Load("samples/filtered.xml"));
     ClickCell(2, 1);
@@ -50,45 +48,26 @@ TEST_F(WidgetBehaviour, EveryBoundWidgetSitsWhereItsModelSaysInPixels) {
         EXPECT_EQ(shown->isEnabled(), child->enabled());
     }
     EXPECT_EQ(bound, 16);
+    ASSERT_TRUE(form().anyEditorVisible());
+    for (Component* editor : {static_cast<Component*>(&form().txtTextBoxControl),
+                              static_cast<Component*>(&form().cboComboBoxControl),
+                              static_cast<Component*>(&form().unitNumControl),
+                              static_cast<Component*>(&form().unitDropControl)}) {
+        if (!editor->visible()) continue;
+        EXPECT_EQ(widget().widgetFor(*editor)->geometry(),
+                  view().cellRect(2, 1).translated(view().pos()));
+    }
     EXPECT_EQ(widget().widgetFor(form().unitNumForCnv), nullptr);
     EXPECT_EQ(widget().widgetFor(form().control), nullptr);
 }
 
-TEST_F(WidgetBehaviour, CaretKeysAndDeleteEditThroughTheModel) {
+TEST_F(WidgetBehaviour, APasteAtTheCaretLeavesTheCaretAfterThePastedText) {
     EditPumpTag();  // "CHWP-2", all selected
-    EXPECT_EQ(QApplication::focusWidget(), TextEditor());
-    const TextBox& box = form().txtTextBoxControl;
-    KeyClick(Qt::Key_End);
-    EXPECT_EQ(box.selStart(), 6);
-    EXPECT_EQ(box.selLength(), 0);
-    KeyClick(Qt::Key_Left, Qt::ShiftModifier);
-    KeyClick(Qt::Key_Left, Qt::ShiftModifier);
-    EXPECT_EQ(box.selStart(), 4);
-    EXPECT_EQ(box.selLength(), 2);
-    TypeText(QStringLiteral("9"));
-    EXPECT_EQ(box.text(), "CHWP9");
-    KeyClick(Qt::Key_Home);
-    KeyClick(Qt::Key_Delete);
-    EXPECT_EQ(box.text(), "HWP9");
-    EXPECT_EQ(box.selStart(), 0);
-    EXPECT_EQ(TextEditor()->text(), QStringLiteral("HWP9"));
-    EXPECT_EQ(TextEditor()->cursorPosition(), 0);
-}
-
-TEST_F(WidgetBehaviour, PasteReplacesTheSelectionWithTheClipboardsFirstLine) {
-    EditPumpTag();  // "CHWP-2", all selected
-    // One line goes in at the caret, which then stands after it, as in any line edit.
     QGuiApplication::clipboard()->setText(QStringLiteral("X"));
     KeyClick(Qt::Key_Home);
     KeyClick(Qt::Key_V, Qt::ControlModifier);
     TypeText(QStringLiteral("Y"));
-    EXPECT_EQ(TextEditor()->text(), QStringLiteral("XYCHWP-2"));
-    KeyClick(Qt::Key_A, Qt::ControlModifier);
-    QGuiApplication::clipboard()->setText(QStringLiteral("P-77\nsecond line"));
-    KeyClick(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(TextEditor()->text(), QStringLiteral("P-77"));
-    KeyClick(Qt::Key_Tab);
-    EXPECT_EQ(form().msgGridView.textMatrix(1, 2), "P-77");
+    EXPECT_EQ(form().txtTextBoxControl.text(), "XYCHWP-2");
 }
 
 TEST_F(WidgetBehaviour, TheNumberFieldsCaretGoesWhereTheMouseClicks) {
@@ -108,8 +87,6 @@ TEST_F(WidgetBehaviour, TheNumberFieldsCaretGoesWhereTheMouseClicks) {
     EXPECT_EQ(field->cursorPosition(), 1);
 }
 
-// A combo shows the model's items; a text the model holds outside them is the
-// placeholder.
 TEST_F(WidgetBehaviour, AComboShowsItsModelsItemsAndATextOutsideThemAsPlaceholder) {
     ComboBox& filter = form().cboFilter;
     filter.addItem("All");
@@ -161,17 +138,12 @@ TEST_F(WidgetBehaviour, PropertiesWorkThroughQtsPropertySystem) {
     EXPECT_FALSE(widget().widgetFor(form().hscGrid)->isHidden());
     EXPECT_EQ(qobject_cast<QGroupBox*>(widget().widgetFor(form().fraFilterView))->title(),
               QStringLiteral("Family"));
-
-    auto buttons = widget().property("ButtonProperty").value<gButtonProperty_type>();
-    buttons.blnHelpVisible = kFalse;
-    widget().setProperty("ButtonProperty", QVariant::fromValue(buttons));
-    EXPECT_TRUE(widget().widgetFor(form().cmdHelp)->isHidden());
-    EXPECT_EQ(changed.count(), 2);
 }
 
 // The edit state's signals come once the gesture is over, one per change; the undo
-// keys reach the control before a shortcut of the host.
-TEST_F(WidgetBehaviour, EditStateSignalsFollowEditsUndoAndSaving) {
+// keys reach the control before a shortcut of the host. A paste into the editor takes
+// the clipboard's first line.
+TEST_F(WidgetBehaviour, PasteUndoAndTheEditStateSignals) {
     QAction hostUndo(QStringLiteral("Host undo"), &widget());
     hostUndo.setShortcut(QKeySequence::Undo);
     widget().addAction(&hostUndo);
@@ -202,6 +174,12 @@ TEST_F(WidgetBehaviour, EditStateSignalsFollowEditsUndoAndSaving) {
     EXPECT_FALSE(widget().property("ProtectiveEditing").toBool());
     EXPECT_TRUE(widget().setProperty("ProtectiveEditing", true));
     EXPECT_TRUE(widget().control().ProtectiveEditing());
+
+    ClickCell(1, 2);
+    QGuiApplication::clipboard()->setText(QStringLiteral("P-77\nsecond line"));
+    KeyClick(Qt::Key_V, Qt::ControlModifier);
+    KeyClick(Qt::Key_Tab);
+    EXPECT_EQ(form().msgGridView.textMatrix(1, 2), "P-77");
 }
 
 TEST_F(WidgetBehaviour, ARefusedSaveSignalsItsReasonAfterTheMessage) {
@@ -216,7 +194,7 @@ TEST_F(WidgetBehaviour, ARefusedSaveSignalsItsReasonAfterTheMessage) {
         ASSERT_EQ(messages.size(), before + 1) << "the reason comes after the message";
         EXPECT_EQ(messages.back(), "critical: Unable the save the XML file.");
     });
-    ClickButton(form().cmdOK);
+    ButtonStep("OK");
     ASSERT_EQ(failed.count(), 1);
     const QString reason = failed.at(0).at(0).toString();
     EXPECT_TRUE(reason.contains(QStringLiteral("changed by another program")))
@@ -225,9 +203,8 @@ TEST_F(WidgetBehaviour, ARefusedSaveSignalsItsReasonAfterTheMessage) {
     EXPECT_TRUE(ReadFileBytes(path).ends_with("<!-- theirs -->"));
 }
 
-// Every node shows its text and picture. The items are only touched where they differ
-// from the model: each change must still show, a click changes no picture, and a node
-// expanded twice stays expanded.
+// The items are only touched where they differ from the model: each change must still
+// show, a click changes no picture, and a node expanded twice stays expanded.
 TEST_F(WidgetBehaviour, TreeItemsShowEveryNodeAndFollowEveryExpansion) {
     ASSERT_TRUE(Load("samples/english.xml"));
     auto* tree = qobject_cast<QTreeWidget*>(widget().widgetFor(form().treTreeView));
@@ -259,9 +236,7 @@ TEST_F(WidgetBehaviour, TreeItemsShowEveryNodeAndFollowEveryExpansion) {
     EXPECT_GT(parents, 1);
 }
 
-// What a gesture repaints beyond what it changed costs every gesture on a big
-// document: a Tab leaves the tree and the buttons alone, and a resize paints the tree's
-// rows once.
+// Repainting more than a gesture changed costs every gesture on a big document.
 TEST_F(WidgetBehaviour, GesturesRepaintOnlyWhatTheyChange) {
     struct PaintCounter : QObject {
         std::map<QObject*, int> paints;
@@ -290,9 +265,8 @@ TEST_F(WidgetBehaviour, GesturesRepaintOnlyWhatTheyChange) {
     QApplication::instance()->removeEventFilter(&counter);
 }
 
-// The grid repaints only the cells a move changed: what the screen shows of it after
-// each gesture is what painting the whole grid afresh shows, outside the widgets that
-// lie over it (the open editor, the scroll bars).
+// The grid repaints only the cells a move changed: what the screen shows after each
+// gesture is a full repaint, outside the widgets over it (editor, scroll bars).
 TEST_F(WidgetBehaviour, TheGridOnScreenIsAFullRepaintAfterEveryMove) {
     UseScrollBars();
     ASSERT_TRUE(Load("samples/english.xml"));
