@@ -24,6 +24,10 @@ struct Gesture {
     std::string (SessionParity::*play)();
 };
 
+void PrintTo(const Gesture& gesture, std::ostream* out) {
+    *out << gesture.name;
+}
+
 class SessionParity : public WidgetFixture, public ::testing::WithParamInterface<Gesture> {
 public:
     std::string PickList() {
@@ -85,16 +89,19 @@ public:
         return "drag-splitter " + std::to_string(widget().scale().toTwipsX(30)) + "\n";
     }
 
-    // The indicator lies left of the item's own rectangle.
-    std::string CollapseByIndicator() {
+    // The indicator lies left of the item's own rectangle: collapsed, then expanded.
+    std::string CollapseAndExpandByIndicator() {
         const std::string chillers = ClickNode("CHILLERS");
         auto* tree = qobject_cast<QTreeWidget*>(widget().widgetFor(form().treTreeView));
         const QRect row = tree->visualItemRect(tree->topLevelItem(0));
-        QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier,
-                          QPoint(row.left() - tree->indentation() / 2, row.center().y()));
+        const QPoint indicator(row.left() - tree->indentation() / 2, row.center().y());
+        QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier, indicator);
         ProcessEvents();
         EXPECT_FALSE(tree->topLevelItem(0)->isExpanded());
-        return chillers + "collapse PROJECT\n";
+        QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier, indicator);
+        ProcessEvents();
+        EXPECT_TRUE(tree->topLevelItem(0)->isExpanded());
+        return chillers + "collapse PROJECT\nexpand PROJECT\n";
     }
 
     std::string ArrowKeyInTheTree() {
@@ -182,7 +189,8 @@ INSTANTIATE_TEST_SUITE_P(
                       Gesture{"Filter", "filtered.xml", &SessionParity::Filter},
                       Gesture{"Buttons", "english.xml", &SessionParity::Buttons},
                       Gesture{"Splitter", "english.xml", &SessionParity::SplitterDrag},
-                      Gesture{"Collapse", "english.xml", &SessionParity::CollapseByIndicator},
+                      Gesture{"CollapseExpand", "english.xml",
+                              &SessionParity::CollapseAndExpandByIndicator},
                       Gesture{"TreeArrow", "english.xml", &SessionParity::ArrowKeyInTheTree},
                       Gesture{"Undo", "english.xml", &SessionParity::UndoRedoAndEscape},
                       Gesture{"F9AndFind", "english.xml", &SessionParity::F9AndTheFindBar}),

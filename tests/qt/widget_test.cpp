@@ -78,6 +78,7 @@ TEST_F(WidgetBehaviour, TheNumberFieldsCaretGoesWhereTheMouseClicks) {
     ASSERT_NE(binding, nullptr);
     QLineEdit* field = binding->numberEdit();
     EXPECT_EQ(field->selectedText(), QStringLiteral("400"));
+    EXPECT_EQ(binding->unitLabel()->text(), QStringLiteral("ton"));
     QTest::mouseClick(field, Qt::LeftButton, Qt::NoModifier, QPoint(1, field->height() / 2));
     ProcessEvents();
     EXPECT_EQ(form().unitNumControl.SelLength(), 0);
