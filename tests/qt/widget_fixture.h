@@ -96,8 +96,6 @@ private:
 // Counts, current cell, selection, scroll position, column widths, every cell's text
 // and back colour.
 void ExpectGridMatches(const FlexGrid& grid, const JsonValue& dump);
-// A difference is reported by its first line only.
-void ExpectSameDocument(const std::string& actual, const std::string& expected);
 int Int(const JsonValue& value);
 
 std::vector<std::string> SessionEvents(const SessionRun& run);
