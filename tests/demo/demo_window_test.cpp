@@ -67,6 +67,13 @@ protected:
     }
 
     QString LogText() const { return window.log().toPlainText(); }
+    QMenu* Menu(const QString& title) {
+        for (QAction* action : window.menuBar()->actions()) {
+            if (action->text() == title) return action->menu();
+        }
+        ADD_FAILURE() << "no menu " << title.toStdString();
+        return nullptr;
+    }
 
     DemoWindow window;
 };
@@ -128,10 +135,7 @@ TEST_F(DemoWindowTest, TheGridsExportAsAWorkbook) {
 }
 
 TEST_F(DemoWindowTest, ThePropertiesMenuOpensEachPageModally) {
-    QMenu* properties = nullptr;
-    for (QAction* action : window.menuBar()->actions()) {
-        if (action->text() == QStringLiteral("&Properties")) properties = action->menu();
-    }
+    QMenu* properties = Menu(QStringLiteral("&Properties"));
     ASSERT_NE(properties, nullptr);
     ASSERT_EQ(properties->actions().size(), 2);
 
@@ -197,11 +201,8 @@ TEST_F(DemoWindowTest, UnsavedChangesMarkTheTitleAndQuittingAsksFirst) {
     EXPECT_EQ(asked, QStringLiteral("english.xml has changes that are not saved."));
     EXPECT_TRUE(window.isVisible());
 
-    QAction* undo = nullptr;
-    for (QAction* menu : window.menuBar()->actions()) {
-        if (menu->text() != QStringLiteral("&Edit")) continue;
-        undo = menu->menu()->actions().value(0);
-    }
+    ASSERT_NE(Menu(QStringLiteral("&Edit")), nullptr);
+    QAction* undo = Menu(QStringLiteral("&Edit"))->actions().value(0);
     ASSERT_NE(undo, nullptr);
     ASSERT_TRUE(undo->isEnabled());
     undo->trigger();

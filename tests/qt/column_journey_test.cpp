@@ -44,9 +44,6 @@ protected:
 };
 
 TEST_F(ColumnJourney, ResizingWindowAndColumnsWhileEditingSavesWhatTheSessionSaves) {
-    const Component& self = form().control;
-    const std::string start =
-        "new " + std::to_string(self.width()) + " " + std::to_string(self.height()) + "\nshow\n";
     UseScrollBars();
     const std::string path = SampleCopy("english.xml");
     const TempDir sessionDir;
@@ -78,7 +75,7 @@ TEST_F(ColumnJourney, ResizingWindowAndColumnsWhileEditingSavesWhatTheSessionSav
     steps += Script({ClickCell(5, 3), TypeStep("checked on site")});
     steps += ButtonStep("OK");
 
-    const SessionRun run = RunSession(start + steps + "displaycolwidth\ndump grid\nxml\n");
+    const SessionRun run = RunSteps(steps + "displaycolwidth\ndump grid\nxml\n");
     ExpectSameOutcome(run);
     const std::vector<JsonValue> results = Results(run);
     ASSERT_GE(results.size(), 2u);
