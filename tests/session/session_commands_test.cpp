@@ -126,10 +126,7 @@ TEST(SessionGestures, OnAppGridActsAsTheHostWhileTheEventRuns) {
     EXPECT_EQ(run.status, 0);
     ASSERT_EQ(run.lines.size(), 5u);
     EXPECT_EQ(run.lines[1]["event"].text, "AppGridEventHandler");
-    const std::string& xml = run.lines[1]["xml"].text;
-    EXPECT_EQ(xml.rfind("<GridValue>", 0), 0u);
-    EXPECT_NE(xml.find(">CHWP-9</CellValue>"), std::string::npos);
-    EXPECT_NE(xml.find(">Primary chilled water</CellValue>"), std::string::npos);
+    EXPECT_NE(run.lines[1]["xml"].text.find(">CHWP-9</CellValue>"), std::string::npos);
     EXPECT_EQ(run.lines[2]["cells"][1][1]["back"].text, "#ff0000");
     EXPECT_EQ(run.lines[2]["cells"][2][1]["text"].text, "Condenser water");
     EXPECT_EQ(run.lines[3]["event"].text, "AppGridEventHandler");
@@ -137,23 +134,22 @@ TEST(SessionGestures, OnAppGridActsAsTheHostWhileTheEventRuns) {
     EXPECT_EQ(run.lines[4]["cells"][1][1]["back"].text, "#ff0000");
 }
 
-// A capacity above its maximum: the walk to it from another node, and find.
-TEST(SessionProblems, TheWalkAndFindAreReachable) {
+// A capacity above its maximum: find's hits and the walk back to it (F9, find and
+// find-next are compared with the widget in tests/qt/session_parity_test.cpp).
+TEST(SessionProblems, FindHitsAndTheWalkBackAreReachable) {
     const SessionRun run = RunSession(
         "loadxml samples/english.xml\nnode CHILLERS\nclick 2 1\ntype \"9999\"\nclick 2 2\n"
-        "node PROJECT\nnext-invalid\ndump grid\nfind \"ch-1\" whole-cell\ngo-to-hit 0\n"
-        "dump state\nnext-invalid\nprevious-invalid\nfind-next\nfind-previous\n");
+        "node PROJECT\nfind \"ch-1\" whole-cell\ngo-to-hit 0\ndump state\nprevious-invalid\n"
+        "find-previous\n");
     ASSERT_EQ(run.status, 0) << run.err;
-    ASSERT_EQ(run.lines.size(), 10u);
-    EXPECT_TRUE(run.lines[1]["result"].boolean);
-    EXPECT_EQ(run.lines[2]["row"].number, 2);
-    ASSERT_EQ(run.lines[3]["result"].items.size(), 1u);
-    EXPECT_EQ(run.lines[3]["result"][0]["node"].text, "CHILLERS");
-    EXPECT_EQ(run.lines[3]["result"][0]["col"].number, 1);
+    ASSERT_EQ(run.lines.size(), 6u);
+    ASSERT_EQ(run.lines[1]["result"].items.size(), 1u);
+    EXPECT_EQ(run.lines[1]["result"][0]["node"].text, "CHILLERS");
+    EXPECT_EQ(run.lines[1]["result"][0]["col"].number, 1);
+    EXPECT_TRUE(run.lines[2]["result"].boolean);
+    EXPECT_EQ(run.lines[3]["strCurrentValueKey"].text, "CHILLERS");
     EXPECT_TRUE(run.lines[4]["result"].boolean);
-    EXPECT_EQ(run.lines[5]["strCurrentValueKey"].text, "CHILLERS");
-    for (std::size_t i = 6; i < 10; ++i)
-        EXPECT_TRUE(run.lines[i]["result"].boolean) << i;
+    EXPECT_TRUE(run.lines[5]["result"].boolean);
 }
 
 }  // namespace
