@@ -9,29 +9,11 @@
 #include <QTreeWidget>
 #include <cstdio>
 #include <filesystem>
-#include <sstream>
 
 #include "control/control_access.h"
 #include "qt/qt_text.h"
 
 namespace tabulon::testing {
-
-namespace {
-
-// The Qt key of a session key name: Qt's own name of the key, but the session's Enter
-// is the main Return key.
-Qt::Key QtKey(const std::string& name) {
-    if (name == "Enter") return Qt::Key_Return;
-    const QKeySequence sequence =
-        QKeySequence::fromString(QString::fromStdString(name), QKeySequence::PortableText);
-    if (sequence.count() == 1 && sequence[0].keyboardModifiers() == Qt::NoModifier) {
-        return sequence[0].key();
-    }
-    ADD_FAILURE() << "no Qt key for the session's key \"" << name << "\"";
-    return Qt::Key_unknown;
-}
-
-}  // namespace
 
 WidgetFixture::WidgetFixture() {
     // The samples name their pictures relative to the repository root.
@@ -142,16 +124,18 @@ std::string WidgetFixture::TypeStep(const std::string& text) {
 }
 
 std::string WidgetFixture::KeyStep(const std::string& name, const std::string& modifiers) {
-    Qt::KeyboardModifiers qtModifiers;
-    std::istringstream parts(modifiers);
-    for (std::string part; std::getline(parts, part, '+');) {
-        if (part == "ctrl") qtModifiers |= Qt::ControlModifier;
-        if (part == "shift") qtModifiers |= Qt::ShiftModifier;
-        if (part == "alt") qtModifiers |= Qt::AltModifier;
-    }
-    Qt::Key key = QtKey(name);
-    if (key == Qt::Key_Tab && qtModifiers.testFlag(Qt::ShiftModifier)) key = Qt::Key_Backtab;
-    KeyClick(key, qtModifiers);
+    // The session's names are Qt's portable ones, but its Enter is the main Return key.
+    QString portable = QString::fromStdString(name == "Enter" ? "Return" : name);
+    for (const QString& modifier :
+         QString::fromStdString(modifiers).split(u'+', Qt::SkipEmptyParts))
+        portable.prepend(modifier.left(1).toUpper() + modifier.mid(1) + u'+');
+    const QKeySequence sequence = QKeySequence::fromString(portable, QKeySequence::PortableText);
+    EXPECT_EQ(sequence.count(), 1) << "no Qt key for " << name << " " << modifiers;
+    const Qt::KeyboardModifiers qtModifiers = sequence[0].keyboardModifiers();
+    const Qt::Key key = sequence[0].key();
+    // Tab with shift is Backtab, as Qt sends it.
+    KeyClick(key == Qt::Key_Tab && qtModifiers.testFlag(Qt::ShiftModifier) ? Qt::Key_Backtab : key,
+             qtModifiers);
     return "key " + name + (modifiers.empty() ? "" : " " + modifiers) + "\n";
 }
 
