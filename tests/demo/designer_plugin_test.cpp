@@ -34,18 +34,11 @@ TEST(DesignerPlugin, OffersTheWidgetUnderItsClassAndHeader) {
     EXPECT_STREQ(widget->metaObject()->className(), "tabulon::SpreadsheetWidget");
 }
 
-class DesignerTaskMenu : public ::testing::Test {
-protected:
-    DesignerTaskMenu() {
-        manager.registerExtensions(new designer::SpreadsheetTaskMenuFactory(&manager),
-                                   Q_TYPEID(QDesignerTaskMenuExtension));
-    }
-
+TEST(DesignerTaskMenu, OffersTheTwoPagesForTheSpreadsheetWidgetOnlyAndOpensThemOnIt) {
     QExtensionManager manager;
+    manager.registerExtensions(new designer::SpreadsheetTaskMenuFactory(&manager),
+                               Q_TYPEID(QDesignerTaskMenuExtension));
     SpreadsheetWidget widget;
-};
-
-TEST_F(DesignerTaskMenu, OffersTheTwoPagesForTheSpreadsheetWidgetOnlyAndOpensThemOnIt) {
     QWidget other;
     EXPECT_EQ(qt_extension<QDesignerTaskMenuExtension*>(&manager, &other), nullptr);
     auto* menu = qt_extension<QDesignerTaskMenuExtension*>(&manager, &widget);

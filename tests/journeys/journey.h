@@ -1,10 +1,7 @@
-// Journeys: what a person does with the real widget, from the first click to the saved
-// file, checked against `tabulon session` running the same steps.
-//
-// A journey is a session script. Play runs each command as the mouse and key events a
-// person makes; Finish runs it through the session tool on a second copy of the
-// document and expects the same grid, events, messages and saved file. The gestures
-// Play knows, and the events it sends:
+// Journeys: a session script played on the real widget as the mouse and key events a
+// person makes (Play), then run by `tabulon session` on a second copy of the document
+// (Finish), which must give the same grid, events, messages and saved file. The
+// gestures Play knows, and the events it sends:
 //   click R C, node KEY      a left click on the cell's / the tree item's centre
 //   type "TEXT"              one key click per character to the focused widget
 //   key NAME [MODIFIERS]     one key click (Tab with shift is Backtab, as Qt sends it)
