@@ -31,25 +31,14 @@ TEST(Guarded, FailureIsReportedOnceAsCriticalAndReturnsFalse) {
     }));
     EXPECT_FALSE(after);
     EXPECT_FALSE(Guarded(sink, "1037", [] { throw 42; }));
-    EXPECT_FALSE(Guarded(sink, "1001", [] { throw std::logic_error("x"); }));
     EXPECT_EQ(sink.shown, (Shown{{MessageIcon::Critical, "Unexpected Error - 1010"},
-                                 {MessageIcon::Critical, "Unexpected Error - 1037"},
-                                 {MessageIcon::Critical, "Unexpected Error - 1001"}}));
+                                 {MessageIcon::Critical, "Unexpected Error - 1037"}}));
 }
 
 TEST(Guarded, CompletedBodyShowsNothingAndDecidesTheResult) {
     RecordingSink sink;
-    int runs = 0;
-    EXPECT_TRUE(Guarded(sink, "1012", [&] { ++runs; }));
-    EXPECT_TRUE(Guarded(sink, "1012", [&] {
-        ++runs;
-        return true;
-    }));
-    EXPECT_FALSE(Guarded(sink, "1012", [&] {
-        ++runs;
-        return false;
-    }));
-    EXPECT_EQ(runs, 3);
+    EXPECT_TRUE(Guarded(sink, "1012", [] {}));
+    EXPECT_FALSE(Guarded(sink, "1012", [] { return false; }));
     EXPECT_TRUE(sink.shown.empty());
 }
 
@@ -57,7 +46,6 @@ TEST(ReportUnexpectedError, ShowsTheCodeAfterTheFixedText) {
     RecordingSink sink;
     ReportUnexpectedError(sink, "1023");
     EXPECT_EQ(sink.shown, (Shown{{MessageIcon::Critical, "Unexpected Error - 1023"}}));
-    EXPECT_EQ(UnexpectedErrorText("1005"), "Unexpected Error - 1005");
 }
 
 TEST(MessageSink, EmptyTextShowsNothing) {
@@ -69,9 +57,6 @@ TEST(MessageSink, EmptyTextShowsNothing) {
     sink.Information("a");
     sink.Plain("b");
     EXPECT_EQ(sink.shown, (Shown{{MessageIcon::Information, "a"}, {MessageIcon::Plain, "b"}}));
-    EXPECT_EQ(MessageIconName(MessageIcon::Information), "information");
-    EXPECT_EQ(MessageIconName(MessageIcon::Critical), "critical");
-    EXPECT_EQ(MessageIconName(MessageIcon::Plain), "plain");
 }
 
 TEST(DescribeCurrentException, UsesTheFailuresOwnText) {
