@@ -1,14 +1,6 @@
-// ControlHarness: a GoogleTest fixture that hosts one Generic_SP_Control the way a host
-// program does (new instance, first-time initialisation, first showing), records
-// every message box and host event, and loads documents from text, from files under
-// tests/data/ or from temporary files it removes afterwards.
-//
-//   TEST_F(ControlHarness, Something) {
-//       ASSERT_TRUE(LoadDataFile("shell_two_by_two.xml"));
-//       FormOf(control()).cmdOK.userClick();
-//       ExpectMessages({});
-//       EXPECT_EQ(host.events().size(), 1u);
-//   }
+// ControlHarness: a fixture hosting one Generic_SP_Control as a host program does
+// (new instance, first-time initialisation, first showing), recording every message
+// box and host event, loading documents from text, tests/data/ or temporary files.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -28,7 +20,6 @@
 
 namespace tabulon::testing {
 
-// Message boxes as the sink records them, for ExpectMessages.
 inline RecordedMessage Information(std::string text) {
     return {MessageIcon::Information, std::move(text)};
 }
@@ -69,7 +60,6 @@ protected:
     // Load of a file under tests/data/ (the file itself; OK may rewrite it, so tests
     // that press OK load a TempCopy instead).
     bool LoadDataFile(const std::string& name) { return LoadPath(DataFile(name)); }
-    // LoadXML with the text of a file under tests/data/.
     bool LoadDataText(const std::string& name) { return LoadText(ReadFileBytes(DataFile(name))); }
 
     // A folder of this test's own, removed with the fixture.
@@ -77,21 +67,17 @@ protected:
         if (!tempDir_) tempDir_.emplace();
         return tempDir_->path();
     }
-    // Writes text to a file in TempDir() and returns its path.
     std::filesystem::path TempFile(const std::string& name, const std::string& text) {
         TempDir();
         return tempDir_->write(name, text);
     }
-    // A copy of a file under tests/data/ in TempDir().
     std::filesystem::path TempCopy(const std::string& name) {
         return TempFile(name, ReadFileBytes(DataFile(name)));
     }
 
-    // The message boxes shown so far, icon and text, in order.
     void ExpectMessages(const std::vector<RecordedMessage>& expected) {
         EXPECT_EQ(sink.messages(), expected);
     }
-    // Forgets the messages and events recorded so far.
     void ClearRecords() {
         sink.clear();
         host.clear();

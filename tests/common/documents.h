@@ -1,5 +1,4 @@
-// Documents written by tests: a CellValue and its CellValues, a GridHeader, a whole
-// document from the contents of its parts, and the one-layout documents most tests
+// Documents written by tests, from their parts, and the one-layout documents most tests
 // need (layout "H", first node "N1" showing value key "K", rows named "R").
 #pragma once
 
@@ -10,7 +9,6 @@
 
 namespace tabulon::testing {
 
-// A CellValue element; Enabled, Valid and ApplicationValidation from the flags.
 inline std::string Cell(std::string_view text, bool enabled = true, bool valid = true,
                         bool hostChecks = false) {
     const auto flag = [](bool on) { return on ? "1" : "0"; };
@@ -33,13 +31,12 @@ inline std::string CellValues(std::string_view key, const std::vector<CellData>&
     return xml + "</CellValues>";
 }
 
-// A layout of the given key, ColumnHeader elements and RowHeader elements.
 inline std::string Header(std::string_view key, std::string_view columns, std::string_view rows) {
     return "<GridHeader Key=\"" + std::string(key) + "\"><ColumnHeaders>" + std::string(columns) +
            "</ColumnHeaders><RowHeaders>" + std::string(rows) + "</RowHeaders></GridHeader>";
 }
 
-// A document from the content of TreeStructure, GridHeaders and GridValues.
+// A document from the contents of TreeStructure, GridHeaders and GridValues.
 inline std::string Doc(std::string_view tree, std::string_view headers, std::string_view values,
                        std::string_view unitSystem = "ENGLISH", std::string_view customUnits = "") {
     std::string xml = "<xml MeasurementUnit=\"" + std::string(unitSystem) + "\">";

@@ -15,7 +15,7 @@
 
 namespace tabulon::testing {
 
-// The content of a file, byte for byte ("" when it cannot be read).
+// "" when the file cannot be read.
 inline std::string ReadFileBytes(const std::filesystem::path& path) {
     std::ifstream in(path, std::ios::binary);
     std::ostringstream content;
@@ -23,7 +23,6 @@ inline std::string ReadFileBytes(const std::filesystem::path& path) {
     return content.str();
 }
 
-// A file under tests/data/ of the source tree.
 inline std::filesystem::path DataFile(const std::string& name) {
     return std::filesystem::path(TABULON_SOURCE_DIR) / "tests" / "data" / name;
 }
@@ -61,7 +60,6 @@ public:
         std::ofstream(path_ / name, std::ios::binary) << content;
         return file(name);
     }
-    // The names in the folder, in no particular order.
     std::vector<std::string> names() const {
         std::vector<std::string> found;
         for (const auto& entry : std::filesystem::directory_iterator(path_))
