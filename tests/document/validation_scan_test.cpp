@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "common/documents.h"
 #include "document/document_reading.h"
 #include "platform/xml/xml_document.h"
 #include "support/failure.h"
@@ -16,24 +17,15 @@
 namespace tabulon {
 namespace {
 
-constexpr const char* kDocument = R"(<xml MeasurementUnit="ENGLISH">
-<TreeStructure><Pnode Name="A" KeyValue="N1" GridHeaderKey="H" GridValueKey="A" Filter="0"/></TreeStructure>
-<GridStructure>
-<GridHeaders><GridHeader Key="H"><ColumnHeaders><ColumnHeader HName="P"/></ColumnHeaders>
-<RowHeaders><RowHeader HName="R" ControlType="TextBox"/></RowHeaders></GridHeader></GridHeaders>
-<GridValues>
-<GridValue>
-<!-- column 1 -->
-<CellValues GridValueKey="A"><CellValue Enabled="1" Valid="1" ApplicationValidation="0">a</CellValue><CellValue Enabled="1" Valid="1" ApplicationValidation="0">b</CellValue></CellValues>
-<CellValues GridValueKey="B"><CellValue Enabled="1" Valid="1" ApplicationValidation="0">c</CellValue><CellValue Enabled="1" Valid="1" ApplicationValidation="0"></CellValue></CellValues>
-</GridValue>
-<GridValue>
-<CellValues GridValueKey="A"><CellValue Enabled="1" Valid="1" ApplicationValidation="0">d</CellValue></CellValues>
-<CellValues GridValueKey="B"><CellValue Enabled="1" Valid="1" ApplicationValidation="0">e</CellValue><CellValue Enabled="1" ApplicationValidation="0">f</CellValue></CellValues>
-</GridValue>
-</GridValues>
-</GridStructure>
-</xml>)";
+// Column 2 of key B holds a row without Valid; a comment sits among the columns.
+const std::string kDocument = testing::Doc(
+    testing::Pnode("N1", "A"),
+    testing::Header("H", "<ColumnHeader HName=\"P\"/>", testing::Row("TextBox")),
+    "<GridValue><!-- column 1 -->" + testing::CellValues("A", {{"a"}, {"b"}}) +
+        testing::CellValues("B", {{"c"}, {""}}) + "</GridValue><GridValue>" +
+        testing::CellValues("A", {{"d"}}) + "<CellValues GridValueKey=\"B\">" + testing::Cell("e") +
+        "<CellValue Enabled=\"1\" "
+        "ApplicationValidation=\"0\">f</CellValue></CellValues></GridValue>");
 
 struct Loaded {
     DocumentModel doc;
@@ -159,6 +151,13 @@ TEST(ValidationScan, AgreesWithAFreshWalkAfterAnyChange) {
     }
 }
 
+xml::Node Root(xml::Document& document) {
+    return document.documentElement();
+}
+xml::Node Child(xml::Document& document, const char* name) {
+    return document.documentElement().firstChildElement(name);
+}
+
 // The shape counter moves for every change that adds or removes nodes or attributes,
 // and for documents parsed, replaced or destroyed; setting a value alone keeps it.
 TEST(StructureVersion, MovesOnChangesOfShapeOnly) {
@@ -168,17 +167,12 @@ TEST(StructureVersion, MovesOnChangesOfShapeOnly) {
         bool moves;
     };
     const Case cases[] = {
-        {"existing attribute set",
-         [](xml::Document& d) { d.documentElement().setAttribute("a", "2"); }, false},
-        {"attribute added", [](xml::Document& d) { d.documentElement().setAttribute("b", "2"); },
-         true},
-        {"only text replaced by text",
-         [](xml::Document& d) { d.documentElement().firstChildElement("t").setText("y"); }, false},
-        {"only text emptied",
-         [](xml::Document& d) { d.documentElement().firstChildElement("t").setText(""); }, true},
-        {"text into an empty element",
-         [](xml::Document& d) { d.documentElement().firstChildElement("e").setText("y"); }, true},
-        {"text over elements", [](xml::Document& d) { d.documentElement().setText("y"); }, true},
+        {"existing attribute set", [](xml::Document& d) { Root(d).setAttribute("a", "2"); }, false},
+        {"attribute added", [](xml::Document& d) { Root(d).setAttribute("b", "2"); }, true},
+        {"only text replaced", [](xml::Document& d) { Child(d, "t").setText("y"); }, false},
+        {"only text emptied", [](xml::Document& d) { Child(d, "t").setText(""); }, true},
+        {"text into an empty element", [](xml::Document& d) { Child(d, "e").setText("y"); }, true},
+        {"text over elements", [](xml::Document& d) { Root(d).setText("y"); }, true},
         {"parsed again", [](xml::Document& d) { EXPECT_TRUE(d.Parse("<r/>")); }, true},
         {"assigned", [](xml::Document& d) { d = xml::Document(); }, true},
     };
