@@ -13,38 +13,27 @@
 namespace tabulon::xml {
 namespace {
 
-struct ContentCase {
-    std::string was;  // the element as it is
-    std::string put;  // the content put back into it (the element's name stays)
-};
-
-void PrintTo(const ContentCase& c, std::ostream* out) {
-    *out << c.was << " <- " << c.put;
+TEST(Snapshot, PutsBackExactlyWhatWasTaken) {
+    const std::pair<std::string, std::string> cases[] = {
+        // the element as it is, and the content put back into it (its name stays)
+        {R"(<c E="1">12</c>)", R"(<c E="1" V="0">12</c>)"},          // attribute added
+        {R"(<c A="1" B="2"/>)", R"(<c B="2" A="1"/>)"},              // reordered
+        {R"(<c/>)", R"(<c>a<!--n-->b<![CDATA[<x>]]><?pi d?></c>)"},  // mixed
+        {R"(<g><v k="1"><c>1</c></v></g>)", R"(<g><v k="2"><c>1</c><c>2</c></v></g>)"}};
+    for (const auto& [was, put] : cases) {
+        SCOPED_TRACE(was + " <- " + put);
+        const Document source = Parsed("<r>" + put + "</r>");
+        const Document target = Parsed("<r>" + was + "</r>");
+        const Node from = source.documentElement().firstChild();
+        const Node into = target.documentElement().firstChild();
+        const Snapshot snapshot = Snapshot::Of(from);
+        snapshot.RestoreInto(into);
+        EXPECT_EQ(target.Serialize(), Parsed("<r>" + put + "</r>").Serialize());
+        EXPECT_TRUE(snapshot.Matches(into));
+        EXPECT_TRUE(SameContent(from, into));
+        EXPECT_TRUE(ChangedElements(from, into).empty());
+    }
 }
-
-class SnapshotRestore : public ::testing::TestWithParam<ContentCase> {};
-
-TEST_P(SnapshotRestore, PutsBackExactlyWhatWasTaken) {
-    const Document source = Parsed("<r>" + GetParam().put + "</r>");
-    const Document target = Parsed("<r>" + GetParam().was + "</r>");
-    const Node from = source.documentElement().firstChild();
-    const Node into = target.documentElement().firstChild();
-    const Snapshot snapshot = Snapshot::Of(from);
-    snapshot.RestoreInto(into);
-    const Document expected = Parsed("<r>" + GetParam().put + "</r>");
-    EXPECT_EQ(target.Serialize(), expected.Serialize());
-    EXPECT_TRUE(snapshot.Matches(into));
-    EXPECT_TRUE(SameContent(from, into));
-    EXPECT_TRUE(ChangedElements(from, into).empty());
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Contents, SnapshotRestore,
-    ::testing::Values(
-        ContentCase{R"(<c E="1">12</c>)", R"(<c E="1" V="0">12</c>)"},          // attribute added
-        ContentCase{R"(<c A="1" B="2"/>)", R"(<c B="2" A="1"/>)"},              // reordered
-        ContentCase{R"(<c/>)", R"(<c>a<!--n-->b<![CDATA[<x>]]><?pi d?></c>)"},  // mixed
-        ContentCase{R"(<g><v k="1"><c>1</c></v></g>)", R"(<g><v k="2"><c>1</c><c>2</c></v></g>)"}));
 
 TEST(Snapshot, ValuesAloneKeepEveryHandleAndTheShape) {
     const Document document = Parsed(R"(<r><c E="1" V="1">12</c></r>)");
@@ -61,42 +50,32 @@ TEST(Snapshot, ValuesAloneKeepEveryHandleAndTheShape) {
     EXPECT_LT(before.Bytes(), 1024u);
 }
 
-struct ChangeCase {
-    std::string before;
-    std::string after;
-    std::vector<std::string> changed;  // the reported elements, as they are after
-};
-
-void PrintTo(const ChangeCase& c, std::ostream* out) {
-    *out << c.before << " -> " << c.after;
-}
-
-class ChangedElementsFound : public ::testing::TestWithParam<ChangeCase> {};
-
-TEST_P(ChangedElementsFound, AreTheSmallestElementsHoldingAChange) {
-    const Document before = Parsed(GetParam().before);
-    const Document after = Parsed(GetParam().after);
-    std::vector<std::string> changed;
-    for (const auto& [was, now] :
-         ChangedElements(before.documentElement(), after.documentElement())) {
-        EXPECT_EQ(PathOf(was), PathOf(now));
-        changed.push_back(now.serialize());
+// The reported elements are given as they are after the change.
+TEST(ChangedElements, AreTheSmallestElementsHoldingAChange) {
+    const struct {
+        std::string before, after;
+        std::vector<std::string> changed;
+    } cases[] = {{"<g><v><c>1</c><c>2</c></v></g>", "<g><v><c>1</c><c>2</c></v></g>", {}},
+                 {"<g><v><c>1</c><c>2</c></v></g>",
+                  "<g><v><c V=\"0\">1</c><c>3</c></v></g>",
+                  {"<c V=\"0\">1</c>", "<c>3</c>"}},
+                 {"<g><v><c>1</c></v><v><c>2</c></v></g>",
+                  "<g><v><c>1</c></v><v><c>2</c><c>3</c></v></g>",
+                  {"<v>\n  <c>2</c>\n  <c>3</c>\n</v>"}},  // a child more: the parent whole
+                 {"<g><!--a--><v/></g>", "<g><!--b--><v/></g>", {"<g>\n  <!--b-->\n  <v/>\n</g>"}}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.before + " -> " + c.after);
+        const Document before = Parsed(c.before);
+        const Document after = Parsed(c.after);
+        std::vector<std::string> changed;
+        for (const auto& [was, now] :
+             ChangedElements(before.documentElement(), after.documentElement())) {
+            EXPECT_EQ(PathOf(was), PathOf(now));
+            changed.push_back(now.serialize());
+        }
+        EXPECT_EQ(changed, c.changed);
     }
-    EXPECT_EQ(changed, GetParam().changed);
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Changes, ChangedElementsFound,
-    ::testing::Values(
-        ChangeCase{"<g><v><c>1</c><c>2</c></v></g>", "<g><v><c>1</c><c>2</c></v></g>", {}},
-        ChangeCase{"<g><v><c>1</c><c>2</c></v></g>",
-                   "<g><v><c V=\"0\">1</c><c>3</c></v></g>",
-                   {"<c V=\"0\">1</c>", "<c>3</c>"}},
-        ChangeCase{"<g><v><c>1</c></v><v><c>2</c></v></g>",
-                   "<g><v><c>1</c></v><v><c>2</c><c>3</c></v></g>",
-                   {"<v>\n  <c>2</c>\n  <c>3</c>\n</v>"}},  // a child more: the parent whole
-        ChangeCase{
-            "<g><!--a--><v/></g>", "<g><!--b--><v/></g>", {"<g>\n  <!--b-->\n  <v/>\n</g>"}}));
 
 }  // namespace
 }  // namespace tabulon::xml
