@@ -25,7 +25,7 @@ const std::string kWidget = R"(<CustomUnit EUnit="widget" MUnit="wdg" EToMFactor
 
 class EditingTest : public ControlHarness {
 protected:
-    // Loads the document, which must load without a message, and forgets the records.
+    // The document must load without a message; the records are forgotten.
     template <class... More>
     void Load(const std::vector<std::string>& rows, const std::vector<std::string>& columns,
               More&&... more) {
@@ -36,7 +36,6 @@ protected:
 
     FlexGrid& grid() { return form().msgGridView; }
     const std::string& Shown(int row, int col) { return grid().textMatrix(row, col); }
-    // The text and an attribute of the CellValue element behind a cell.
     std::string Stored(int row, int col) { return core().doc.arrCellNodes.at(row, col).text(); }
     std::string Attribute(int row, int col, std::string_view name) {
         return std::string(core().doc.arrCellNodes.at(row, col).attribute(name).value());
@@ -59,14 +58,14 @@ protected:
         ADD_FAILURE() << "no text editor has the focus";
     }
 
-    // Types text into the cell's editor and leaves it over the header row.
-    void Edit(int row, int col, const std::string& text) {
+    // Types text into the cell's editor (after picking unit, if any) and leaves it.
+    void Edit(int row, int col, const std::string& text, const std::string& unit = {}) {
         Click(row, col);
+        if (!unit.empty()) form().unitDropControl.UserPickUnit(unit);
         Paste(text);
         PointAtHeader();
     }
 
-    // Names of the visible editors.
     std::vector<std::string> VisibleEditors() {
         std::vector<std::string> names;
         for (const Component* editor : {static_cast<const Component*>(&form().txtTextBoxControl),
