@@ -51,9 +51,9 @@ TEST_F(Undo, ALoadDropsEveryStep) {
     EXPECT_FALSE(control().IsModified());
 }
 
-// Escape in each editor kind: the value it opened with comes back and the commit
-// that follows leaves the English document as it was.
-TEST_F(Undo, EscapeRestoresEveryEditorKind) {
+// In each editor kind, its own undo and redo, then Escape: the value it opened with
+// comes back and the commit that follows leaves the English document as it was.
+TEST_F(Undo, OwnUndoRedoAndEscapeInEveryEditorKind) {
     Load({Row("TextBox"), Row("ComboBox", R"(ListValues="x;y")"), kCapacity,
           Row("UnitDrop", R"(Unit="FT_TO_M;INCH_TO_MM" Format="0.0;0")")},
          {Column({{"a"}, {"x"}, {"12.50"}, {"3.0(ft)"}})});
@@ -69,7 +69,12 @@ TEST_F(Undo, EscapeRestoresEveryEditorKind) {
             ASSERT_TRUE(form().unitDropControl.UserPickUnit("in"));
         }
         if (row != 2) Paste("99");
-        EXPECT_NE(VisibleEditorValue(form()), opened);
+        const EditorValue changed = VisibleEditorValue(form());
+        EXPECT_NE(changed, opened);
+        CtrlKey('Z');  // the editor's own undo and redo
+        EXPECT_EQ(VisibleEditorValue(form()), opened);
+        CtrlKey('Y');
+        EXPECT_EQ(VisibleEditorValue(form()), changed);
         Escape();
         EXPECT_EQ(VisibleEditorValue(form()), opened);
         if (row == 1) {
