@@ -126,21 +126,5 @@ TEST_F(CommitCellEdit, ColumnIsRefilledOnlyWhenTheHostChangedIt) {
     EXPECT_EQ(grid().cellBackColor(1, 1), kRed);
 }
 
-TEST_F(CommitCellEdit, MetricRefillConvertsOnlyTheCommittedColumnOnce) {
-    const std::string feet = Row("UnitNum", R"(Unit="FT_TO_M" Format="0.0000")");
-    Load({feet, feet}, {Column({{"10", true, true, true}, {"20"}}), Column({{"30"}, {"40"}})},
-         "METRIC");
-    host.onAppGridEventHandler = [](xml::Node& gridValue) {
-        gridValue.select("CellValues/CellValue[2]")[0].setText("5");
-    };
-    grid().setTextMatrix(1, 2, "marker");
-    Edit(1, 1, "0.6096");
-    EXPECT_EQ(Stored(1, 1), "2.0000000");
-    EXPECT_EQ(Shown(1, 1), "0.6096");
-    EXPECT_EQ(Shown(2, 1), "1.5240");
-    EXPECT_EQ(Shown(1, 2), "marker");
-    EXPECT_EQ(Shown(2, 2), "12.1920");
-}
-
 }  // namespace
 }  // namespace tabulon::testing
