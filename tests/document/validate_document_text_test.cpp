@@ -71,8 +71,7 @@ TEST(ValidateDocumentText, RejectedDocumentsShowReasonAndSourceLine) {
          "<Cnode Name=\"Impeller\" KeyValue=\"P1\" GridHeaderKey=\"H1\" Filter=\"0\"/>"},
         {"invalid/pnode_without_grid_value_key.xml",
          "Element Pnode does not carry attribute GridValueKey\r\n"
-         "<Pnode Name=\"Pump\" KeyValue=\"P1\" GridHeaderKey=\"H1\" Filter=\"0\"/>"},
-    };
+         "<Pnode Name=\"Pump\" KeyValue=\"P1\" GridHeaderKey=\"H1\" Filter=\"0\"/>"}};
     for (const auto& [name, message] : files) {
         SCOPED_TRACE(name);
         const std::string text = ReadData(name);
@@ -106,8 +105,7 @@ TEST(ValidateDocumentText, EnumeratedAttributesAcceptOnlyTheirValues) {
          "Syntax of value for attribute Valid of CellValue is not valid"},
         {"ControlType=\"TextBox\"", "ControlType=\"textbox\"",
          "Value \"textbox\" for attribute ControlType of RowHeader is not among the enumerated "
-         "set"},
-    };
+         "set"}};
     const std::string minimal = ReadData("valid/minimal.xml");
     for (const Case& c : cases) {
         const std::string message = Rejection(Replaced(minimal, c.from, c.to));

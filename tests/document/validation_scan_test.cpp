@@ -174,8 +174,7 @@ TEST(StructureVersion, MovesOnChangesOfShapeOnly) {
         {"text into an empty element", [](xml::Document& d) { Child(d, "e").setText("y"); }, true},
         {"text over elements", [](xml::Document& d) { Root(d).setText("y"); }, true},
         {"parsed again", [](xml::Document& d) { EXPECT_TRUE(d.Parse("<r/>")); }, true},
-        {"assigned", [](xml::Document& d) { d = xml::Document(); }, true},
-    };
+        {"assigned", [](xml::Document& d) { d = xml::Document(); }, true}};
     for (const Case& c : cases) {
         xml::Document document;
         ASSERT_TRUE(document.Parse(R"(<r a="1"><t>x</t><e/></r>)"));

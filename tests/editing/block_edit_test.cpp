@@ -8,11 +8,9 @@ namespace {
 
 // One row of each editor kind.
 const std::vector<std::string> kRows = {
-    Row("TextBox", R"(MaxLength="5")"),
-    Row("ComboBox", R"(ListValues="a;b;")"),
+    Row("TextBox", R"(MaxLength="5")"), Row("ComboBox", R"(ListValues="a;b;")"),
     Row("UnitNum", R"(Unit="FT_TO_M" Format="0.00" MinVal="0" MaxVal="100")"),
-    Row("UnitDrop", R"(Unit="FT_TO_M;INCH_TO_MM" Format="0.0;0" MinVal="0;0" MaxVal="100;1000")"),
-};
+    Row("UnitDrop", R"(Unit="FT_TO_M;INCH_TO_MM" Format="0.0;0" MinVal="0;0" MaxVal="100;1000")")};
 const std::string kColumn = Column({{"x"}, {"a"}, {"1"}, {"1.0(ft)"}});
 
 class Blocks : public EditingTest {
@@ -82,14 +80,12 @@ TEST_F(Blocks, EachPastedValueTakesTheRouteOfTyping) {
         const char* stored;  // the CellValue text afterwards
         Rgb color;
         const char* reason;  // in the report; "" when written as it came
-    } cases[] = {
-        {"ENGLISH", 2, "\n", "", "", kWhite, ""},  // an empty cell copied
-        {"ENGLISH", 3, "1,234", "1234.00", "1234.00", kRed, ""},
-        {"ENGLISH", 3, "-3", "1.00", "1.00", kWhite, "the cell does not take this number"},
-        {"ENGLISH", 3, "\n", "1.00", "1.00", kWhite, "a number is required"},
-        {"ENGLISH", 4, "7", "7.0(ft)", "7.0(ft)", kWhite, ""},
-        {"METRIC", 4, "3.048(m)", "3.0(m)", "9.8425197(m)", kWhite, ""},
-    };
+    } cases[] = {{"ENGLISH", 2, "\n", "", "", kWhite, ""},  // an empty cell copied
+                 {"ENGLISH", 3, "1,234", "1234.00", "1234.00", kRed, ""},
+                 {"ENGLISH", 3, "-3", "1.00", "1.00", kWhite, "the cell does not take this number"},
+                 {"ENGLISH", 3, "\n", "1.00", "1.00", kWhite, "a number is required"},
+                 {"ENGLISH", 4, "7", "7.0(ft)", "7.0(ft)", kWhite, ""},
+                 {"METRIC", 4, "3.048(m)", "3.0(m)", "9.8425197(m)", kWhite, ""}};
     for (const auto& c : cases) {
         SCOPED_TRACE(std::string(c.system) + " " + c.value);
         ClearRecords();

@@ -36,8 +36,7 @@ TEST_F(EditingTest, ReasonIsWhatTheCheckFoundInTheUnitAndFormatShown) {
         {num, {"5000", true, false}, "ENGLISH", "2500", "", ""},  // corrected: no reason
         {num, {"400", true, false}, "ENGLISH", nullptr, "", "Marked invalid in the document"},
         {grouped, {"5000", true, false}, "ENGLISH", nullptr, "", "Above the maximum of 3,000 ton"},
-        {drop, {"3(m)", true, false}, "ENGLISH", nullptr, "", "Not one of the listed units"},
-    };
+        {drop, {"3(m)", true, false}, "ENGLISH", nullptr, "", "Not one of the listed units"}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.row + " " + c.cell.text + " " + c.system);
         NewControl();  // a control takes a document's custom units once

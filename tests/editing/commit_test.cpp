@@ -27,12 +27,11 @@ TEST_F(CommitCellEdit, NegativeBelowMinimumBecomesZero) {
     struct Case {
         std::string minVal, typed, shown, valid;
     };
-    for (const Case& c : std::vector<Case>{
-             {"0", "-5", "0.00", "1"},     // zero, not the minimum
-             {"-10", "-5", "-5.00", "1"},  // not below the minimum: kept
-             {"5", "-3", "0.00", "0"},     // zero may still be out of range
-             {"0", "150", "150.00", "0"},
-         }) {
+    for (const Case& c :
+         std::vector<Case>{{"0", "-5", "0.00", "1"},     // zero, not the minimum
+                           {"-10", "-5", "-5.00", "1"},  // not below the minimum: kept
+                           {"5", "-3", "0.00", "0"},     // zero may still be out of range
+                           {"0", "150", "150.00", "0"}}) {
         SCOPED_TRACE(c.minVal + " / " + c.typed);
         Load({Row("UnitNum",
                   R"(Unit="FT_TO_M" Format="0.00" MaxVal="100" MinVal=")" + c.minVal + "\"")},

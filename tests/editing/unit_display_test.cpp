@@ -17,8 +17,7 @@ TEST_F(ConvertGridUnits, MetricDocumentShowsUnitRowsConverted) {
         {kFeetOrInches, "10(in)", "254(mm)"},
         {kFeetOrInches, "3(m)", "0.91(m)"},  // stored in feet whichever label it carries
         {kFeetOrInches, "10", "10"},         // no "(": untouched
-        {Row("UnitDrop", R"(Unit="wdg" Format="0.0")"), "4(widget)", "10.0(wdg)"},
-    };
+        {Row("UnitDrop", R"(Unit="wdg" Format="0.0")"), "4(widget)", "10.0(wdg)"}};
     std::vector<std::string> rows;
     std::vector<CellData> cells;
     for (const auto& [row, stored, shown] : cases) {

@@ -32,12 +32,10 @@ TEST_F(GeneralPage, EveryEditMarksThePageChanged) {
         {"filter visible", [&] { page.chkFiltervisible.userClick(); }},
         {"filter caption", [&] { page.txtFilterCaption.userKeyPress('x'); }},
         {"tree width", [&] { Paste(page.txtTreeViewWidth, "2000"); }},
-        {"column width",
-         [&] {
+        {"column width", [&] {
              page.txtColWidthMin.textBox().setSelStart(4);
              page.txtColWidthMin.textBox().userKeyPress(8);  // Backspace
-         }},
-    };
+         }}};
     for (const auto& [what, edit] : edits) {
         SCOPED_TRACE(what);
         Reselect();
@@ -63,8 +61,7 @@ TEST_F(GeneralPage, OutOfRangeEntriesAreRefusedWithTheirMessage) {
         {{{&page.txtRowHeightMin, "349"}}, "Grid row height cannot be less than 350"},
         {{{&page.txtColWidthMin, "1079"}}, "Grid column width cannot be less than 1080"},
         {{{&page.txtRowHeightMin, "0"}, {&page.txtColWidthMin, "0"}},
-         "Grid row height cannot be less than 350"},
-    };
+         "Grid row height cannot be less than 350"}};
     const gGeneralProperty_type before = control().GeneralProperty();
     for (const Case& c : cases) {
         SCOPED_TRACE(c.message);

@@ -19,8 +19,7 @@ TEST(CellTableText, ReadsWhatSpreadsheetsWrite) {
         {"a\tb\nc", {{"a", "b"}, {"c"}}},
         {"a\t\t\n\n", {{"a", "", ""}, {""}}},  // empty cells and an empty row kept
         {"\"x\ty\"\t\"say \"\"hi\"\"\"\n\"two\nlines\"", {{"x\ty", "say \"hi\""}, {"two\nlines"}}},
-        {"12.5(ft)\t3 in\r", {{"12.5(ft)", "3 in"}}},
-    };
+        {"12.5(ft)\t3 in\r", {{"12.5(ft)", "3 in"}}}};
     for (const ParseCase& c : cases)
         EXPECT_EQ(ParseTabSeparated(c.text), c.cells) << c.text;
 }

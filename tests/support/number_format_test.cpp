@@ -25,31 +25,27 @@ void ExpectFormats(std::initializer_list<FormatCase> cases) {
 }
 
 TEST(FormatNumber, DigitPlaceholdersPadWithZerosOrShowNothing) {
-    ExpectFormats({
-        {0.5, "0.00", "0.50"},
-        {0.5, "#.0", ".5"},
-        {0, "#", ""},
-        {12345, "0", "12345"},
-        {7, "000", "007"},
-        {1.5, "0.0#", "1.5"},
-        {1.5, "0.#0", "1.50"},
-        {5, "0.##", "5."},
-        {12.5, ".00", "12.50"},
-        {0, "#.##", "."},
-        {5551234567, "(000) 000-0000", "(555) 123-4567"},
-    });
+    ExpectFormats({{0.5, "0.00", "0.50"},
+                   {0.5, "#.0", ".5"},
+                   {0, "#", ""},
+                   {12345, "0", "12345"},
+                   {7, "000", "007"},
+                   {1.5, "0.0#", "1.5"},
+                   {1.5, "0.#0", "1.50"},
+                   {5, "0.##", "5."},
+                   {12.5, ".00", "12.50"},
+                   {0, "#.##", "."},
+                   {5551234567, "(000) 000-0000", "(555) 123-4567"}});
 }
 
 TEST(FormatNumber, RoundsHalfAwayFromZeroOnTheDecimalValue) {
-    ExpectFormats({
-        {12.345, "0.00", "12.35"},
-        {9.995, "0.00", "10.00"},
-        {1.005, "0.00", "1.01"},
-        {-2.5, "0", "-3"},
-        {999.96, "#,##0.0", "1,000.0"},
-        {0.045, "0.0", "0.0"},
-        {1.0049999, "0.00", "1.00"},
-    });
+    ExpectFormats({{12.345, "0.00", "12.35"},
+                   {9.995, "0.00", "10.00"},
+                   {1.005, "0.00", "1.01"},
+                   {-2.5, "0", "-3"},
+                   {999.96, "#,##0.0", "1,000.0"},
+                   {0.045, "0.0", "0.0"},
+                   {1.0049999, "0.00", "1.00"}});
 }
 
 // Decision: a negative value whose shown digits are all zero carries no minus sign.
@@ -63,29 +59,22 @@ TEST(FormatNumber, NegativeThatRoundsToZeroShowsNoMinus) {
 }
 
 TEST(FormatNumber, NegativeValuesGetTheMinusBeforeEverything) {
-    ExpectFormats({
-        {-1234567.891, "#,##0.00", "-1,234,567.89"},
-        {-5, "$0", "-$5"},
-        {-0.5, "0%", "-50%"},
-    });
+    ExpectFormats(
+        {{-1234567.891, "#,##0.00", "-1,234,567.89"}, {-5, "$0", "-$5"}, {-0.5, "0%", "-50%"}});
 }
 
 TEST(FormatNumber, StorageFormatKeepsSevenDecimalsAndNoGrouping) {
-    ExpectFormats({
-        {3.5, kStorageFormat.data(), "3.5000000"},
-        {-0.0000001, kStorageFormat.data(), "-0.0000001"},
-        {1234567890123.25, kStorageFormat.data(), "1234567890123.2500000"},
-        {0.1 + 0.2, kStorageFormat.data(), "0.3000000"},
-    });
+    ExpectFormats({{3.5, kStorageFormat.data(), "3.5000000"},
+                   {-0.0000001, kStorageFormat.data(), "-0.0000001"},
+                   {1234567890123.25, kStorageFormat.data(), "1234567890123.2500000"},
+                   {0.1 + 0.2, kStorageFormat.data(), "0.3000000"}});
 }
 
 TEST(FormatNumber, CommaBetweenIntegerPlaceholdersGroupsThousands) {
-    ExpectFormats({
-        {1234.56, "#,##0.0", "1,234.6"},
-        {0, "#,##0.0", "0.0"},
-        {12, "0,000", "0,012"},
-        {1234567, "$#,##0 \"USD\"", "$1,234,567 USD"},
-    });
+    ExpectFormats({{1234.56, "#,##0.0", "1,234.6"},
+                   {0, "#,##0.0", "0.0"},
+                   {12, "0,000", "0,012"},
+                   {1234567, "$#,##0 \"USD\"", "$1,234,567 USD"}});
 }
 
 TEST(FormatNumber, CommaAfterTheLastIntegerPlaceholderScalesByThousands) {
@@ -108,17 +97,16 @@ TEST(FormatNumber, PercentMultipliesByAHundredWhereWritten) {
 }
 
 TEST(FormatNumber, ExponentCodesGiveScientificNotation) {
-    ExpectFormats({
-        {12345, "0.00E+00", "1.23E+04"},
-        {12345, "0.00E-00", "1.23E04"},
-        {9.995, "0.00E+00", "1.00E+01"},
-        {1e300, "0.00E+00", "1.00E+300"},
-        {5e-324, "0.00E+00", "5.00E-324"},  // the shortest decimal, not the binary value
-        {12345, "00.0E+00", "12.3E+03"},    // as many mantissa digits as integer placeholders
-        {12345, ".00E+00", ".12E+05"},
-        {5, "0E+", "5E+"},  // no placeholder after the sign: plain text
-        {5, "0E5", "5E5"},
-    });
+    ExpectFormats(
+        {{12345, "0.00E+00", "1.23E+04"},
+         {12345, "0.00E-00", "1.23E04"},
+         {9.995, "0.00E+00", "1.00E+01"},
+         {1e300, "0.00E+00", "1.00E+300"},
+         {5e-324, "0.00E+00", "5.00E-324"},  // the shortest decimal, not the binary value
+         {12345, "00.0E+00", "12.3E+03"},    // as many mantissa digits as integer placeholders
+         {12345, ".00E+00", ".12E+05"},
+         {5, "0E+", "5E+"},  // no placeholder after the sign: plain text
+         {5, "0E5", "5E5"}});
 }
 
 TEST(FormatNumber, LiteralsAreShownAsWritten) {
@@ -139,11 +127,7 @@ TEST(FormatNumber, LiteralsAreShownAsWritten) {
 }
 
 TEST(FormatNumber, EmptyFormatWritesTheNumberAsText) {
-    ExpectFormats({
-        {12.5, "", "12.5"},
-        {0.1 + 0.2, "", "0.3"},
-        {1e20, "", "1E+20"},
-    });
+    ExpectFormats({{12.5, "", "12.5"}, {0.1 + 0.2, "", "0.3"}, {1e20, "", "1E+20"}});
 }
 
 TEST(FormatNumber, NamedFormatsIgnoreCase) {
@@ -159,19 +143,18 @@ TEST(FormatNumber, NamedFormatsIgnoreCase) {
 }
 
 TEST(FormatNumber, SectionsArePositiveNegativeZero) {
-    ExpectFormats({
-        {5, "0.00;(0.00);\\Z\\e\\r\\o", "5.00"},
-        {-5, "0.00;(0.00);\\Z\\e\\r\\o", "(5.00)"},
-        {0, "0.00;(0.00);\\Z\\e\\r\\o", "Zero"},
-        {-0.0, "0.00;(0.00);\\Z\\e\\r\\o", "Zero"},
-        {-0.001, "0.00;(0.00);\\Z\\e\\r\\o", "(0.00)"},  // chosen by the value, not the rounding
-        {-5, "0;0", "5"},                                // a negative section supplies its own sign
-        {-5, "0;", "-5"},           // empty negative section: the first, with a minus
-        {0, "0.0;(0);", "0.0"},     // empty zero section: the first
-        {5, ";(0)", "5"},           // empty first section: the number as text
-        {0, "0;0;z;ignored", "z"},  // a fourth section is never used
-        {5, "\";\"0;x", ";5"},
-    });
+    ExpectFormats(
+        {{5, "0.00;(0.00);\\Z\\e\\r\\o", "5.00"},
+         {-5, "0.00;(0.00);\\Z\\e\\r\\o", "(5.00)"},
+         {0, "0.00;(0.00);\\Z\\e\\r\\o", "Zero"},
+         {-0.0, "0.00;(0.00);\\Z\\e\\r\\o", "Zero"},
+         {-0.001, "0.00;(0.00);\\Z\\e\\r\\o", "(0.00)"},  // chosen by the value, not the rounding
+         {-5, "0;0", "5"},           // a negative section supplies its own sign
+         {-5, "0;", "-5"},           // empty negative section: the first, with a minus
+         {0, "0.0;(0);", "0.0"},     // empty zero section: the first
+         {5, ";(0)", "5"},           // empty first section: the number as text
+         {0, "0;0;z;ignored", "z"},  // a fourth section is never used
+         {5, "\";\"0;x", ";5"}});
 }
 
 TEST(FormatNumber, ExtremeMagnitudesKeepEveryDigit) {

@@ -17,8 +17,7 @@ TEST(ReadNumber, TakesTheLongestNumericPrefix) {
         {"", 0},         {"abc", 0},  {"12", 12}, {"  12abc", 12}, {"\t-3.5x", -3.5},
         {".5", 0.5},     {".", 0},    {"-", 0},   {"1e3", 1000},   {"1e", 1},
         {"2.5e1kg", 25}, {"0x10", 0}, {"inf", 0}, {"1,5", 1},      {"12.50(ft)", 12.5},
-        {"1e-400", 0},
-    };
+        {"1e-400", 0}};
     for (const auto& c : cases)
         EXPECT_DOUBLE_EQ(ReadNumber(c.text), c.value) << c.text;
     EXPECT_EQ(NumericPrefixLength("  12abc"), 4u);

@@ -57,8 +57,7 @@ TEST_F(GridFill, CellTextFollowsTheRowsControlType) {
         {"UnitDrop", "", Cell("3(ft)x"), "3(ft))"},
         {"UnitDrop", "", Cell("42"), "42"},
         {"TextBox", "0.00", Cell(" a b "), " a b "},
-        {"TextBox", "", "<CellValue Enabled=\"1\" Valid=\"1\" ApplicationValidation=\"0\"/>", ""},
-    };
+        {"TextBox", "", "<CellValue Enabled=\"1\" Valid=\"1\" ApplicationValidation=\"0\"/>", ""}};
     std::string rows;
     std::string cells;
     for (const auto& c : cases) {

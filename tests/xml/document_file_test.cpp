@@ -74,8 +74,7 @@ TEST(LoadFile, UnreadableOrMalformedFilesFailNamingThePath) {
         {folder.file("missing.xml"), "No such file or directory"},
         {folder.path().string(), "Is a directory"},
         {folder.file("odd.xml"), "not valid UTF-16"},
-        {folder.file("surrogate.xml"), "not valid UTF-16"},
-    };
+        {folder.file("surrogate.xml"), "not valid UTF-16"}};
     for (const auto& [path, cause] : cases) {
         Document document = Parsed("<old/>");
         ParseError error;

@@ -29,8 +29,7 @@ TEST(DocumentModel, ParseErrorsGiveReasonLineAndColumn) {
         // Columns count characters, not bytes; the byte order mark takes no column.
         {"<a>\r\n\xC3\xA9<b></c></a>", "Start-end tags mismatch at line 2, column 7"},
         {"\xEF\xBB\xBF<a></b>", "Start-end tags mismatch at line 1, column 6"},
-        {"<!-- only a comment -->", "No document element found at line 1, column 24"},
-    };
+        {"<!-- only a comment -->", "No document element found at line 1, column 24"}};
     for (const auto& [text, reason] : cases) {
         Document document = Parsed("<old/>");
         ParseError error;

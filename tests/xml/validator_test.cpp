@@ -38,8 +38,7 @@ TEST(ValidateWithDtd, ReportsTheFirstErrorWithItsLineAndSourceText) {
          8, "  <i k=\"a\"/>"},
         {kDtd + "<r>\n  <i/>\n</r>", "Element i does not carry attribute k", 7, "  <i/>"},
         {kDtd + "<r>\n  <i k=\"a\">\n</r>", "Opening and ending tag mismatch: i line 7 and r", 8,
-         "</r>"},
-    };
+         "</r>"}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.text);
         const ValidationResult result = ValidateWithDtd(c.text);
@@ -98,8 +97,7 @@ TEST(ValidateWithDtd, ExternalEntitiesAreNeverRead) {
         "<!DOCTYPE r [<!ELEMENT r ANY><!ENTITY s SYSTEM \"file://" + secret + "\">]><r>&s;</r>",
         "<!DOCTYPE r [<!ELEMENT r ANY><!ENTITY s SYSTEM \"" + secret + "\">]><r>&s;</r>",
         "<!DOCTYPE r SYSTEM \"" + secret + "\"><r/>",
-        "<!DOCTYPE r [<!ENTITY % s SYSTEM \"" + secret + "\"> %s; ]><r/>",
-    };
+        "<!DOCTYPE r [<!ENTITY % s SYSTEM \"" + secret + "\"> %s; ]><r/>"};
     for (const std::string& text : texts) {
         const ValidationResult result = ValidateWithDtd(text);
         EXPECT_FALSE(result.ok) << text;
