@@ -20,9 +20,8 @@ std::string Node(std::string_view element, std::string_view key, std::string_vie
 }
 
 std::string TwoValues() {
-    return "<GridValue><CellValues GridValueKey=\"V1\">" + Cell("one") +
-           "</CellValues><CellValues GridValueKey=\"V2\">" + Cell("two") +
-           "</CellValues></GridValue>";
+    return "<GridValue>" + CellValues("V1", {{"one"}}) + CellValues("V2", {{"two"}}) +
+           "</GridValue>";
 }
 
 using NodeSelection = ViewTest;
