@@ -158,8 +158,7 @@ TEST(FormatNumber, SectionsArePositiveNegativeZero) {
 }
 
 TEST(FormatNumber, ExtremeMagnitudesKeepEveryDigit) {
-    const std::string big = FormatNumber(1e300, "0.00");
-    EXPECT_EQ(big, "1" + std::string(300, '0') + ".00");
+    EXPECT_EQ(FormatNumber(1e300, "0.00"), "1" + std::string(300, '0') + ".00");
     EXPECT_EQ(FormatNumber(1e-300, "0.00"), "0.00");
     EXPECT_EQ(FormatNumber(std::numeric_limits<double>::max(), "0").size(), 309u);
     EXPECT_EQ(FormatNumber(std::numeric_limits<double>::denorm_min(), "#.#"), ".");
@@ -176,16 +175,11 @@ TEST(FormatNumber, AnyFormatTextIsSafe) {
     // Every short combination of code characters, for a few awkward values.
     const std::string alphabet = "0#.,%E+-e\\\";x";
     const double values[] = {0.0, -1.5, 9.995, 1e300, -1e-300, 123456789.0};
-    std::string format;
-    for (std::size_t a = 0; a < alphabet.size(); ++a) {
-        for (std::size_t b = 0; b < alphabet.size(); ++b) {
-            for (std::size_t c = 0; c < alphabet.size(); ++c) {
-                format = {alphabet[a], alphabet[b], alphabet[c]};
+    for (const char a : alphabet)
+        for (const char b : alphabet)
+            for (const char c : alphabet)
                 for (const double v : values)
-                    EXPECT_NO_THROW(FormatNumber(v, format)) << format;
-            }
-        }
-    }
+                    EXPECT_NO_THROW(FormatNumber(v, std::string{a, b, c})) << a << b << c;
     EXPECT_NO_THROW(FormatNumber(1e300, std::string(2000, '%')));
     EXPECT_EQ(FormatNumber(1e300, "0" + std::string(200, ',')), "0");
 }
