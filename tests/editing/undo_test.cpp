@@ -118,6 +118,7 @@ TEST_F(Undo, ModifiedFollowsTheSavedState) {
     control().Undo();
     EXPECT_TRUE(control().IsModified());
     Edit(1, 1, "c");  // the saved state can no longer be reached
+    EXPECT_TRUE(control().IsModified());
     control().Undo();
     EXPECT_TRUE(control().IsModified());
 
