@@ -194,6 +194,7 @@ struct InPlaceText {
     char* buffer = nullptr;  // null: the file is to be read the ordinary way
     std::size_t size = 0;    // without the zero
     struct stat info {};     // the file after the last read
+    bool inPlace = false;    // false: parsed from a copy of the buffer (see below)
 };
 
 void Release(InPlaceText& read) {
@@ -203,9 +204,9 @@ void Release(InPlaceText& read) {
 
 // Returns 0, EFBIG when the file is larger than maxBytes (before anything is read),
 // ENOMEM when it does not fit in memory, or the errno of a failure to open it. The
-// buffer stays null when the file is empty, UTF-16, not as big as it said, or holds a
-// numeric character reference (their checks need the text as written, which parsing in
-// place overwrites).
+// buffer stays null when the file is empty or not as big as it said. A UTF-16 file, or
+// one holding a numeric character reference, is read but not for parsing in place:
+// their checks need the text as written, which parsing in place overwrites.
 int ReadForParsingInPlace(const std::string& path, std::uint64_t maxBytes, InPlaceText& read) {
     const int fd = open(path.c_str(), O_RDONLY | O_CLOEXEC);
     if (fd < 0) return errno;
@@ -228,15 +229,15 @@ int ReadForParsingInPlace(const std::string& path, std::uint64_t maxBytes, InPla
             got += static_cast<std::size_t>(count);
             continue;
         }
-        const std::string_view text(read.buffer, got);
-        if (count != 0 || got != size || text.starts_with("\xFF\xFE") ||
-            text.starts_with("\xFE\xFF") || text.find("&#") != std::string_view::npos ||
-            fstat(fd, &read.info) != 0) {
+        if (count != 0 || got != size || fstat(fd, &read.info) != 0) {
             Release(read);
-        } else {
-            read.buffer[size] = '\0';
-            read.size = size;
+            return closeWith(0);
         }
+        read.buffer[size] = '\0';
+        read.size = size;
+        const std::string_view text(read.buffer, size);
+        read.inPlace = !text.starts_with("\xFF\xFE") && !text.starts_with("\xFE\xFF") &&
+                       text.find("&#") == std::string_view::npos;
         return closeWith(0);
     }
 }
@@ -262,7 +263,7 @@ bool Document::LoadFile(const std::string& path, ParseError* error, std::uint64_
     // failure is parsed again from a copy, which keeps the text to report from.
     InPlaceText whole;
     int cause = ReadForParsingInPlace(path, maxBytes, whole);
-    if (whole.buffer != nullptr) {
+    if (whole.buffer != nullptr && whole.inPlace) {
         const FileStamp stamp =
             StampOf(whole.info, std::string_view(whole.buffer, whole.size), NamedThroughLink(path));
         pugi::xml_document& document = impl_->document;
@@ -280,7 +281,18 @@ bool Document::LoadFile(const std::string& path, ParseError* error, std::uint64_
     }
     std::string text;
     struct stat info {};
-    if (cause == 0) cause = ReadWholeFile(path, text, maxBytes, info);
+    if (whole.buffer != nullptr && !whole.inPlace) {
+        // Already read whole: copied, not read a second time.
+        try {
+            text.assign(whole.buffer, whole.size);
+            info = whole.info;
+        } catch (const std::bad_alloc&) {
+            cause = ENOMEM;
+        }
+        Release(whole);
+    } else if (cause == 0) {
+        cause = ReadWholeFile(path, text, maxBytes, info);
+    }
     if (cause == EFBIG) {
         return FillError(error, "The file " + path +
                                     " is larger than the largest document accepted (" +
