@@ -1,6 +1,6 @@
 // What the widget shows of a value that needs correcting, besides its red: the reason
-// as a tooltip, a mark that is not colour alone on the cell and on its editor, the
-// tree's badges, and the grid as a table for assistive technology.
+// as a tooltip on the cell and on its editor, the tree's badges, and the grid as a table for
+// assistive technology.
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
@@ -33,27 +33,17 @@ protected:
     }
 };
 
-TEST_F(ProblemCues, TheRedCellTellsItsReasonAndCarriesAMarkSeenWithoutColour) {
+TEST_F(ProblemCues, TheRedCellAndItsEditorTellTheReason) {
     const QRect cell = view().cellRect(2, 1);
     QHelpEvent help(QEvent::ToolTip, cell.center(), view().mapToGlobal(cell.center()));
     QApplication::sendEvent(&view(), &help);
     EXPECT_EQ(QToolTip::text(), QString::fromUtf8(kReason));
-
-    // In greyscale the red is dark; the mark in its corner is light.
-    const QImage shot = view().grab().toImage();
-    EXPECT_GT(qGray(shot.pixel(cell.topLeft() + QPoint(2, 2))), 200);
-    EXPECT_LT(qGray(shot.pixel(cell.center() + QPoint(0, cell.height() / 3))), 100);
-    const QRect valid = view().cellRect(3, 1);
-    EXPECT_EQ(shot.pixel(valid.topLeft() + QPoint(2, 2)),
-              shot.pixel(valid.center() + QPoint(0, 6)));
 
     // The editor over the red cell shows the mark and the reason too.
     ClickCell(2, 1);
     QWidget* editor = widget().widgetFor(form().unitNumControl);
     ASSERT_TRUE(editor->isVisible());
     EXPECT_EQ(editor->toolTip(), QString::fromUtf8(kReason));
-    const QImage withEditor = widget().grab(editor->geometry()).toImage();
-    EXPECT_LT(qGray(withEditor.pixel(3, 3)), 100);  // the corner triangle, dark on white
     EXPECT_EQ(editor->accessibleName(), QStringLiteral("Capacity, CH-1"));
     EXPECT_EQ(editor->accessibleDescription(),
               QStringLiteral("Unit: ton. ") + QString::fromUtf8(kReason));

@@ -21,26 +21,6 @@ protected:
     QTemporaryDir dir_;
 };
 
-TEST_F(SettingsBag, KeysLiveUnderTheGroupAndAValueEqualToItsDefaultIsRemoved) {
-    QSettings settings(IniPath(), QSettings::IniFormat);
-    QSettingsPropertyBag bag(settings, QStringLiteral("Spreadsheet1"));
-    const QString key = QStringLiteral("Spreadsheet1/hscGrid.LeftMargin");
-    bag.Write("hscGrid.LeftMargin", std::int64_t{900}, std::int64_t{1100});
-    EXPECT_TRUE(settings.contains(key));
-    EXPECT_TRUE(settings.group().isEmpty());
-    bag.Write("hscGrid.LeftMargin", std::int64_t{1100}, std::int64_t{1100});
-    EXPECT_FALSE(settings.contains(key));
-    EXPECT_EQ(bag.ReadInt32("hscGrid.LeftMargin", 1100), 1100);
-}
-
-TEST_F(SettingsBag, StoredTypesReadBackAsTheSameKind) {
-    EXPECT_EQ(QSettingsPropertyBag::FromVariant(QVariant(true)), PropertyValue(true));
-    EXPECT_EQ(QSettingsPropertyBag::FromVariant(QVariant(12)), PropertyValue(std::int64_t{12}));
-    EXPECT_EQ(QSettingsPropertyBag::FromVariant(QVariant(1.5)), PropertyValue(1.5));
-    EXPECT_EQ(QSettingsPropertyBag::FromVariant(QVariant(QStringLiteral("-1"))),
-              PropertyValue(std::string("-1")));
-}
-
 // Booleans, numbers and texts come back from the INI file's text through the control's
 // reading rules.
 TEST_F(SettingsBag, ControlSettingsSurviveARestartThroughQSettings) {

@@ -1,17 +1,13 @@
-// SpreadsheetWidget as a host and a user meet it: placement, sizing, focus, keys,
-// editing in the line edit, signals, properties and pictures.
+// SpreadsheetWidget as a host and a user meet it: editing in the line edit, signals,
+// properties and pictures.
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
-#include <QComboBox>
 #include <QGroupBox>
 #include <QLineEdit>
-#include <QScreen>
 #include <QSignalSpy>
 #include <QTest>
-#include <QTreeWidget>
 #include <fstream>
-#include <map>
 
 #include "common/files.h"
 #include "control/control_access.h"
@@ -30,36 +26,6 @@ protected:
         ClickCell(1, 2);
     }
 };
-
-// The open editor lies exactly over its cell.
-TEST_F(WidgetBehaviour, EveryBoundWidgetSitsWhereItsModelSaysInPixels) {
-    ASSERT_TRUE(Load("samples/filtered.xml"));
-    ClickCell(2, 1);
-    const TwipsScale& scale = widget().scale();
-    int bound = 0;
-    for (Component* child : form().children()) {
-        QWidget* shown = widget().widgetFor(*child);
-        if (shown == nullptr) continue;
-        ++bound;
-        SCOPED_TRACE(child->name());
-        EXPECT_EQ(shown->geometry(),
-                  scale.toPixels(child->left(), child->top(), child->width(), child->height()));
-        EXPECT_EQ(shown->isHidden(), !child->visible());
-        EXPECT_EQ(shown->isEnabled(), child->enabled());
-    }
-    EXPECT_EQ(bound, 16);
-    ASSERT_TRUE(form().anyEditorVisible());
-    for (Component* editor : {static_cast<Component*>(&form().txtTextBoxControl),
-                              static_cast<Component*>(&form().cboComboBoxControl),
-                              static_cast<Component*>(&form().unitNumControl),
-                              static_cast<Component*>(&form().unitDropControl)}) {
-        if (!editor->visible()) continue;
-        EXPECT_EQ(widget().widgetFor(*editor)->geometry(),
-                  view().cellRect(2, 1).translated(view().pos()));
-    }
-    EXPECT_EQ(widget().widgetFor(form().unitNumForCnv), nullptr);
-    EXPECT_EQ(widget().widgetFor(form().control), nullptr);
-}
 
 TEST_F(WidgetBehaviour, APasteAtTheCaretLeavesTheCaretAfterThePastedText) {
     EditPumpTag();  // "CHWP-2", all selected
@@ -86,19 +52,6 @@ TEST_F(WidgetBehaviour, TheNumberFieldsCaretGoesWhereTheMouseClicks) {
     EXPECT_EQ(form().unitNumControl.NumberText(), "1400");
     EXPECT_EQ(field->text(), QStringLiteral("1400"));
     EXPECT_EQ(field->cursorPosition(), 1);
-}
-
-TEST_F(WidgetBehaviour, AComboShowsItsModelsItemsAndATextOutsideThemAsPlaceholder) {
-    ComboBox& filter = form().cboFilter;
-    filter.addItem("All");
-    filter.addItem("Inline");
-    filter.setText("Inline");
-    auto* combo = qobject_cast<QComboBox*>(widget().widgetFor(filter));
-    EXPECT_EQ(combo->count(), 2);
-    EXPECT_EQ(combo->currentText(), QStringLiteral("Inline"));
-    filter.setText("Not listed");
-    EXPECT_EQ(combo->currentIndex(), -1);
-    EXPECT_EQ(combo->placeholderText(), QStringLiteral("Not listed"));
 }
 
 TEST_F(WidgetBehaviour, TheHostChangesTheValidatedColumnUnderAWaitCursor) {
@@ -202,104 +155,6 @@ TEST_F(WidgetBehaviour, ARefusedSaveSignalsItsReasonAfterTheMessage) {
         << reason.toStdString();
     EXPECT_EQ(widget().property("LastSaveError").toString(), reason);
     EXPECT_TRUE(ReadFileBytes(path).ends_with("<!-- theirs -->"));
-}
-
-// The items are only touched where they differ from the model: each change must still
-// show, a click changes no picture, and a node expanded twice stays expanded.
-TEST_F(WidgetBehaviour, TreeItemsShowEveryNodeAndFollowEveryExpansion) {
-    ASSERT_TRUE(Load("samples/english.xml"));
-    auto* tree = qobject_cast<QTreeWidget*>(widget().widgetFor(form().treTreeView));
-    TreeView& model = form().treTreeView;
-    const auto item = [tree](int index) {
-        for (QTreeWidgetItemIterator it(tree); *it != nullptr; ++it) {
-            if ((*it)->data(0, Qt::UserRole).toInt() == index) return *it;
-        }
-        return static_cast<QTreeWidgetItem*>(nullptr);
-    };
-    EXPECT_EQ(tree->currentItem()->text(0), QStringLiteral("Riverside MOB"));
-    int parents = 0;
-    for (int i = 1; i <= model.count(); ++i) {
-        ASSERT_NE(item(i), nullptr) << i;
-        EXPECT_EQ(item(i)->text(0).toStdString(), model.node(i).text);
-        if (item(i)->childCount() == 0) continue;
-        ++parents;
-        for (const bool expanded : {!model.node(i).expanded, model.node(i).expanded, true, true}) {
-            model.setExpanded(i, expanded);
-            EXPECT_EQ(item(i)->isExpanded(), expanded) << i;
-        }
-        const qint64 picture = item(i)->icon(0).cacheKey();
-        QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier,
-                          tree->visualItemRect(item(i)).center());
-        EXPECT_EQ(model.selectedIndex(), i);
-        EXPECT_EQ(item(i)->icon(0).cacheKey(), picture) << i;
-        EXPECT_EQ(item(i)->icon(0).isNull(), model.node(i).image == 0) << i;
-    }
-    EXPECT_GT(parents, 1);
-}
-
-// Repainting more than a gesture changed costs every gesture on a big document: a Tab
-// paints neither the tree nor the buttons, a resize the tree's rows once. The grid
-// repaints only the cells a move changed: what the screen shows after each gesture is
-// a full repaint, outside the widgets over it (editor, scroll bars).
-TEST_F(WidgetBehaviour, GesturesRepaintOnlyWhatTheyChangeAndTheScreenShowsAFullRepaint) {
-    struct PaintCounter : QObject {
-        std::map<QObject*, int> paints;
-        bool eventFilter(QObject* watched, QEvent* event) override {
-            if (event->type() == QEvent::Paint) ++paints[watched];
-            return false;
-        }
-    } counter;
-    UseScrollBars();
-    ASSERT_TRUE(Load("samples/english.xml"));
-    QWidget* tree = qobject_cast<QTreeWidget*>(widget().widgetFor(form().treTreeView))->viewport();
-    const auto expectWhole = [&](const char* after) {
-        const QImage screen =
-            widget().screen()->grabWindow(widget().winId()).toImage().copy(view().geometry());
-        const QImage whole = view().grab().toImage().convertToFormat(screen.format());
-        QRegion compared(view().rect());
-        for (QWidget* above : widget().findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
-            if (above != &view() && above->isVisible())
-                compared -= QRect(above->geometry().topLeft() - view().pos(), above->size());
-        }
-        int differing = 0;
-        for (const QRect& rect : compared) {
-            for (int y = rect.top(); y <= rect.bottom(); ++y) {
-                for (int x = rect.left(); x <= rect.right(); ++x)
-                    differing += screen.pixel(x, y) != whole.pixel(x, y) ? 1 : 0;
-            }
-        }
-        EXPECT_EQ(differing, 0) << "after " << after;
-    };
-    ClickCell(3, 1);
-    expectWhole("a click");
-    QApplication::instance()->installEventFilter(&counter);
-    KeyClick(Qt::Key_Tab);
-    QApplication::instance()->removeEventFilter(&counter);
-    EXPECT_EQ(form().msgGridView.col(), 2);
-    EXPECT_GE(counter.paints[&view()], 1);
-    EXPECT_EQ(counter.paints[tree], 0);
-    EXPECT_EQ(counter.paints[widget().widgetFor(form().cmdOK)], 0);
-    expectWhole("Tab");
-    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Return, Qt::Key_Return}) {
-        KeyClick(key);
-        expectWhole(key == Qt::Key_Tab ? "Tab" : "Enter");
-    }
-    QTest::mouseClick(&view(), Qt::LeftButton, Qt::ShiftModifier, CellCentre(2, 1));
-    ProcessEvents();
-    expectWhole("Shift+click");
-    ClickCell(1, 2);
-    expectWhole("a click after a selection");
-    TypeText("x");
-    KeyClick(Qt::Key_Return);
-    KeyClick(Qt::Key_Z, Qt::ControlModifier);
-    expectWhole("an undo");
-
-    counter.paints.clear();
-    QApplication::instance()->installEventFilter(&counter);
-    widget().resize(kWidthPixels + 100, kHeightPixels);
-    ProcessEvents();
-    QApplication::instance()->removeEventFilter(&counter);
-    EXPECT_EQ(counter.paints[tree], 1);
 }
 
 TEST_F(WidgetBehaviour, APictureQtCannotDecodeFailsTheLoad) {
