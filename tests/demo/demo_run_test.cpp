@@ -1,5 +1,5 @@
-// The demo host run as a user runs it without a display: the screenshots of a sample
-// and of a property page, the log of a scripted View/Print, the PDF export, Save as,
+// The demo host run as a user runs it without a display: the screenshot of a sample,
+// the log of a scripted View/Print, the PDF export, Save as,
 // and the command lines and steps it refuses. The PNGs are kept under the build folder
 // (demo_renders/) for people to look at.
 #include <gtest/gtest.h>
@@ -10,7 +10,6 @@
 #include <QTemporaryDir>
 
 #include "common/qt_images.h"
-#include "demo_options.h"
 
 namespace tabulon::testing {
 namespace {
@@ -79,14 +78,6 @@ TEST(DemoRun, ASampleRendersTheWholeWindowWithTheDocumentInIt) {
     EXPECT_GT(DistinctColours(image), 64);
 }
 
-TEST(DemoRun, APropertyPageRendersAsItsOwnDialog) {
-    const QImage image =
-        Screenshot(QStringLiteral("page_buttons"), Words("samples/english.xml --page buttons"));
-    ASSERT_FALSE(image.isNull());
-    EXPECT_LT(image.width(), 1024) << "the screenshot is the main window's";
-    EXPECT_GT(DistinctColours(image), 16);
-}
-
 TEST(DemoRun, ViewPrintIsLoggedAndItsReportExportsAsPdf) {
     QTemporaryDir dir;
     const QString pdf = dir.filePath(QStringLiteral("report.pdf"));
@@ -141,17 +132,6 @@ TEST(DemoRun, HelpUsageErrorsAndStepsThatCannotBeDone) {
     EXPECT_TRUE(step.err.contains(QStringLiteral("--node: the tree has no node NO_SUCH_NODE")))
         << step.err.toStdString();
     EXPECT_FALSE(QFile::exists(png));
-
-    const std::pair<QStringList, const char*> malformed[] = {
-        {Words("--click a 2"), "--click takes a row and a column number"},
-        {Words("--page colours"), "--page takes general or buttons"},
-        {Words("--size 800"), "--size takes WIDTHxHEIGHT in pixels"},
-        {Words("a.xml b.xml"), "only one document can be loaded: b.xml"}};
-    for (const auto& [args, reason] : malformed) {
-        QString why;
-        EXPECT_FALSE(demo::ParseDemoOptions(args, why)) << reason;
-        EXPECT_EQ(why.toStdString(), reason);
-    }
 }
 
 }  // namespace

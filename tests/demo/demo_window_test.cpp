@@ -1,6 +1,6 @@
 // The demo window used interactively, in process: a View/Print opens the preview of
-// its report once the control's handler is done, message boxes are shown as well as
-// logged, and the Properties menu opens the pages modally.
+// its report once the control's handler is done, and quitting with unsaved changes
+// asks first.
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
@@ -10,7 +10,6 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -27,8 +26,6 @@
 #include "demo_script.h"
 #include "demo_window.h"
 #include "event_log.h"
-#include "platform/property_bag.h"
-#include "qt/pages/property_page_dialog.h"
 #include "qt/spreadsheet_widget.h"
 #include "report_preview.h"
 
@@ -99,22 +96,6 @@ TEST_F(DemoWindowTest, ViewPrintOpensThePreviewOfItsReportAfterTheEvent) {
     EXPECT_FALSE(window.lastReport().isEmpty());
 }
 
-TEST_F(DemoWindowTest, AMessageBoxIsShownAndLogged) {
-    QString shown;
-    WhenModalOpens([&shown](QWidget* modal) {
-        if (auto* box = qobject_cast<QMessageBox*>(modal)) {
-            shown = box->text();
-            box->accept();
-        }
-    });
-
-    EXPECT_FALSE(window.openXmlText(QStringLiteral("<not-a-document/>"), QStringLiteral("text")));
-
-    EXPECT_FALSE(shown.isEmpty());
-    EXPECT_TRUE(LogText().contains(QStringLiteral("critical: ") + shown.section('\n', 0, 0)))
-        << LogText().toStdString();
-}
-
 // File > Export the grids as a workbook writes one worksheet per node; a target that
 // cannot be written is logged with the reason and leaves nothing.
 TEST_F(DemoWindowTest, TheGridsExportAsAWorkbook) {
@@ -132,24 +113,6 @@ TEST_F(DemoWindowTest, TheGridsExportAsAWorkbook) {
         LogText().contains(QStringLiteral("Export workbook ") + missing + QStringLiteral(": ")))
         << LogText().toStdString();
     EXPECT_FALSE(QFile::exists(missing));
-}
-
-TEST_F(DemoWindowTest, ThePropertiesMenuOpensEachPageModally) {
-    QMenu* properties = Menu(QStringLiteral("&Properties"));
-    ASSERT_NE(properties, nullptr);
-    ASSERT_EQ(properties->actions().size(), 2);
-
-    QStringList opened;
-    for (QAction* action : properties->actions()) {
-        WhenModalOpens([&opened](QWidget* modal) {
-            if (auto* dialog = qobject_cast<PropertyPageDialog*>(modal)) {
-                opened.append(dialog->windowTitle());
-                dialog->reject();
-            }
-        });
-        action->trigger();
-    }
-    EXPECT_EQ(opened, QStringList({QStringLiteral("General"), QStringLiteral("Advanced")}));
 }
 
 // Each document gets a fresh control, so custom units a first document declared do not
@@ -230,47 +193,6 @@ TEST_F(DemoWindowTest, TheStatusLineCountsTheCellsThatNeedCorrecting) {
 
     ASSERT_TRUE(window.openDocument(QStringLiteral("samples/english.xml")));
     EXPECT_EQ(count->text(), QString());
-}
-
-// Using the window never changes the saved settings; a page's change does, and only
-// the keys it changed, so every later start lays the control out alike.
-TEST(DemoSettings, OnlyWhatAPageChangesIsSavedAndRestartsLayOutAlike) {
-    QDir::setCurrent(QString::fromUtf8(TABULON_SOURCE_DIR));
-    MemoryPropertyBag store;
-    const auto start = [&store](const std::function<void(DemoWindow&)>& use) {
-        DemoWindow window(&store);
-        window.setInteractive(false);
-        window.resize(1024, 700);
-        window.show();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
-        SettleEvents();
-        EXPECT_TRUE(window.openDocument(QStringLiteral("samples/filtered.xml")));
-        const std::int32_t tree = window.spreadsheet().GeneralProperty().lngTreeViewWidth;
-        use(window);
-        return tree;
-    };
-    const std::int32_t tree = start([](DemoWindow& window) {
-        window.resize(1200, 800);
-        SettleEvents();
-        window.resize(900, 640);
-        SettleEvents();
-    });
-    EXPECT_TRUE(store.values().empty());
-
-    start([](DemoWindow& window) {
-        PropertyPageDialog* page = window.openPropertyPage(PropertyPageDialog::Kind::General);
-        auto* caption = qobject_cast<QLineEdit*>(page->widgetFor("txtFilterCaption", -1));
-        ASSERT_NE(caption, nullptr);
-        QTest::mouseClick(caption, Qt::LeftButton);
-        QTest::keyClick(caption, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(caption, QStringLiteral("Equipment"));
-        SettleEvents();
-        ASSERT_TRUE(page->apply());
-    });
-    ASSERT_EQ(store.values().size(), 1u);
-    EXPECT_EQ(PropertyToString(store.values().at("GeneralProperty.strFilterCaption")), "Equipment");
-    for (int run = 0; run < 2; ++run)
-        EXPECT_EQ(start([](DemoWindow&) {}), tree) << "start " << run;
 }
 
 }  // namespace
