@@ -1,5 +1,5 @@
-// Host calls and user gestures in a session: what each prints and in what order,
-// and that each reaches the control the way its help says.
+// Host calls in a session: what each prints and in what order (the gestures are run by
+// the documentation's examples and compared with the widget in tests/qt).
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -36,24 +36,6 @@ TEST(SessionHostCalls, EachCallPrintsItsResult) {
     EXPECT_TRUE(run.lines[7]["result"]["blnAllowBigSelection"].boolean);
 }
 
-// Undo, redo, the modified flag and the protective switch are host calls; the keys
-// reach the same undo (compared with the widget in tests/qt/session_parity_test.cpp).
-TEST(SessionHostCalls, UndoRedoAndTheEditStateAnswerAsTheControlDoes) {
-    const SessionRun run = RunSession(
-        "loadxml samples/english.xml\nprotective\nset-protective true\nprotective\n"
-        "undo\nnode PUMPS\nclick 1 1\nset-text \"CHWP-9\"\nkey Enter\nmodified\ncan-undo\n"
-        "key z ctrl\nmodified\ncan-redo\nredo\nredo\nmodified\n");
-    EXPECT_EQ(run.status, 0);
-    std::vector<bool> results;
-    for (const JsonValue& line : run.lines) {
-        if (line.has("result")) results.push_back(line["result"].boolean);
-    }
-    // loadxml, protective, protective, undo (nothing yet), modified, can-undo, then
-    // after Ctrl+Z: modified, can-redo, redo, redo (nothing left), modified.
-    EXPECT_EQ(results, (std::vector<bool>{true, false, true, false, true, true, false, true, true,
-                                          false, true}));
-}
-
 // MovePreviousCell has no handler of its own: a scroll step above the first row is a
 // failure that reaches the host.
 TEST(SessionHostCalls, AFailureReachingTheHostPrintsAnException) {
@@ -88,68 +70,6 @@ TEST(SessionHostCalls, SaveRefusalAndDocumentLimitAreObservable) {
     EXPECT_EQ(run.lines[6]["text"].text,
               "The file " + path + " is larger than the largest document accepted (10 bytes)");
     EXPECT_FALSE(run.lines[7]["result"].boolean);
-}
-
-// Typed tab characters are Tab keys (the keys themselves are compared with the widget
-// in tests/qt/session_parity_test.cpp).
-TEST(SessionGestures, TypedTabsMoveLikeTabKeys) {
-    const SessionRun run = RunSession(
-        "load samples/english.xml\nclick 2 1\ntype \"\\t\\t\"\ndump grid\nkey Enter\ndump grid\n");
-    ASSERT_EQ(run.lines.size(), 3u);
-    EXPECT_EQ(run.lines[1]["col"].number, 3);
-    EXPECT_EQ(run.lines[2]["row"].number, 3);
-    EXPECT_EQ(run.lines[2]["col"].number, 3);
-}
-
-// `paste` is the open number field's paste for one cell and a block paste otherwise.
-TEST(SessionGestures, PasteIsTheNumberFieldsWithOneCellAndABlockOtherwise) {
-    const SessionRun run = RunSession(
-        "load samples/english.xml\nclick 2 1\npaste \"7\"\ndump editors\npaste \"1\\t2\"\n"
-        "select 1 1 2 2\ncopy 1 1 1 2 captions\n");
-    ASSERT_EQ(run.status, 0) << run.err;
-    ASSERT_EQ(run.lines.size(), 4u);
-    EXPECT_EQ(run.lines[1]["unitNumControl"]["text"].text, "7");
-    EXPECT_EQ(run.lines[2]["result"]["written"].number, 2);
-    EXPECT_EQ(run.lines[3]["result"]["text"].text,
-              "Building\tNorth Wing\tSouth Wing\r\nOccupancy\tMedical office\tOffice");
-}
-
-// The scripted host changes the element it receives; the control then refills the
-// column from it.
-TEST(SessionGestures, OnAppGridActsAsTheHostWhileTheEventRuns) {
-    const SessionRun run = RunSession(
-        "load samples/english.xml\nnode PUMPS\n"
-        "on-appgrid \"CellValues[@GridValueKey='PUMPS']/CellValue[1]\" Valid 0\n"
-        "on-appgrid-text \"CellValues[@GridValueKey='PUMPS']/CellValue[2]\" \"Condenser water\"\n"
-        "click 1 1\nset-text \"CHWP-9\"\nkey Enter\ndump grid\n"
-        "on-appgrid-clear\nclick 1 1\nset-text \"CHWP-1\"\nkey Enter\ndump grid\n");
-    EXPECT_EQ(run.status, 0);
-    ASSERT_EQ(run.lines.size(), 5u);
-    EXPECT_EQ(run.lines[1]["event"].text, "AppGridEventHandler");
-    EXPECT_NE(run.lines[1]["xml"].text.find(">CHWP-9</CellValue>"), std::string::npos);
-    EXPECT_EQ(run.lines[2]["cells"][1][1]["back"].text, "#ff0000");
-    EXPECT_EQ(run.lines[2]["cells"][2][1]["text"].text, "Condenser water");
-    EXPECT_EQ(run.lines[3]["event"].text, "AppGridEventHandler");
-    EXPECT_EQ(run.lines[4]["cells"][1][1]["text"].text, "CHWP-1");
-    EXPECT_EQ(run.lines[4]["cells"][1][1]["back"].text, "#ff0000");
-}
-
-// A capacity above its maximum: find's hits and the walk back to it (F9, find and
-// find-next are compared with the widget in tests/qt/session_parity_test.cpp).
-TEST(SessionProblems, FindHitsAndTheWalkBackAreReachable) {
-    const SessionRun run = RunSession(
-        "loadxml samples/english.xml\nnode CHILLERS\nclick 2 1\ntype \"9999\"\nclick 2 2\n"
-        "node PROJECT\nfind \"ch-1\" whole-cell\ngo-to-hit 0\ndump state\nprevious-invalid\n"
-        "find-previous\n");
-    ASSERT_EQ(run.status, 0) << run.err;
-    ASSERT_EQ(run.lines.size(), 6u);
-    ASSERT_EQ(run.lines[1]["result"].items.size(), 1u);
-    EXPECT_EQ(run.lines[1]["result"][0]["node"].text, "CHILLERS");
-    EXPECT_EQ(run.lines[1]["result"][0]["col"].number, 1);
-    EXPECT_TRUE(run.lines[2]["result"].boolean);
-    EXPECT_EQ(run.lines[3]["strCurrentValueKey"].text, "CHILLERS");
-    EXPECT_TRUE(run.lines[4]["result"].boolean);
-    EXPECT_TRUE(run.lines[5]["result"].boolean);
 }
 
 }  // namespace

@@ -1,10 +1,9 @@
-// Instances in a session: the implied new and show, several instances on one thread,
-// replacing, and settings saved to and restored from a property-bag file.
+// Instances in a session: the implied new and show, several instances on one thread and
+// replacing (saving and restoring settings is run by the documentation's examples).
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "common/files.h"
 #include "session/tool_runner.h"
 
 namespace tabulon::testing {
@@ -36,19 +35,6 @@ TEST(SessionInstances, SeveralInstancesKeepTheirOwnDocumentsAndNewReplacesOne) {
     EXPECT_EQ(run.lines[3]["strXMLPath"].text, "samples/filtered.xml");
     EXPECT_EQ(run.lines[4]["strXMLPath"].text, "");
     EXPECT_EQ(run.lines[5]["error"].text.rfind("use: there is no instance 3", 0), 0u);
-}
-
-TEST(SessionInstances, SaveBagAndNewRestoreCarryTheSettings) {
-    const std::string bag = WriteTempFile("settings_bag.json", "");
-    const SessionRun run =
-        RunSession("set-general lngTreeViewStyle=3 strFilterCaption=\"Kept\"\nsave-bag \"" + bag +
-                   "\"\nnew-restore \"" + bag + "\"\ngeneral\n");
-    EXPECT_EQ(run.status, 0) << run.err;
-    ASSERT_EQ(run.lines.size(), 2u);
-    EXPECT_EQ(run.lines[1]["result"]["lngTreeViewStyle"].number, 3);
-    EXPECT_EQ(run.lines[1]["result"]["strFilterCaption"].text, "Kept");
-    const std::string stored = ReadFileBytes(bag);
-    EXPECT_NE(stored.find("\"GeneralProperty.lngTreeViewStyle\": 3"), std::string::npos) << stored;
 }
 
 }  // namespace
