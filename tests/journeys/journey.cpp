@@ -51,10 +51,6 @@ void JourneyFixture::Start(const std::string& documentText) {
     ASSERT_TRUE(Load(widgetPath_));
 }
 
-std::string JourneyFixture::SavedDocument() const {
-    return ReadFileBytes(widgetPath_);
-}
-
 void JourneyFixture::Play(const std::string& script) {
     std::istringstream lines(script);
     for (std::string line; std::getline(lines, line);) {
@@ -172,7 +168,7 @@ void JourneyFixture::Finish(const std::string& script, const std::string& hostSe
     ExpectGridMatches(form().msgGridView, LastDump(run, "grid"));
     EXPECT_EQ(events, SessionEvents(run));
     EXPECT_EQ(messages, SessionMessages(run));
-    EXPECT_EQ(SavedDocument(), ReadFileBytes(sessionPath_));
+    EXPECT_EQ(ReadFileBytes(widgetPath_), ReadFileBytes(sessionPath_));
 }
 
 }  // namespace tabulon::testing

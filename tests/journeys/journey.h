@@ -1,18 +1,8 @@
 // Journeys: a session script played on the real widget as the mouse and key events a
-// person makes (Play), then run by `tabulon session` on a second copy of the document
-// (Finish), which must give the same grid, events, messages and saved file. The
-// gestures Play knows, and the events it sends:
-//   click R C, node KEY      a left click on the cell's / the tree item's centre
-//   type "TEXT"              one key click per character to the focused widget
-//   key NAME [MODIFIERS]     one key click (Tab with shift is Backtab, as Qt sends it)
-//   paste "TEXT"             TEXT on the clipboard, then Ctrl+V
-//   button NAME              a click on the button
-//   hscroll/vscroll +1|-1    a click on the bar's arrow
-//   hscroll/vscroll =N       a click in the track on N's side of the thumb
-//   hdrag/vdrag N            the thumb pressed, moved in steps to where N lies, released
-//   wheel ROWS [COLS]        wheel notches (wheelScrollLines() rows each) over the grid's
-//                            centre, to whatever widget lies there
-// Any other command fails the test.
+// person makes (Play: clicks on cells, tree items, buttons and scroll-bar parts, key
+// clicks, Ctrl+V pastes, thumb drags and wheel notches over the grid's centre), then
+// run by `tabulon session` on a second copy of the document (Finish), which must give
+// the same grid, events, messages and saved file. Any other command fails the test.
 #pragma once
 
 #include <QScrollBar>
@@ -29,13 +19,10 @@ protected:
     void Start(const std::string& documentText);
     // Runs every command of script with real events.
     void Play(const std::string& script);
-    // The session tool on the second copy: load, hostSetup (the host's calls made after
-    // Start), script, then dumps. Expects what Play gave: the grid, the events and
-    // messages, and the two saved files equal.
+    // The session tool on the second copy: load, hostSetup (the host's calls after
+    // Start), script. Expects Play's grid, events and messages, and equal saved files.
     void Finish(const std::string& script, const std::string& hostSetup = "");
 
-    // The text of the widget's document file as it is now.
-    std::string SavedDocument() const;
     // A script file of tests/journeys/.
     static std::string ScriptFile(const std::string& name);
 
