@@ -1,5 +1,6 @@
 // A person scrolls a grid far wider and taller than the window with the control's own
 // scroll bars and the wheel, types into its first, last and middle cells and saves.
+#include <QWheelEvent>
 #include <string>
 
 #include "journeys/journey.h"
@@ -10,11 +11,30 @@ namespace {
 constexpr int kRows = 60;
 constexpr int kCols = 30;
 
-using Scrolling = JourneyFixture;
+class Scrolling : public JourneyFixture {
+protected:
+    // A width for every column (the caption column too) for which the last column,
+    // scrolled as far as it would go if the vertical bar were not counted, would end
+    // as far under that bar as can be.
+    std::int16_t WidthEndingUnderTheBar() {
+        const std::int32_t width = form().msgGridView.width();
+        std::int16_t best = 1000;
+        for (std::int16_t n = 1000; n < 2000; ++n) {
+            if (width % n < width % best) best = n;
+        }
+        const std::int32_t covered = form().msgGridView.left() + width - form().vscGrid.left();
+        EXPECT_LT(width % best, covered / 2)
+            << "no column width puts the last column under the bar";
+        return best;
+    }
+};
 
-TEST_F(Scrolling, BarsAndWheelReachEveryCell) {
+TEST_F(Scrolling, BarsAndWheelReachEveryCellAndTheLastColumnClearsTheVerticalBar) {
     Start(GridDocument(kRows, kCols));
-    UseScrollBars();
+    gGeneralProperty_type general = widget().GeneralProperty();
+    general.intScrollBars = 1;
+    general.lngColWidthMin = WidthEndingUnderTheBar();
+    widget().setGeneralProperty(general);
 
     const std::string script = ScriptFile("scrolling.session");
     const std::size_t lastCell = script.find("click 60 30");
@@ -22,14 +42,24 @@ TEST_F(Scrolling, BarsAndWheelReachEveryCell) {
     const FlexGrid& grid = form().msgGridView;
     EXPECT_EQ(grid.leftCol(), grid.maxLeftCol());
     EXPECT_EQ(grid.topRow(), grid.maxTopRow());
+    const QRect last = view().cellRect(kRows, kCols).translated(view().pos());
+    const QWidget* bar = widget().widgetFor(form().vscGrid);
+    EXPECT_LT(last.right(), bar->x()) << "the last column ends under the vertical bar";
 
-    Play(script.substr(lastCell));
+    const std::size_t middle = script.find("wheel 3\nbutton OK");
+    Play(script.substr(lastCell, middle - lastCell));
+    // The last wheel turns over the open editor of the middle cell.
+    const QPoint centre = view().geometry().center();
+    EXPECT_EQ(widget().childAt(centre), widget().widgetFor(form().txtTextBoxControl))
+        << view().rowAt(centre.y() - view().y()) << " " << view().colAt(centre.x() - view().x());
+    Play(script.substr(middle));
 
     EXPECT_EQ(grid.textMatrix(1, 1), "first");
     EXPECT_EQ(grid.textMatrix(kRows, kCols), "last");
     EXPECT_EQ(grid.textMatrix(kRows - 1, kCols), "above the last");
     EXPECT_EQ(grid.textMatrix(8, 2), "middle");
-    Finish(script, "set-general intScrollBars=1\n");
+    Finish(script, "set-general intScrollBars=1 lngColWidthMin=" +
+                       std::to_string(general.lngColWidthMin) + "\n");
 }
 
 }  // namespace
