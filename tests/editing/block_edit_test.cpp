@@ -31,30 +31,6 @@ protected:
     }
 };
 
-// Shift+click and drags, and the Shift+arrows in the grid, are driven with real events
-// in tests/qt/block_journey_test.cpp; here what they do to an open editor.
-TEST_F(Blocks, ExtendingTheSelectionCommitsTheEditorAndShiftSideArrowsStayInIt) {
-    LoadKinds();
-    Click(1, 1);
-    Paste("typed");
-    grid().userExtendSelection(4, 2);
-    EXPECT_EQ(Selection(), (std::vector<int>{1, 1, 4, 2}));
-    EXPECT_EQ(Stored(1, 1), "typed");
-    EXPECT_THAT(VisibleEditors(), IsEmpty());
-    EXPECT_TRUE(grid().hasFocus());
-    Key(keys::kDown, kShiftBit);  // the last row: stays
-    EXPECT_EQ(Selection(), (std::vector<int>{1, 1, 4, 2}));
-    // Tab still moves from a range.
-    Key(keys::kTab, 0, keys::kTab);
-    EXPECT_EQ(Selection(), (std::vector<int>{1, 2, 1, 2}));
-
-    Click(1, 1);
-    Key(keys::kRight, kShiftBit);
-    EXPECT_EQ(Selection(), (std::vector<int>{1, 1, 1, 1}));
-    Key(keys::kDown, kShiftBit);
-    EXPECT_EQ(Selection(), (std::vector<int>{1, 1, 2, 1}));
-}
-
 TEST_F(Blocks, CopyGivesShownCellsAsTextAndHtmlWithoutHiddenColumns) {
     LoadKinds("ENGLISH", 3);
     grid().setColWidth(2, 0);  // filtered out
@@ -132,21 +108,6 @@ TEST_F(Blocks, BlockPasteIsOneUndoStepWithTheHostAskedOncePerColumn) {
     EXPECT_EQ(control().XML(), loaded);
     EXPECT_EQ(RowTexts(1), (std::vector<std::string>{"R", "a", "d"}));
     EXPECT_FALSE(control().CanUndo());
-}
-
-TEST_F(Blocks, OneValueFillsTheSelectionAndCtrlVTakesTheClipboard) {
-    LoadKinds("ENGLISH", 3);
-    Click(1, 1);
-    grid().userExtendSelection(1, 3);
-    control().SetClipboard(nullptr);
-    core().clipboard->Put({"zz", ""});
-    Ctrl('V');
-    EXPECT_EQ(RowTexts(1), (std::vector<std::string>{"R", "zz", "zz", "zz"}));
-    // With one cell and its editor open, a one-cell clipboard is the editor's.
-    Click(1, 1);
-    Ctrl('V');
-    EXPECT_EQ(form().txtTextBoxControl.text(), "zz");
-    EXPECT_THAT(VisibleEditors(), ElementsAre("txtTextBoxControl"));
 }
 
 TEST_F(Blocks, FillDownRightAndDeleteFollowTheRules) {

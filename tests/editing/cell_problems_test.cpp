@@ -1,5 +1,5 @@
 // Why a cell is red: the reason a commit, the document or the host gives, as the
-// control reports it (CellProblem), and the counts and tree marks that follow edits.
+// control reports it (CellProblem), and the count that follows.
 #include "editing_fixture.h"
 
 namespace tabulon::testing {
@@ -46,64 +46,6 @@ TEST_F(EditingTest, ReasonIsWhatTheCheckFoundInTheUnitAndFormatShown) {
         EXPECT_EQ(Attribute(1, 1, "Valid") == "1", *c.reason == '\0');
         EXPECT_EQ(control().ProblemCount(), *c.reason == '\0' ? 0 : 1);
     }
-}
-
-// The host's mark is its own reason and leaves the other values' reasons alone; undo
-// and redo put flags back, the host's mark included: counts, marks and reasons follow.
-TEST_F(EditingTest, TheHostsMarkCountsAndReasonsFollowUndoAndRedo) {
-    Load({Row("TextBox"), Row("UnitNum", kTons)}, {Column({{"a", true, true, true}, {"400"}})});
-    host.onAppGridEventHandler = [](xml::Node& gridValue) {
-        gridValue.select("CellValues/CellValue[1]")[0].setAttribute("Valid", "0");
-    };
-    Edit(2, 1, "5000");
-    Edit(1, 1, "b");
-    EXPECT_EQ(control().CellProblem(1, 1), "Marked invalid by the host");
-    EXPECT_EQ(control().CellProblem(2, 1), "Above the maximum of 3000 ton");
-    ASSERT_EQ(control().ProblemCount(), 2);
-    EXPECT_EQ(form().treTreeView.node(1).problems, 2);
-
-    ASSERT_TRUE(control().Undo());
-    EXPECT_EQ(control().ProblemCount(), 1);
-    EXPECT_EQ(control().CellProblem(1, 1), "");
-    ASSERT_TRUE(control().Undo());
-    EXPECT_EQ(control().ProblemCount(), 0);
-    EXPECT_EQ(form().treTreeView.node(1).problems, 0);
-    EXPECT_EQ(control().CellProblem(2, 1), "");
-
-    ASSERT_TRUE(control().Redo());
-    ASSERT_TRUE(control().Redo());
-    EXPECT_EQ(control().ProblemCount(), 2);
-    EXPECT_EQ(form().treTreeView.node(1).problems, 2);
-    EXPECT_EQ(control().CellProblem(2, 1), "Above the maximum of 3000 ton");
-    EXPECT_EQ(control().CellProblem(1, 1), "Marked invalid in the document");
-}
-
-// Two nodes over the same layout; counts follow each commit and each host change, and a
-// node shown again brings back the reason this session found.
-TEST_F(EditingTest, CountsAndTreeMarksFollowCommitsAndReasonsSurviveLeavingTheNode) {
-    const std::string row = Row("UnitNum", kTons);
-    Load({row, row},
-         {Column({{"400"}, {"9000", true, false}},
-                 CellValues("K2", {{"9000", true, false}, {"9000", true, false}}))},
-         "ENGLISH", "", Pnode("N2", "K2"));
-    const TreeView& tree = form().treTreeView;
-    EXPECT_EQ(control().ProblemCount(), 3);
-    EXPECT_EQ(tree.node(1).problems, 1);
-    EXPECT_EQ(tree.node(2).problems, 2);
-
-    Edit(1, 1, "20");  // below the minimum of 50
-    Edit(2, 1, "100");
-    EXPECT_EQ(control().ProblemCount(), 3);
-    EXPECT_EQ(tree.node(1).problems, 1);
-
-    form().treTreeView.userClickNode(2);
-    form().treTreeView.userClickNode(1);
-    EXPECT_EQ(control().CellProblem(1, 1), "Below the minimum of 50 ton");
-    EXPECT_EQ(control().CellProblem(2, 1), "");
-
-    ASSERT_TRUE(LoadText(Document({row}, {Column({{"1"}})})));
-    EXPECT_EQ(control().ProblemCount(), 0);
-    EXPECT_EQ(control().CellProblem(1, 1), "");
 }
 
 }  // namespace

@@ -7,22 +7,6 @@ namespace {
 
 class CommitCellEdit : public EditingTest {};
 
-TEST_F(CommitCellEdit, TextAndPickListNeverTouchValidOrColour) {
-    Load({Row("TextBox"), Row("ComboBox", "ListValues=\"a;b\"")},
-         {Column({{"x", true, false}, {"a", true, false}})});
-    Click(1, 1);
-    Paste("12345");
-    Click(2, 1);  // leaving the cell commits it
-    ASSERT_TRUE(form().cboComboBoxControl.userPick("b"));
-    PointAtHeader();
-    for (const auto& [r, text] : {std::pair{1, "12345"}, std::pair{2, "b"}}) {
-        EXPECT_EQ(Shown(r, 1), text);
-        EXPECT_EQ(Stored(r, 1), text);
-        EXPECT_EQ(Attribute(r, 1, "Valid"), "0");
-        EXPECT_EQ(grid().cellBackColor(r, 1), kRed);
-    }
-}
-
 TEST_F(CommitCellEdit, NegativeBelowMinimumBecomesZero) {
     struct Case {
         std::string minVal, typed, shown, valid;
@@ -109,20 +93,6 @@ TEST_F(CommitCellEdit, AHostThatFailsGetsItsCursorBackAndTheCommitReportsTheFail
                                           {HostEventKind::WaitCursor, "0"}}));
     ExpectMessages({Critical("Unexpected Error - 1010")});
     EXPECT_EQ(Stored(1, 1), "z");  // the value was written before the host ran
-}
-
-TEST_F(CommitCellEdit, ColumnIsRefilledOnlyWhenTheHostChangedIt) {
-    Load({Row("TextBox"), Row("TextBox")}, {Column({{"a", true, true, true}, {"b"}})});
-    grid().setTextMatrix(2, 1, "scribble");  // a refill would restore "b"
-    Edit(1, 1, "z");
-    EXPECT_EQ(Shown(2, 1), "scribble");
-    host.onAppGridEventHandler = [](xml::Node& gridValue) {
-        gridValue.select("CellValues/CellValue[1]")[0].setAttribute("Valid", "0");
-    };
-    Edit(1, 1, "y");
-    EXPECT_EQ(Shown(2, 1), "b");
-    EXPECT_EQ(Shown(1, 1), "y");
-    EXPECT_EQ(grid().cellBackColor(1, 1), kRed);
 }
 
 }  // namespace

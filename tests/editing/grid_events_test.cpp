@@ -25,28 +25,6 @@ TEST_F(GridEvents, ScrollCommitsAndHides) {
     ExpectCommittedAndHidden();
 }
 
-TEST_F(GridEvents, PointerOverHeaderLinesUpBarsCommitsHidesAndFocusesGrid) {
-    OpenOnTallGrid();
-    grid().setColWidth(0, 1500);
-    grid().setRowHeight(0, 400);
-    grid().userMouseMove(2, 1);  // over a data cell: only the margins follow the header
-    EXPECT_EQ(form().hscGrid.LeftMargin(), 1490);
-    EXPECT_EQ(form().vscGrid.TopMargin(), 390);
-    EXPECT_THAT(VisibleEditors(), ElementsAre("txtTextBoxControl"));
-    grid().userMouseMove(3, 0);  // over the header column
-    ExpectCommittedAndHidden();
-    EXPECT_TRUE(grid().hasFocus());
-}
-
-TEST_F(GridEvents, ScrollBarTakingFocusCommitsAndHides) {
-    for (Component* bar : std::vector<Component*>{&form().hscGrid, &form().vscGrid}) {
-        OpenOnTallGrid();
-        bar->setVisible(true);
-        bar->setFocus();
-        ExpectCommittedAndHidden();
-    }
-}
-
 TEST_F(GridEvents, ScrollBarRefreshAfterCellChangeDoesNotCommit) {
     gGeneralProperty_type general = control().GeneralProperty();
     general.intScrollBars = 1;

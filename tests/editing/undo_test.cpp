@@ -1,5 +1,5 @@
-// Undo and redo as the user and the host see them: the node and cell shown, Escape,
-// the keys and the modified flag. The editor's own undo going first is checked with real
+// Undo and redo as the user and the host see them: Escape, the keys and the modified
+// flag. The editor's own undo going first is checked with real
 // keys (tests/qt/session_parity_test.cpp), the document and grid given back on random
 // edits (tests/reliability/undo_property_test.cpp), block edits in block_edit_test.cpp.
 #include "editing/editing_fixture.h"
@@ -19,37 +19,6 @@ protected:
     }
     void Escape() { control().UserKeyStroke(keys::kEscape, keys::kEscape, 0); }
 };
-
-TEST_F(Undo, ShowsTheStepsNodeAndCellWithoutOpeningAnEditor) {
-    Load({Row("TextBox"), Row("TextBox")},
-         {Column({{"a"}, {"b"}}, CellValues("K2", {{"x"}, {"y"}}))}, "ENGLISH", "",
-         Pnode("N2", "K2"));
-    Edit(2, 1, "edited");
-    form().treTreeView.userClickNode(2);
-    ASSERT_EQ(core().doc.strCurrentValueKey, "K2");
-    Click(1, 1);
-
-    ASSERT_TRUE(control().Undo());
-    EXPECT_EQ(form().treTreeView.selectedIndex(), 1);
-    EXPECT_EQ(core().doc.strCurrentValueKey, "K");
-    EXPECT_EQ(Shown(2, 1), "b");
-    EXPECT_EQ(grid().row(), 2);
-    EXPECT_EQ(grid().col(), 1);
-    EXPECT_THAT(VisibleEditors(), IsEmpty());
-    EXPECT_TRUE(grid().hasFocus());
-}
-
-// A new edit dropping the redo steps is checked on random edits; a load drops them all.
-TEST_F(Undo, ALoadDropsEveryStep) {
-    Load({Row("TextBox")}, {Column({{"a"}})});
-    Edit(1, 1, "b");
-    Edit(1, 1, "c");
-    ASSERT_TRUE(control().Undo());
-    Load({Row("TextBox")}, {Column({{"a"}})});
-    EXPECT_FALSE(control().CanUndo());
-    EXPECT_FALSE(control().CanRedo());
-    EXPECT_FALSE(control().IsModified());
-}
 
 // In each editor kind, its own undo and redo, then Escape: the value it opened with
 // comes back and the commit that follows leaves the English document as it was.

@@ -32,21 +32,6 @@ TEST_F(ConvertGridUnits, MetricDocumentShowsUnitRowsConverted) {
     }
 }
 
-TEST_F(ConvertGridUnits, ValuesConvertOncePerFill) {
-    Load({kFeet, kFeetOrInches},
-         {Column({{"10"}, {"10(ft)"}}, CellValues("K3", {{"20"}, {"1(ft)"}}))}, "METRIC", "",
-         Pnode("N2", "K") + Pnode("N3", "K3"));
-    TreeView& tree = form().treTreeView;
-    for (const auto& [node, num, drop] : std::vector<std::array<std::string, 3>>{
-             {"N2", "3.048", "3.05(m)"},  // same values: no refill, no second pass
-             {"N3", "6.096", "0.30(m)"},
-             {"N1", "3.048", "3.05(m)"}}) {
-        tree.userClickNode(tree.indexOf(node));
-        EXPECT_EQ(Shown(1, 1), num) << node;
-        EXPECT_EQ(Shown(2, 1), drop) << node;
-    }
-}
-
 TEST_F(ConvertGridUnits, UnitFaultEndsThePassWithItsMessage) {
     for (const auto& [row, stored, message] : std::vector<std::array<std::string, 3>>{
              {Row("UnitNum", "Unit=\"NOPE\""), "10", "Invalid UnitNum units defined in XML."},

@@ -38,10 +38,6 @@ TEST_F(GridFill, LayoutComesFromTheGridHeader) {
         EXPECT_EQ(grid().rowHeight(r), heights[r - 1]) << r;
     // The filter's "All" shows every column at its ColumnHeader width.
     EXPECT_THAT(ColWidths(), ElementsAre(1500, 1080, 900));
-    // Before that, a value column with a Width starts hidden.
-    doc().strCurrentHeaderKey.clear();
-    ASSERT_TRUE(FillGridHeaders(core(), "H"));
-    EXPECT_THAT(ColWidths(), ElementsAre(1500, 1080, 0));
 }
 
 TEST_F(GridFill, CellTextFollowsTheRowsControlType) {
@@ -80,30 +76,6 @@ TEST_F(GridFill, CellTextFollowsTheRowsControlType) {
     }
 }
 
-TEST_F(GridFill, SameKeysKeepLayoutAndValuesAndShortColumnsKeepTheirRest) {
-    ASSERT_TRUE(
-        LoadText(Doc(Pnode("n1", "V1") + Pnode("n2", "V2") + Pnode("n3", "V2"), kLayout,
-                     "<GridValue>" + Values("V1", Cell("a1") + Cell("a2") + Cell("3") + Cell("4")) +
-                         Values("V2", Cell("b1") + Cell("b2")) + "</GridValue>")));
-    grid().setRowHeight(1, 999);
-    ClickNode("n2");
-    EXPECT_EQ(grid().rowHeight(1), 999);  // same GridHeaderKey: layout kept
-    EXPECT_THAT(RowTexts(1), ElementsAre("Text", "b1", ""));
-    EXPECT_EQ(grid().textMatrix(3, 1), "3.00");  // fewer values than rows: rest stays
-    grid().setTextMatrix(1, 1, "scribble");
-    ClickNode("n3");
-    EXPECT_EQ(grid().textMatrix(1, 1), "scribble");  // same keys: nothing refilled
-}
-
-TEST_F(GridFill, ALayoutOfOneColumnShowsOnlyCaptions) {
-    ASSERT_TRUE(LoadText(Doc(Pnode("n1", "V1"),
-                             Header("H", R"(<ColumnHeader HName="Item"/>)",
-                                    R"(<RowHeader HName="R" ControlType="TextBox"/>)"),
-                             "<GridValue>" + Values("V1", Cell("a")) + "</GridValue>")));
-    ExpectMessages({});
-    EXPECT_THAT(RowTexts(1), ElementsAre("R"));
-}
-
 TEST_F(GridFill, AnUnknownHeaderKeyEmptiesTheGridAndDisablesTheFilter) {
     ASSERT_TRUE(LoadText(Doc(Pnode("n1", "V1") + Pnode("n2", "V1", R"(Filter="0")", "Nope"),
                              kLayout, "<GridValue>" + Values("V1", Cell("a")) + "</GridValue>")));
@@ -114,10 +86,6 @@ TEST_F(GridFill, AnUnknownHeaderKeyEmptiesTheGridAndDisablesTheFilter) {
     EXPECT_EQ(grid().cols(), 0);
     EXPECT_FALSE(form().cboFilter.enabled());
     EXPECT_EQ(form().cboFilter.text(), "All");
-    EXPECT_EQ(form().hscGrid.LeftMargin(), 0);
-    EXPECT_EQ(form().vscGrid.TopMargin(), 0);
-    EXPECT_FALSE(form().hscGrid.ScrollEnabled());
-    EXPECT_FALSE(form().vscGrid.ScrollEnabled());
 }
 
 TEST_F(GridFill, ValuesBeyondTheLastColumnAreSkippedWithOneMessage) {
@@ -140,20 +108,6 @@ TEST_F(GridFill, AMissingValueKeyClearsEveryValueCell) {
     ClickNode("n2");
     ExpectMessages({Information("Grid value key 'V9' not found in XML")});
     EXPECT_THAT(RowTexts(1), ElementsAre("Text", "", ""));
-}
-
-TEST_F(GridFill, EveryMatchingCellValuesAppliesInDocumentOrder) {
-    ASSERT_TRUE(
-        LoadText(Doc(Pnode("n1", "V1"), kLayout,
-                     "<GridValue>" + Values("V1", Cell("first"), R"(FilterValue="X")") +
-                         Values("V2", Cell("other"), R"(FilterValue="Z")") +
-                         Values(" V1 ", Cell("second"), R"(FilterValue=" Y ")") + "</GridValue>")));
-    ExpectMessages({});
-    EXPECT_EQ(grid().textMatrix(1, 1), "second");
-    EXPECT_THAT(doc().colFilterValues, ElementsAre("X", "Y"));
-    // Edits go to the last of them.
-    EXPECT_EQ(doc().arrCellNodes.at(1, 1), doc().arrColumnNodes.at(1).firstChild());
-    EXPECT_EQ(doc().arrColumnNodes.at(1).attribute("FilterValue").value(), " Y ");
 }
 
 }  // namespace

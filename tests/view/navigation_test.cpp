@@ -4,7 +4,6 @@
 
 #include <utility>
 
-#include "support/failure.h"
 #include "view_fixture.h"
 
 namespace tabulon::testing {
@@ -38,21 +37,6 @@ protected:
     }
 };
 
-TEST_F(Navigation, MovesStopAtTheEdgesWithoutWrapping) {
-    MakeGrid(4, 4);
-    Goto(3, 3);
-    control().MoveNextCell(9);
-    control().MoveNextCell(13);
-    EXPECT_EQ(Current(), std::make_pair(3, 3));
-    Goto(1, 1);
-    EXPECT_EQ(KeyUp(9, kCtrl), 0);
-    EXPECT_EQ(KeyUp(13, kCtrl), 0);
-    EXPECT_EQ(Current(), std::make_pair(1, 1));
-    control().MoveNextCell(65);
-    control().MovePreviousCell(65);
-    EXPECT_EQ(Current(), std::make_pair(1, 1));
-}
-
 TEST_F(Navigation, KeysMoveAsTheirTableSaysUnlessAHeaderIsSelected) {
     MakeGrid(5, 5);
     const struct {
@@ -81,23 +65,6 @@ TEST_F(Navigation, KeysMoveAsTheirTableSaysUnlessAHeaderIsSelected) {
     EXPECT_EQ(Current(), std::make_pair(0, 2));
 }
 
-TEST_F(Navigation, ColumnMovesSkipHiddenColumnsOrStayPut) {
-    MakeGrid(3, 6);
-    grid().setColWidth(3, 0);
-    grid().setColWidth(4, 0);
-    Goto(1, 2);
-    control().MoveNextColumn();
-    EXPECT_EQ(grid().col(), 5);
-    control().MovePreviousColumn();
-    EXPECT_EQ(grid().col(), 2);
-    grid().setColWidth(5, 0);
-    control().MoveNextColumn();
-    EXPECT_EQ(grid().col(), 2);
-    grid().setColWidth(1, 0);
-    control().MovePreviousColumn();
-    EXPECT_EQ(grid().col(), 2);
-}
-
 TEST_F(Navigation, MovingOffTheBottomScrollsExactlyOneRow) {
     MakeGrid(20, 3, 2000);  // rows 1-3 end within 2000 - 300, row 4 does not
     form().vscGrid.SetScrollEnabled(false);
@@ -109,17 +76,6 @@ TEST_F(Navigation, MovingOffTheBottomScrollsExactlyOneRow) {
     Goto(12, 1);  // far below the view: still one step
     MovePreviousRow(core());
     EXPECT_EQ(grid().topRow(), 1);
-}
-
-TEST_F(Navigation, MovingUpUsesTheBottomEdgeTestAndFailuresReachTheCaller) {
-    MakeGrid(20, 3, 2000);
-    grid().setTopRow(2);
-    Goto(6, 1);
-    MovePreviousRow(core());  // row 5 is in view but ends below 1700: scrolls up
-    EXPECT_EQ(grid().row(), 5);
-    EXPECT_EQ(grid().topRow(), 1);
-    Goto(6, 1);
-    EXPECT_THROW(MovePreviousRow(core()), InvalidArgumentFailure);  // no row above TopRow 1
 }
 
 TEST_F(Navigation, MovingRightPastTheEdgeScrollsOneColumn) {

@@ -2,7 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include "view/scrollbar_refresh.h"
 #include "view_fixture.h"
 
 namespace tabulon::testing {
@@ -38,37 +37,21 @@ TEST_F(NodeSelection, FilterFrameAndCaptionFollowTheSelectedNode) {
     EXPECT_EQ(form().lblFilter.caption(), "  Size  ");
     EXPECT_EQ(grid().top(), 840);
     const std::int32_t gridHeight = grid().height();
-    const std::int32_t barHeight = form().vscGrid.height();
 
     ClickNode("p2");  // hides the frame, leaves the label alone
     EXPECT_FALSE(frame.visible());
     EXPECT_EQ(form().lblFilter.caption(), "  Size  ");
     EXPECT_EQ(grid().top(), 0);
-    EXPECT_EQ(form().vscGrid.top(), 40);
     EXPECT_EQ(grid().height(), gridHeight + 840);
-    EXPECT_EQ(form().vscGrid.height(), barHeight + 840);
 
     ClickNode("p3");  // shown again; a blank caption does not count
     EXPECT_TRUE(frame.visible());
-    EXPECT_EQ(form().vscGrid.top(), 880);
     EXPECT_EQ(grid().height(), gridHeight);
 
     form().lblFilter.setCaption("Mine");
     ClickNode("c1");  // inherits p1's caption
     EXPECT_EQ(form().lblFilter.caption(), "  Size  ");
     ExpectMessages({});
-}
-
-TEST_F(NodeSelection, SelectionHidesEditorsAndEnablesTheFilterCombo) {
-    ASSERT_TRUE(LoadText(
-        Doc(Node("Pnode", "p1", "V1", R"(Filter="0")") + Node("Pnode", "p2", "V2", R"(Filter="0")"),
-            kLayout, TwoValues())));
-    form().cboFilter.setEnabled(false);
-    form().txtTextBoxControl.setVisible(true);
-    ClickNode("p2");
-    EXPECT_FALSE(form().txtTextBoxControl.visible());
-    EXPECT_TRUE(form().cboFilter.enabled());
-    EXPECT_EQ(grid().textMatrix(1, 1), "two");
 }
 
 TEST_F(NodeSelection, CollapseSelectsAgainForTheNodeSelectedAfterwards) {
@@ -80,26 +63,6 @@ TEST_F(NodeSelection, CollapseSelectsAgainForTheNodeSelectedAfterwards) {
     form().treTreeView.userCollapse(1);
     EXPECT_EQ(form().treTreeView.selectedIndex(), 1);
     EXPECT_EQ(grid().textMatrix(1, 1), "one");
-}
-
-TEST_F(NodeSelection, AdvancedScrollBarsRefreshOnlyWhenShownAndLoaded) {
-    // Nine columns of 1080 twips do not fit in the grid's 5360.
-    ASSERT_TRUE(LoadText(Document({Row("TextBox")}, std::vector<std::string>(8, Column({{"x"}})))));
-    ctlHorizontalScroll& bar = form().hscGrid;
-    bar.SetScrollEnabled(false);
-    RefreshAdvanceScrollbars(core());  // bars hidden: nothing happens
-    EXPECT_FALSE(bar.ScrollEnabled());
-
-    bar.setVisible(true);
-    doc().blnGridLoaded = false;
-    RefreshAdvanceScrollbars(core());
-    EXPECT_FALSE(bar.ScrollEnabled());
-
-    doc().blnGridLoaded = true;
-    RefreshAdvanceScrollbars(core());
-    EXPECT_TRUE(bar.ScrollEnabled());
-    EXPECT_FALSE(form().vscGrid.ScrollEnabled());
-    ExpectMessages({});
 }
 
 }  // namespace

@@ -63,22 +63,6 @@ TEST_F(TreeBuilding, OptionalAttributesInheritAndEmptyHeaderKeyEmptiesValueKey) 
     }
 }
 
-TEST_F(TreeBuilding, NodesNamingOnePictureShareOneImageEntry) {
-    const std::string a = TempFile("a.bmp", "AAAA").string();
-    const std::string b = TempFile("b.bmp", "BB").string();
-    ASSERT_TRUE(LoadText(TreeDoc(Pnode("p1", "ImageName=\"" + a + "\"") + Pnode("p2") +
-                                 Pnode("p3", "ImageName=\"" + b + "\"") +
-                                 Pnode("p4", "ImageName=\"" + a + "\""))));
-    ExpectMessages({});
-    ASSERT_EQ(form().ilsTreeView.count(), 2);
-    EXPECT_EQ(form().ilsTreeView.picture(1).data().size(), 4u);
-    EXPECT_EQ(form().treTreeView.imageList(), &form().ilsTreeView);
-    // p2 inherits p1's picture: udtCurrentNode is never cleared.
-    const int images[] = {1, 1, 2, 1};
-    for (int i = 1; i <= 4; ++i)
-        EXPECT_EQ(form().treTreeView.node(i).image, images[i - 1]);
-}
-
 TEST_F(TreeBuilding, MissingPicturesAreListedOnceInFirstSeenOrder) {
     // "a.png" is already contained in "xa.png", so the substring test leaves it out.
     ASSERT_TRUE(LoadText(TreeDoc(Pnode("p1", R"(ImageName="/nowhere/xa.png")") +
@@ -91,31 +75,6 @@ TEST_F(TreeBuilding, MissingPicturesAreListedOnceInFirstSeenOrder) {
     for (int i = 1; i <= 4; ++i)
         EXPECT_EQ(form().treTreeView.node(i).image, 0);
     EXPECT_EQ(form().treTreeView.imageList(), nullptr);
-}
-
-TEST_F(TreeBuilding, ImageListIsNeverClearedAndEachLoadCountsFromOne) {
-    const std::string a = TempFile("a.bmp", "A").string();
-    const std::string b = TempFile("b.bmp", "B").string();
-    const std::string c = TempFile("c.bmp", "C").string();
-    ASSERT_TRUE(LoadText(
-        TreeDoc(Pnode("p1", "ImageName=\"" + a + "\"") + Pnode("p2", "ImageName=\"" + b + "\""))));
-    ASSERT_TRUE(LoadText(TreeDoc(Pnode("q1", "ImageName=\"" + c + "\""))));
-    ASSERT_EQ(form().ilsTreeView.count(), 2);
-    EXPECT_EQ(form().ilsTreeView.picture(1).path, c);
-    EXPECT_EQ(form().ilsTreeView.picture(2).path, b);
-    EXPECT_EQ(form().treTreeView.node(1).image, 1);
-
-    // A load without pictures leaves the list bound.
-    ASSERT_TRUE(LoadText(TreeDoc(Pnode("r1", R"(ImageName="")"))));
-    EXPECT_EQ(form().treTreeView.imageList(), &form().ilsTreeView);
-}
-
-TEST_F(TreeBuilding, OnlyATreeOfTwoOrMoreNodesHasItsFirstNodeExpanded) {
-    ASSERT_TRUE(LoadText(TreeDoc(Pnode("p1"))));
-    EXPECT_FALSE(form().treTreeView.node(1).expanded);
-    ASSERT_TRUE(LoadText(TreeDoc(Pnode("p1") + Pnode("p2"))));
-    EXPECT_TRUE(form().treTreeView.node(1).expanded);
-    EXPECT_FALSE(form().treTreeView.node(2).expanded);
 }
 
 }  // namespace
