@@ -27,18 +27,6 @@ protected:
     EventLog log;
 };
 
-TEST_F(FlexGridGeometry, VisibleMeansPartlyInsideAndNotScrolledOut) {
-    grid.setTopRow(3);
-    EXPECT_EQ(grid.rowPos(1), -180);  // scrolled out: above the grid
-    // Row 7 starts at 1260 and is cut by the bottom edge at 1400; row 8 starts at 1500.
-    const bool expected[] = {true, false, false, true, true, true, true, true, false, false, false};
-    for (int r = 0; r < 11; ++r)
-        EXPECT_EQ(grid.rowIsVisible(r), expected[r]) << r;
-    grid.setColWidth(3, 0);  // hidden columns are never visible
-    EXPECT_FALSE(grid.colIsVisible(3));
-    EXPECT_FALSE(grid.colIsVisible(6));  // starts at 1000 + 4000 = 5000, the right edge
-}
-
 TEST_F(FlexGridGeometry, ScrollPositionsPastTheLastOneClampToIt) {
     EXPECT_EQ(grid.maxTopRow(), 7);  // rows 7..10 fill 960 of the 1100 below the fixed row
     grid.setTopRow(10);

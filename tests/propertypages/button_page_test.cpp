@@ -25,22 +25,6 @@ std::array<bool, 4> LeftsEnabled(const ppButtonProperty& page) {
     return enabled;
 }
 
-// Lists set by code raise no click: with the check box already unchecked, selection
-// leaves the enabling of the position boxes as it was (kept).
-TEST_F(ButtonPage, ListsSetOnSelectionDoNotRunTheEnablingRule) {
-    gButtonProperty_type record = control().ButtonProperty();
-    record.blnDefaultPos = kFalse;
-    record.blnHelpVisible = kFalse;
-    control().SetButtonProperty(record);
-    ppButtonProperty fresh(sink);
-
-    fresh.SelectControls({&control()});
-
-    EXPECT_EQ(fresh.cboVisible[3].text(), "False");
-    EXPECT_FALSE(fresh.chkDefault.checked());
-    EXPECT_EQ(LeftsEnabled(fresh), (std::array<bool, 4>{true, true, true, true}));
-}
-
 TEST_F(ButtonPage, DefaultPositionDisablesEveryLeftAndUncheckingEnablesThoseOfVisibleButtons) {
     page.cboVisible[1].userPick("False");
     page.cboVisible[3].userPick("False");
@@ -76,12 +60,6 @@ TEST_F(ButtonPage, AnyOtherFailureWhileApplyingShowsPageError2001) {
     page.ApplyChanges();
     ExpectMessages({Critical("Property page error - 2001")});
     EXPECT_EQ(control().ButtonProperty(), before);
-
-    // Lists with nothing chosen read no boolean.
-    ClearRecords();
-    ppButtonProperty unselected(sink);
-    unselected.ApplyChanges();
-    ExpectMessages({Critical("Property page error - 2001")});
 }
 
 }  // namespace

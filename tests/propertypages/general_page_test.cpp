@@ -3,7 +3,6 @@
 // (tests/demo/page_dialog_test.cpp).
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -15,7 +14,6 @@ namespace tabulon {
 namespace {
 
 using testing::Critical;
-using testing::Information;
 using testing::Paste;
 using testing::Plain;
 
@@ -23,26 +21,6 @@ using GeneralPage = testing::PageHarness<ppGeneral>;
 
 std::string Text(std::int32_t value) {
     return IntegerToText(value);
-}
-
-TEST_F(GeneralPage, EveryEditMarksThePageChanged) {
-    const std::vector<std::pair<const char*, std::function<void()>>> edits = {
-        {"style list", [&] { page.cboTreeViewStyle.userPick("0 - tvwTextOnly"); }},
-        {"scroll-bar list", [&] { page.cboScrollBars.userPick("Advanced"); }},
-        {"filter visible", [&] { page.chkFiltervisible.userClick(); }},
-        {"filter caption", [&] { page.txtFilterCaption.userKeyPress('x'); }},
-        {"tree width", [&] { Paste(page.txtTreeViewWidth, "2000"); }},
-        {"column width", [&] {
-             page.txtColWidthMin.textBox().setSelStart(4);
-             page.txtColWidthMin.textBox().userKeyPress(8);  // Backspace
-         }}};
-    for (const auto& [what, edit] : edits) {
-        SCOPED_TRACE(what);
-        Reselect();
-        ASSERT_FALSE(page.changed());
-        edit();
-        EXPECT_TRUE(page.changed());
-    }
 }
 
 // Each refused entry shows its one plain message, leaves the control's record and
@@ -113,21 +91,6 @@ TEST_F(GeneralPage, ApplyWritesEveryFieldFromThePageInOneAssignment) {
     EXPECT_TRUE(form().hscGrid.visible());
 }
 
-// The upper bound is the thread's largest width at the moment of applying, taken as
-// it is, 0 included.
-TEST_F(GeneralPage, TheUpperBoundIsReadWhenApplying) {
-    const std::int16_t laidOut = LargestTreeViewWidth();
-    Paste(page.txtTreeViewWidth, "1700");
-    for (const std::int16_t largest : {std::int16_t{1600}, std::int16_t{0}}) {
-        SCOPED_TRACE(largest);
-        ClearRecords();
-        SetLargestTreeViewWidth(largest);
-        page.ApplyChanges();
-        ExpectMessages({Plain("Tree view width cannot be greater than " + Text(largest))});
-    }
-    SetLargestTreeViewWidth(laidOut);
-}
-
 TEST_F(GeneralPage, AnyOtherFailureWhileApplyingShowsPageError3001) {
     Paste(page.txtRowHeightMin, "9e99");  // beyond 32 bits
     const gGeneralProperty_type before = control().GeneralProperty();
@@ -135,33 +98,6 @@ TEST_F(GeneralPage, AnyOtherFailureWhileApplyingShowsPageError3001) {
     ExpectMessages({Critical("Property page error - 3001")});
     EXPECT_EQ(control().GeneralProperty(), before);
     EXPECT_TRUE(host.events().empty());
-
-    ClearRecords();
-    ppGeneral unselected(sink);
-    Paste(unselected.txtTreeViewWidth, "2000");
-    Paste(unselected.txtRowHeightMin, "350");
-    Paste(unselected.txtColWidthMin, "1080");
-    unselected.ApplyChanges();
-    ExpectMessages({Critical("Property page error - 3001")});
-}
-
-TEST_F(GeneralPage, OnlyTheFirstSelectedControlIsReadAndWritten) {
-    RecordingHost otherHost;
-    Generic_SP_Control other(sink, otherHost);
-    other.InitProperties();
-    gGeneralProperty_type otherRecord = other.GeneralProperty();
-    otherRecord.strFilterCaption = "Other";
-    other.SetGeneralProperty(otherRecord);
-    otherHost.clear();
-
-    page.SelectControls({&control(), &other});
-    EXPECT_EQ(page.txtFilterCaption.text(), "Filter");
-    page.txtFilterCaption.userPaste("Mine");
-    page.ApplyChanges();
-
-    EXPECT_EQ(control().GeneralProperty().strFilterCaption, "Mine");
-    EXPECT_EQ(other.GeneralProperty().strFilterCaption, "Other");
-    EXPECT_TRUE(otherHost.events().empty());
 }
 
 }  // namespace

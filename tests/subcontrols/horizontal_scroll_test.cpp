@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "subcontrols/scroll_grid.h"
-#include "support/failure.h"
 #include "testing/recording_sink.h"
 
 namespace tabulon {
@@ -75,21 +74,6 @@ TEST_F(HorizontalScroll, TheProbeAndTheFirstShownColumnsOffset) {
     EXPECT_EQ(hsc.bar().value(), 1);
 }
 
-// When everything fits (zero-width columns skipped) maximum and value are 1 and the
-// refresh answers false.
-TEST_F(HorizontalScroll, RefreshAnswersFalseWhenEveryColumnFits) {
-    SetColumns({1000, 1000, 1000, 1000});
-    EXPECT_FALSE(hsc.RefresHScrollBar());
-    EXPECT_EQ(hsc.bar().max(), 1);
-    EXPECT_EQ(hsc.bar().value(), 1);
-    EXPECT_TRUE(sink.messages().empty());
-    SetColumns({1000, 1000, 1000, 1000, 0});
-    grid.setWidth(6000);
-    EXPECT_FALSE(hsc.RefresHScrollBar());
-    grid.setWidth(4200);
-    EXPECT_TRUE(hsc.RefresHScrollBar());
-}
-
 TEST_F(HorizontalScroll, StepPastTheLastColumnFailsAndLeavesTheBarBusy) {
     SetColumns({1000, 1000, 10000});  // the last column is wider than the view
     grid.setLeftCol(2);
@@ -103,36 +87,6 @@ TEST_F(HorizontalScroll, StepPastTheLastColumnFailsAndLeavesTheBarBusy) {
     hsc.RefresHScrollBar(true);
     EXPECT_EQ(grid.leftCol(), 1);  // nothing moves the grid any more
     EXPECT_EQ(sink.messages().size(), 1u);
-}
-
-// The refresh reads the thread's grid every time; a change takes it once and keeps it.
-TEST_F(HorizontalScroll, TheGridIsTakenAtTheFirstChangeAndKept) {
-    FlexGrid other;
-    SetScrollGrid(nullptr);
-    EXPECT_FALSE(hsc.RefresHScrollBar());
-    EXPECT_EQ(sink.messages().back().text, "Horizontal scrollbar error - 5002");
-    SetScrollGrid(&grid);
-    hsc.RefresHScrollBar();
-    SetScrollGrid(&other);
-    hsc.bar().userStep(+1);
-    EXPECT_EQ(grid.leftCol(), 2);
-}
-
-TEST(HorizontalScrollLayout, MarginsPlaceTheBarAndSixteenBitSumsOverflow) {
-    ctlHorizontalScroll hsc("hscGrid");
-    hsc.move(2890, 5580, 5020, 255);
-    const ScrollBar& bar = hsc.bar();
-    EXPECT_EQ((std::vector{bar.left(), bar.width(), bar.height()}), (std::vector{1100, 3920, 225}));
-    EXPECT_EQ(hsc.fraInside().width(), 1150);  // layout: + 50
-    hsc.SetLeftMargin(500);
-    EXPECT_EQ(hsc.fraInside().width(), 540);  // the Let: + 40
-    hsc.setHeight(20);                        // too low for the bar: 0, not negative
-    EXPECT_EQ(bar.height(), 0);
-
-    EXPECT_THROW(hsc.SetLeftMargin(32740), OverflowFailure);  // + 40
-    hsc.SetLeftMargin(0);
-    hsc.SetRightMargin(1000);
-    EXPECT_THROW(hsc.SetLeftMargin(32000), OverflowFailure);  // + RightMargin
 }
 
 }  // namespace

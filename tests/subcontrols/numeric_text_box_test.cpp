@@ -84,19 +84,6 @@ TEST_F(NumericTextBox, LeavingRoundsTheLeadingNumberHalfToEven) {
     }
 }
 
-TEST_F(NumericTextBox, MaxLengthOfOneToThreeKeepsTheTextAndHeightIsAtLeast330) {
-    box.SetMaxLength(12);
-    EXPECT_EQ(box.MaxLength(), 9);
-    box.SetValue(77);
-    box.SetMaxLength(3);
-    box.SetValue(5);
-    EXPECT_EQ(box.textBox().text(), "77");
-
-    box.move(100, 200, 2000, 100);
-    EXPECT_EQ(box.height(), 330);
-    EXPECT_EQ(box.textBox().height(), 330);
-}
-
 // Defaults are not stored; what is read is written back the same.
 TEST(NumericTextBoxProperties, ReadValuesAreWrittenBackTheSame) {
     ctlNumericTextBox box("txtLeft");

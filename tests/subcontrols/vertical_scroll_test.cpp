@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "subcontrols/scroll_grid.h"
-#include "testing/recording_sink.h"
 
 namespace tabulon {
 namespace {
@@ -29,8 +28,7 @@ protected:
     }
 
     FlexGrid grid;
-    RecordingSink sink;
-    ctlVerticalScroll vsc{"vscGrid", &sink};
+    ctlVerticalScroll vsc{"vscGrid"};
 };
 
 TEST_F(VerticalScroll, EveryRowFitsOnlyWithRowOneAndTheLastRowShown300TwipsClear) {
@@ -51,29 +49,6 @@ TEST_F(VerticalScroll, EveryRowFitsOnlyWithRowOneAndTheLastRowShown300TwipsClear
         EXPECT_EQ(vsc.RefresVScrollBar(), c.needed) << c.heights.size() << " " << c.gridHeight;
         EXPECT_EQ(vsc.TopMargin(), 290);  // header row height - 10
     }
-}
-
-TEST_F(VerticalScroll, FailuresUseTheVerticalCodes) {
-    SetScrollGrid(nullptr);
-    EXPECT_FALSE(vsc.RefresVScrollBar());
-    vsc.bar().setMax(3);
-    vsc.bar().userStep(+1);  // takes the missing grid
-    EXPECT_EQ(sink.messages(), (std::vector<RecordedMessage>{
-                                   {MessageIcon::Critical, "Vertical scrollbar error - 6002"},
-                                   {MessageIcon::Critical, "Vertical scrollbar error - 6001"}}));
-    EXPECT_TRUE(vsc.driver().busy());
-}
-
-TEST(VerticalScrollLayout, TopMarginMovesTheBarDown) {
-    ctlVerticalScroll vsc("vscGrid");
-    vsc.move(7930, 880, 255, 4390);
-    vsc.SetTopMargin(290);
-    vsc.SetBottomMargin(100);
-    const ScrollBar& bar = vsc.bar();
-    EXPECT_EQ((std::vector{bar.left(), bar.top(), bar.width(), bar.height()}),
-              (std::vector{0, 380, 255, 4000}));
-    EXPECT_EQ(vsc.fraVertical().width(), 255);
-    EXPECT_EQ(vsc.fraVertical().height(), 4480);
 }
 
 }  // namespace

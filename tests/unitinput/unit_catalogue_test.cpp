@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <string>
 
 #include "unitinput/unit_registrar.h"
 
@@ -62,41 +61,6 @@ TEST(UnitCatalogue, EveryConversionRoundTripsToTwelveDigits) {
             const double there = r.Convert(v, code, UnitRegistrar::kToMetric);
             const double back = r.Convert(there, code, UnitRegistrar::kToEnglish);
             EXPECT_NEAR(back, v, 1e-12 * std::max(std::abs(v), 1.0)) << code << " " << v;
-        }
-    }
-}
-
-// A label is typed inside "(...)" in a cell and trimmed when read back.
-bool TypableLabel(std::string_view label) {
-    if (label.empty() || label.front() == ' ' || label.back() == ' ') return false;
-    return std::all_of(label.begin(), label.end(), [](char c) {
-        return c >= 32 && c <= 126 && c != '(' && c != ')' && c != ';';
-    });
-}
-
-std::string_view EnglishPart(std::string_view name) {
-    return name.substr(0, name.find("_TO_"));
-}
-std::string_view MetricPart(std::string_view name) {
-    return name.substr(name.find("_TO_") + 4);
-}
-
-TEST(UnitCatalogue, LabelsAreTypableAndShareOnlyWhereTheUnitIsTheSame) {
-    const auto rows = BuiltInConversions();
-    for (const UnitConversion& a : rows) {
-        EXPECT_TRUE(TypableLabel(a.english)) << a.name;
-        EXPECT_TRUE(TypableLabel(a.metric)) << a.name;
-        for (const UnitConversion& b : rows) {
-            if (a.index >= b.index) continue;
-            const bool sameEnglish = a.english == b.english;
-            const bool sameMetric = a.metric == b.metric;
-            EXPECT_FALSE(sameEnglish && sameMetric) << a.name << " / " << b.name;
-            if (sameEnglish) {
-                EXPECT_EQ(EnglishPart(a.name), EnglishPart(b.name)) << a.name;
-            }
-            if (sameMetric) {
-                EXPECT_EQ(MetricPart(a.name), MetricPart(b.name)) << a.name;
-            }
         }
     }
 }

@@ -29,21 +29,6 @@ protected:
     UnitDropBox box;
 };
 
-TEST_F(UnitDropBoxTest, WidthsCodesAndAnUnselectedCheck) {
-    box.SetNumberWidth(100);
-    EXPECT_EQ(box.NumberWidth(), 200);
-    box.SetUnitWidth(-20);
-    EXPECT_EQ(box.UnitWidth(), 0);
-
-    box.AddUnit(kFtToM, 1, 10, "0.00");
-    for (const int code : {0, 64, kFtToM}) {
-        EXPECT_THROW(box.AddUnit(code), UnitRejectedFailure) << code;
-    }
-    ASSERT_EQ(box.Units().size(), 1u);
-    box.SetNumberText("-1000");
-    EXPECT_TRUE(box.Check());  // no unit selected: no limits
-}
-
 // Labels of the current system first, then the other's; a shared label goes to the
 // first unit listed.
 TEST_F(UnitDropBoxTest, SelectsByTheLabelsOfEitherSystem) {
@@ -58,16 +43,6 @@ TEST_F(UnitDropBoxTest, SelectsByTheLabelsOfEitherSystem) {
     box.SelectUnitByText("ft");
     EXPECT_EQ(box.SelectedUnitText(), "m");
     EXPECT_THROW(box.SelectUnitByText("FT"), UnitRejectedFailure);
-}
-
-TEST_F(UnitDropBoxTest, NewRegistrarDropsTheUnitsItDoesNotKnow) {
-    box.AddUnit(kFtToM);
-    box.AddUnit(registrar->RegisterCustomUnit(2, "bbl", "hL", ""));
-    box.SelectUnitByText("bbl");
-    box.SetRegistrar(std::make_shared<UnitRegistrar>());
-    ASSERT_EQ(box.Units().size(), 1u);
-    EXPECT_EQ(box.Units()[0].code, kFtToM);
-    EXPECT_EQ(box.SelectedUnitIndex(), -1);
 }
 
 // The user's switch keeps the quantity when both units reach the same Metric unit and

@@ -61,22 +61,6 @@ TEST(NumberField, TakesOnlyWhatCanStandInANumber) {
     }
 }
 
-// A new registrar keeps the code when it knows it and resets it to 0 otherwise.
-TEST(UnitNumBox, HoldsOnlyCodesItsRegistrarKnows) {
-    UnitNumBox box("b");
-    EXPECT_THROW(box.SetUnitCode(64), UnitRejectedFailure);
-    auto registrar = std::make_shared<UnitRegistrar>();
-    box.SetRegistrar(registrar);
-    box.SetUnitCode(registrar->RegisterCustomUnit(2, "bbl", "hL", ""));
-    EXPECT_EQ(box.UnitLabel(), "bbl");
-    box.SetRegistrar(std::make_shared<UnitRegistrar>());
-    EXPECT_EQ(box.UnitCode(), 0);
-    box.SetUnitCode(kFtToM);
-    box.SetRegistrar(MetricRegistrar());
-    EXPECT_EQ(box.UnitCode(), kFtToM);
-    EXPECT_EQ(box.UnitLabel(), "m");
-}
-
 // Limits count once applied, inclusive; 0 and 0 are none; Metric numbers are judged
 // in English, through the offset of a temperature too.
 TEST(UnitNumBox, RangeCheck) {
