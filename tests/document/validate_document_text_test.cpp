@@ -92,29 +92,6 @@ TEST(ValidateDocumentText, RejectedDocumentsShowReasonAndSourceLine) {
         "        Filter=\"2\"/>");
 }
 
-TEST(ValidateDocumentText, EnumeratedAttributesAcceptOnlyTheirValues) {
-    struct Case {
-        std::string from;
-        std::string to;
-        std::string reason;
-    };
-    const std::vector<Case> cases = {
-        {"Enabled=\"1\"", "Enabled=\"true\"",
-         "Value \"true\" for attribute Enabled of CellValue is not among the enumerated set"},
-        {"Valid=\"1\"", "Valid=\"\"",
-         "Syntax of value for attribute Valid of CellValue is not valid"},
-        {"ControlType=\"TextBox\"", "ControlType=\"textbox\"",
-         "Value \"textbox\" for attribute ControlType of RowHeader is not among the enumerated "
-         "set"}};
-    const std::string minimal = ReadData("valid/minimal.xml");
-    for (const Case& c : cases) {
-        const std::string message = Rejection(Replaced(minimal, c.from, c.to));
-        EXPECT_EQ(message.substr(0, message.find("\r\n")), c.reason) << c.to;
-        EXPECT_NE(message.find("\r\n<"), std::string::npos) << message;
-        EXPECT_NE(message.find(c.to), std::string::npos) << message;
-    }
-}
-
 // Blanks around an enumerated value are normalised away by the validating parse, so
 // such a document loads; the model keeps the blanks, which the save gate then sees.
 TEST(ValidateDocumentText, BlanksAroundAnEnumeratedValueAreAccepted) {

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -85,27 +84,6 @@ Answer Scan(DocumentModel& doc) {
     }
 }
 
-TEST(ValidationScan, ChangesOfShapeAreSeen) {
-    Loaded loaded;
-    // The column holding the cell without Valid loses its rows: nothing is invalid.
-    loaded.Column(1, 1).setText("");
-    EXPECT_EQ(Scan(loaded.doc), Answer{});
-    // A text where the rows were is a row without a flag: the scan fails.
-    loaded.Column(1, 1).setText("text");
-    EXPECT_EQ(Scan(loaded.doc), (Answer{true, std::nullopt}));
-    // Other value columns entirely.
-    loaded.doc.arrGridValueNodes.resize(1);
-    EXPECT_EQ(Scan(loaded.doc), Answer{});
-}
-
-TEST(ValidationScan, ACommentAmongTheRowsFailsTheScan) {
-    std::string text = kDocument;
-    text.replace(text.find("<CellValue Enabled=\"1\" Valid=\"1\" ApplicationValidation=\"0\">d"), 0,
-                 "<!-- note -->");
-    Loaded loaded(text);
-    EXPECT_EQ(Scan(loaded.doc), (Answer{true, std::nullopt}));
-}
-
 // Many random edits of values, commits and changes of shape, each followed by a scan
 // compared with a fresh walk of the document in GridValue, then column, then row order
 // (a scan that found all valid is remembered).
@@ -149,45 +127,6 @@ TEST(ValidationScan, AgreesWithAFreshWalkAfterAnyChange) {
         }
         ASSERT_EQ(Scan(loaded.doc), FreshWalk(loaded.doc)) << "step " << step;
     }
-}
-
-xml::Node Root(xml::Document& document) {
-    return document.documentElement();
-}
-xml::Node Child(xml::Document& document, const char* name) {
-    return document.documentElement().firstChildElement(name);
-}
-
-// The shape counter moves for every change that adds or removes nodes or attributes,
-// and for documents parsed, replaced or destroyed; setting a value alone keeps it.
-TEST(StructureVersion, MovesOnChangesOfShapeOnly) {
-    struct Case {
-        const char* name;
-        void (*change)(xml::Document&);
-        bool moves;
-    };
-    const Case cases[] = {
-        {"existing attribute set", [](xml::Document& d) { Root(d).setAttribute("a", "2"); }, false},
-        {"attribute added", [](xml::Document& d) { Root(d).setAttribute("b", "2"); }, true},
-        {"only text replaced", [](xml::Document& d) { Child(d, "t").setText("y"); }, false},
-        {"only text emptied", [](xml::Document& d) { Child(d, "t").setText(""); }, true},
-        {"text into an empty element", [](xml::Document& d) { Child(d, "e").setText("y"); }, true},
-        {"text over elements", [](xml::Document& d) { Root(d).setText("y"); }, true},
-        {"parsed again", [](xml::Document& d) { EXPECT_TRUE(d.Parse("<r/>")); }, true},
-        {"assigned", [](xml::Document& d) { d = xml::Document(); }, true}};
-    for (const Case& c : cases) {
-        xml::Document document;
-        ASSERT_TRUE(document.Parse(R"(<r a="1"><t>x</t><e/></r>)"));
-        const std::uint64_t before = xml::StructureVersion();
-        c.change(document);
-        EXPECT_EQ(xml::StructureVersion() != before, c.moves) << c.name;
-    }
-    std::uint64_t before = 0;
-    {
-        xml::Document document;
-        before = xml::StructureVersion();
-    }
-    EXPECT_NE(xml::StructureVersion(), before) << "destroyed";
 }
 
 }  // namespace

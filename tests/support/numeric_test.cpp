@@ -29,19 +29,6 @@ TEST(ReadNumber, HugeMagnitudeIsAnOverflowNotInfinity) {
     EXPECT_THROW(ReadNumber("-1e999"), OverflowFailure);
 }
 
-TEST(IntegerConversion, RoundsHalfToEvenAndChecksRange) {
-    EXPECT_EQ(ToInt16(2.5), 2);
-    EXPECT_EQ(ToInt16(-2.5), -2);
-    EXPECT_EQ(ToInt16(32767.4), 32767);
-    EXPECT_THROW(ToInt16(32767.5), OverflowFailure);  // rounds to 32768
-    EXPECT_THROW(ToInt16(-32769), OverflowFailure);
-    EXPECT_EQ(ToInt32(2147483647.0), 2147483647);
-    EXPECT_THROW(ToInt32(2147483648.0), OverflowFailure);
-    EXPECT_EQ(ToInt32(-0.5), 0);
-    EXPECT_THROW(ReadInt16("40000abc"), OverflowFailure);
-    EXPECT_EQ(ReadInt16(" 12.5kg"), 12);
-}
-
 TEST(NumberToText, UsesFifteenSignificantDigits) {
     EXPECT_EQ(NumberToText(0.1 + 0.2), "0.3");
     EXPECT_EQ(NumberToText(1e20), "1E+20");
