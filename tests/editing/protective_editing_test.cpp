@@ -40,6 +40,23 @@ TEST_F(ProtectiveEditing, LeavingAnUnchangedEditorWritesNothing) {
     }
 }
 
+// A malformed UnitDrop value makes the column fill fail and empties every value cell.
+TEST_F(ProtectiveEditing, NoEditorOpensOnCellsAFailedFillEmptied) {
+    const std::string drop = Row("UnitDrop", R"(Unit="FT_TO_M")");
+    for (const bool protective : {false, true}) {
+        SCOPED_TRACE(protective);
+        control().SetProtectiveEditing(protective);
+        ASSERT_TRUE(LoadText(Document({Row("TextBox"), drop}, {Column({{"good"}, {"12("}})})));
+        ExpectMessages({Critical("Unexpected Error - 1035")});
+        ClearRecords();
+        ASSERT_EQ(Shown(1, 1), "");
+        Click(1, 1);
+        form().cmdOK.userClick();
+        EXPECT_EQ(Stored(1, 1), protective ? "good" : "");
+        EXPECT_THAT(VisibleEditors(), IsEmpty());
+    }
+}
+
 // As designed, selecting a node hides the editor and the typed value is gone.
 TEST_F(ProtectiveEditing, ClickingAnotherNodeCommitsTheOpenEditorFirst) {
     for (const bool protective : {false, true}) {
