@@ -11,6 +11,8 @@
 #include <string>
 #include <string_view>
 
+#include "control/generic_sp_control.h"
+
 namespace tabulon::reliability {
 
 struct DriverOutcome {
@@ -29,7 +31,7 @@ DriverOutcome RunLoadXmlInput(std::string_view bytes);
 // The first choice picks one of the three sample documents, which is loaded with
 // LoadXML; the remaining bytes become session gestures (GestureScript, with host
 // changes and extreme numbers), at most kMaxGestures of them; then every step is
-// undone and redone (undo_round_trip.h, documents only).
+// undone and redone (UndoRedoFindings).
 inline constexpr std::size_t kMaxGestures = 400;
 DriverOutcome RunGestureInput(std::string_view bytes);
 
@@ -39,6 +41,11 @@ DriverOutcome RunGestureInput(std::string_view bytes);
 // event for the host to report, so after a key stroke (key, type, button-key) the
 // grid's "Invalid Row value" and "Invalid Col value" are by design, not findings.
 std::string UnexpectedExceptions(std::string_view command, std::string_view printed);
+
+// Every step left is redone, then every step undone, which must give loaded back, then
+// every step redone, which must give the document as the first redo left it; "" when
+// both hold.
+std::string UndoRedoFindings(Generic_SP_Control& control, const std::string& loaded);
 
 // How a fuzzer reports a finding: prints the findings and aborts when there are any.
 void AbortOnFinding(const DriverOutcome& outcome);

@@ -1,21 +1,17 @@
 #include "reliability/grid_invariants.h"
 
-#include <cmath>
 #include <map>
 #include <optional>
-#include <thread>
 #include <vector>
 
 #include "control/control_access.h"
 #include "document/validate_document_text.h"
+#include "support/failure.h"
 #include "support/number_format.h"
 #include "support/numeric.h"
 #include "support/text.h"
 #include "support/utf8.h"
-#include "testing/recording_host.h"
 #include "testing/recording_sink.h"
-#include "unitinput/unit_catalogue.h"
-#include "units/conversion_table.h"
 
 namespace tabulon::reliability {
 
@@ -124,97 +120,12 @@ bool MetricDocument(const DocumentModel& doc) {
     return doc.strMeasurementUnit == "METRIC";
 }
 
-// The keys of the node selected in the tree, as the control read them.
-std::optional<TreeNodeInfo> SelectedRecord(const Generic_SP_Control& control) {
-    const int selected = FormOf(control).treTreeView.selectedIndex();
-    const DocumentModel& doc = CoreOf(control).doc;
-    if (selected < 1 || selected > doc.treeRecordCount()) return std::nullopt;
-    return doc.udtTreeNodes[static_cast<std::size_t>(selected - 1)];
-}
-
-double NumberOr0(std::string_view text) {
-    try {
-        return ReadNumber(text);
-    } catch (const RuntimeFailure&) {
-        return 0;
-    }
-}
-
-// The conversion factor of a unit name; nullopt when the document knows no such unit.
-std::optional<double> UnitFactor(const DocumentModel& doc, const std::string& name) {
-    for (const CustomUnitRow& unit : doc.arrCustomUnits) {
-        if (unit[0] == name || (MetricDocument(doc) && unit[1] == name)) return NumberOr0(unit[2]);
-    }
-    try {
-        const UnitConversion* row = FindBuiltInConversion(ConversionIndex(name));
-        if (row == nullptr) return std::nullopt;
-        return row->factor;
-    } catch (const RuntimeFailure&) {
-        return std::nullopt;
-    }
-}
-
-// Converted texts of a Metric unit row that differ only by rounding. The display pass
-// converts the text the fill wrote, and a UnitNum fill first formats the stored English
-// value with the row's format, so a refill of a committed value can move by half a
-// unit of that format times the conversion factor; UnitDrop values are converted
-// unformatted and may only differ in the last digit shown.
-bool SameConvertedValue(const DocumentModel& doc, xml::Node rowHeader, const std::string& live,
-                        const std::string& fresh) {
-    const std::size_t liveOpen = live.find('(');
-    const std::size_t freshOpen = fresh.find('(');
-    if ((liveOpen == std::string::npos) != (freshOpen == std::string::npos)) return false;
-    if (liveOpen != std::string::npos && live.substr(liveOpen) != fresh.substr(freshOpen)) {
-        return false;
-    }
-    const std::string liveNumber = live.substr(0, liveOpen);
-    const double a = NumberOr0(liveNumber);
-    const double b = NumberOr0(fresh.substr(0, freshOpen));
-    const std::size_t point = liveNumber.find('.');
-    const int decimals =
-        point == std::string::npos ? 0 : static_cast<int>(liveNumber.size() - point - 1);
-    const double step = std::pow(10.0, -decimals);
-    double tolerance = step + 1e-9 * std::abs(a);
-    if (Attr(rowHeader, "ControlType") == "UnitNum") {
-        const std::optional<double> factor = UnitFactor(doc, Attr(rowHeader, "Unit"));
-        if (!factor) return false;
-        tolerance += 0.5 * step * std::abs(*factor);
-    }
-    return std::abs(a - b) <= tolerance;
-}
-
-// --- grid snapshots for the fresh-fill comparison
-
-struct GridSnapshot {
-    int rows = 0;
-    int cols = 0;
-    std::vector<std::string> texts;
-    std::vector<std::pair<Rgb, Rgb>> colours;  // fore, back
-};
-
-GridSnapshot Snapshot(const FlexGrid& grid) {
-    GridSnapshot snapshot{grid.rows(), grid.cols(), {}, {}};
-    for (int r = 0; r < grid.rows(); ++r) {
-        for (int c = 0; c < grid.cols(); ++c) {
-            snapshot.texts.push_back(grid.textMatrix(r, c));
-            snapshot.colours.emplace_back(grid.cellForeColor(r, c), grid.cellBackColor(r, c));
-        }
-    }
-    return snapshot;
-}
-
 }  // namespace
 
 Problems CheckGridAgainstDocument(const Generic_SP_Control& control) {
     Problems problems;
     const DocumentModel& doc = CoreOf(control).doc;
     if (!doc.blnGridLoaded) return problems;
-    const std::optional<TreeNodeInfo> record = SelectedRecord(control);
-    if (!record) return {"a grid is shown but no tree node is selected"};
-    if (doc.strCurrentHeaderKey != record->GridHeaderKey ||
-        doc.strCurrentValueKey != record->GridValueKey) {
-        return {"the grid shows other keys than node " + Quoted(record->KeyValue) + " has"};
-    }
     const DocumentGrid expected =
         ReadDocumentGrid(doc, doc.strCurrentHeaderKey, doc.strCurrentValueKey);
     const FlexGrid& grid = FormOf(control).msgGridView;
@@ -225,17 +136,6 @@ Problems CheckGridAgainstDocument(const Generic_SP_Control& control) {
                 ", its GridHeader describes " + std::to_string(expected.rows.size() + 1) + " x " +
                 std::to_string(expected.columns.size())};
     }
-    const auto checkCaption = [&](int r, int c, xml::Node header) {
-        const std::string caption = Attr(header, "HName");
-        if (grid.textMatrix(r, c) != caption) {
-            problems.push_back("caption " + Cell(r, c) + " is " + Quoted(grid.textMatrix(r, c)) +
-                               ", expected " + Quoted(caption));
-        }
-    };
-    for (int c = 0; c < grid.cols(); ++c)
-        checkCaption(0, c, expected.columns[static_cast<std::size_t>(c)]);
-    for (int r = 1; r < grid.rows(); ++r)
-        checkCaption(r, 0, expected.rows[static_cast<std::size_t>(r - 1)]);
     const bool metric = MetricDocument(doc);
     for (const auto& [at, element] : expected.cells) {
         const auto [r, c] = at;
@@ -265,74 +165,6 @@ Problems CheckDocumentValidates(const Generic_SP_Control& control) {
     Problems problems{"XML() does not validate"};
     for (const RecordedMessage& message : sink.messages())
         problems.push_back(message.text);
-    return problems;
-}
-
-Problems CheckAgainstFreshFill(const Generic_SP_Control& control) {
-    const std::string text = control.XML();
-    const int node = FormOf(control).treTreeView.selectedIndex();
-    const GridSnapshot live = Snapshot(FormOf(control).msgGridView);
-    GridSnapshot fresh;
-    // The counts of values that need correcting, in all and per tree node, are kept
-    // as the control works; a fresh load counts them from the document.
-    const auto counts = [](const Generic_SP_Control& c) {
-        std::string all = std::to_string(c.ProblemCount());
-        const TreeView& tree = FormOf(c).treTreeView;
-        for (int n = 1; n <= tree.count(); ++n)
-            all += " " + std::to_string(tree.node(n).problems);
-        return all;
-    };
-    const std::string liveCounts = counts(control);
-    std::string freshCounts;
-    Problems problems;
-    std::thread([&] {
-        try {
-            RecordingSink sink;
-            RecordingHost host;
-            Generic_SP_Control other(sink, host);
-            other.InitProperties();
-            other.Show();
-            if (!other.LoadXML(text)) {
-                problems.push_back("a fresh control does not load XML()");
-                return;
-            }
-            freshCounts = counts(other);
-            if (node > 1) FormOf(other).treTreeView.userClickNode(node);
-            fresh = Snapshot(FormOf(other).msgGridView);
-        } catch (...) {
-            problems.push_back("a fresh control failed: " + DescribeCurrentException());
-        }
-    }).join();
-    if (!problems.empty()) return problems;
-    if (liveCounts != freshCounts) {
-        problems.push_back("the problem counts (all, then per node) are " + liveCounts +
-                           ", a fresh load counts " + freshCounts);
-    }
-    if (live.rows != fresh.rows || live.cols != fresh.cols) {
-        return {"the grid is " + std::to_string(live.rows) + " x " + std::to_string(live.cols) +
-                ", a fresh fill gives " + std::to_string(fresh.rows) + " x " +
-                std::to_string(fresh.cols)};
-    }
-    const DocumentModel& doc = CoreOf(control).doc;
-    const DocumentGrid shown =
-        ReadDocumentGrid(doc, doc.strCurrentHeaderKey, doc.strCurrentValueKey);
-    const auto roundedOnly = [&](int r, std::size_t i) {
-        if (r < 1 || static_cast<std::size_t>(r) > shown.rows.size()) return false;
-        const xml::Node rowHeader = shown.rows[static_cast<std::size_t>(r - 1)];
-        return IsConvertedRow(MetricDocument(doc), rowHeader) &&
-               SameConvertedValue(doc, rowHeader, live.texts[i], fresh.texts[i]);
-    };
-    for (std::size_t i = 0; i < live.texts.size(); ++i) {
-        const int r = static_cast<int>(i) / live.cols;
-        const int c = static_cast<int>(i) % live.cols;
-        if (live.texts[i] != fresh.texts[i] && !roundedOnly(r, i)) {
-            problems.push_back("cell " + Cell(r, c) + " shows " + Quoted(live.texts[i]) +
-                               ", a fresh fill shows " + Quoted(fresh.texts[i]));
-        }
-        if (live.colours[i] != fresh.colours[i]) {
-            problems.push_back("cell " + Cell(r, c) + " colours differ from a fresh fill");
-        }
-    }
     return problems;
 }
 

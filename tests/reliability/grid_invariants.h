@@ -15,21 +15,14 @@ namespace tabulon::reliability {
 
 using Problems = std::vector<std::string>;
 
-// While a grid is shown: its keys are those of the selected tree node, its size and
-// captions those of the node's GridHeader, every value cell shows its CellValue text
+// While a grid is shown: its size is that of the node's GridHeader, every value cell
+// shows its CellValue text
 // as the grid fill writes it, its text is black or grey by Enabled and its background
 // white or red by Valid. Unit rows of a Metric document show converted values and are
-// compared by CheckAgainstFreshFill instead.
+// not compared.
 Problems CheckGridAgainstDocument(const Generic_SP_Control& control);
 
 // XML() is not empty and passes ValidateDocumentText.
 Problems CheckDocumentValidates(const Generic_SP_Control& control);
-
-// A brand-new control on a thread of its own (so the per-thread tables of this one
-// stay untouched) loads XML() and selects the same tree node: its grid must show the
-// same texts in the same colours, cell for cell. Converted values of a Metric
-// document may differ by the rounding that storing in English and converting back
-// brings (half a unit of the row's format, times the conversion factor).
-Problems CheckAgainstFreshFill(const Generic_SP_Control& control);
 
 }  // namespace tabulon::reliability

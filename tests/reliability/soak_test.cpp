@@ -1,18 +1,15 @@
 // The soak: 10,000 seeded random gestures on each sample document, driven through
 // `tabulon session` commands (undo and redo among them), with the control checked
 // after every one of them, and at the end every step undone and redone
-// (undo_round_trip.h).
+// (UndoRedoFindings).
 //
 // Every step: no exception reached the host (beyond the keyboard's designed one, see
 // UnexpectedExceptions), no failure message appeared (the samples are valid, so
 // "Unexpected Error" and its kin mean a fault), the grid agrees with the document and
-// XML() validates against the built-in DTD. Every kFreshFillEvery steps, and after the
-// last, a fresh control filled from XML() must show the same grid; the interval keeps
-// a run at seconds under the sanitizers. Range flags are pinned by the editing tests.
+// XML() validates against the built-in DTD. Range flags are pinned by the editing tests.
 #include <gtest/gtest.h>
 
 #include <array>
-#include <fstream>
 #include <sstream>
 #include <string>
 
@@ -20,14 +17,12 @@
 #include "reliability/fuzz_drivers.h"
 #include "reliability/gesture_script.h"
 #include "reliability/grid_invariants.h"
-#include "reliability/undo_round_trip.h"
 #include "session/session.h"
 
 namespace tabulon::reliability {
 namespace {
 
 constexpr int kSteps = 10000;
-constexpr int kFreshFillEvery = 100;
 
 // Messages that only a fault can put on screen while a valid sample is edited.
 constexpr std::array<std::string_view, 8> kFailureTexts = {
@@ -68,45 +63,24 @@ TEST_P(Soak, RandomGesturesKeepControlAndDocumentConsistent) {
     cli::session::Session session(out);
     session.RunLine("loadxml " + QuoteWord(SamplePath(GetParam().sample)));
     ASSERT_NE(out.str().find("{\"result\": true}"), std::string::npos) << out.str();
-    const Generic_SP_Control& control = session.control();
+    Generic_SP_Control& control = session.control();
     const std::string loaded = control.XML();
-    JournalTop top(control);
     SeededChoices choices(GetParam().seed);
     const GestureScript script(GestureOptions{.undoKeys = true});
-
-    // The whole run as a session script, written out when a step fails so that
-    // `tabulon session FILE` replays it.
-    std::string scriptText = "loadxml " + QuoteWord(SamplePath(GetParam().sample)) + "\n";
-    std::size_t rejected = 0;
     bool edited = false;
     for (int step = 1; step <= kSteps; ++step) {
         const std::string line = script.Next(session, choices);
-        scriptText += line + "\n";
         out.str("");
         session.RunLine(line);
-        top.Note(control);
-        const std::string printed = out.str();
-        if (printed.find("{\"error\"") != std::string::npos) ++rejected;
 
-        Problems problems = CheckSessionOutput(line, printed);
+        Problems problems = CheckSessionOutput(line, out.str());
         Append(problems, CheckGridAgainstDocument(control));
         edited = edited || control.XML() != loaded;
         Append(problems, CheckDocumentValidates(control));
-        if (step % kFreshFillEvery == 0 || step == kSteps) {
-            Append(problems, CheckAgainstFreshFill(control));
-        }
-        if (!problems.empty()) {
-            const std::string replay = std::string(TABULON_BINARY_DIR) + "/soak-" +
-                                       std::string(GetParam().sample) + ".session";
-            std::ofstream(replay) << scriptText;
-            FAIL() << "after step " << step << " (" << line << "):\n  "
-                   << ::testing::PrintToString(problems) << "\nthe run: " << replay;
-        }
+        ASSERT_TRUE(problems.empty()) << "after step " << step << " (" << line << "):\n  "
+                                      << ::testing::PrintToString(problems);
     }
-    const Problems undone = CheckUndoRedoRoundTrip(session, out, loaded, top);
-    EXPECT_TRUE(undone.empty()) << ::testing::PrintToString(undone);
-    // The run did what it claims: commands were accepted and the document was edited.
-    EXPECT_LT(rejected, static_cast<std::size_t>(kSteps / 10));
+    EXPECT_EQ(UndoRedoFindings(control, loaded), "");
     EXPECT_TRUE(edited);
 }
 
