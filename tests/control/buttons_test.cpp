@@ -47,14 +47,5 @@ TEST_F(ButtonPlacement, TheLetAppliesTheRecordTellsTheHostAndThenPlacesTheButton
     EXPECT_EQ(control().ButtonProperty().lngPrintLeft, 4405);
 }
 
-TEST_F(ButtonPlacement, PlacementFollowsTheControlsWidth) {
-    control().Resize(9465, 6300);
-    for (Button* b : {&form().cmdPrint, &form().cmdOK, &form().cmdCancel, &form().cmdHelp}) {
-        b->setLeft(0);
-    }
-    control().Reposition_Button();
-    EXPECT_EQ(Lefts(form()), (std::array<std::int32_t, 4>{4405, 5670, 6935, 8200}));
-}
-
 }  // namespace
 }  // namespace tabulon

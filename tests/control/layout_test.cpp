@@ -1,4 +1,4 @@
-// The resize handling and the splitter: where the parts go, in twips.
+// The resize handling: where the parts go, in twips.
 #include <gtest/gtest.h>
 
 #include <tuple>
@@ -26,13 +26,6 @@ std::vector<Geometry> Layout(Form& form) {
 
 using ControlLayout = ControlHarness;
 
-TEST_F(ControlLayout, FirstShowingKeepsTheDesignLayoutAndPublishesTheLargestTreeWidth) {
-    EXPECT_EQ(Of(form().msgGridView), Geometry(2840, 840, 5360, 4740));
-    EXPECT_EQ(Of(form().hscGrid), Geometry(2890, 5580, 5020, 255));
-    EXPECT_EQ(Of(form().vscGrid), Geometry(7930, 880, 255, 4390));
-    EXPECT_EQ(LargestTreeViewWidth(), 3155);
-}
-
 TEST_F(ControlLayout, GrowingMovesEveryPartByTheDifference) {
     control().Resize(8500, 6900);
     const Form& f = form();
@@ -46,18 +39,6 @@ TEST_F(ControlLayout, GrowingMovesEveryPartByTheDifference) {
     ExpectMessages({});
 }
 
-// The tree takes a third of the width change, rounded down; a narrow tree never shrinks.
-TEST_F(ControlLayout, TheTreeTakesAThirdOfTheWidthChange) {
-    const struct {
-        std::int32_t startWidth, controlWidth, width;
-    } cases[] = {{0, 8201, 2745}, {0, 8200, 2744}, {1400, 8500, 1500}, {0, 8200, 1500}};
-    for (const auto& c : cases) {
-        if (c.startWidth != 0) form().treTreeView.setWidth(c.startWidth);
-        control().Resize(c.controlWidth, 6300);
-        EXPECT_EQ(form().treTreeView.width(), c.width) << c.controlWidth;
-    }
-}
-
 TEST_F(ControlLayout, ASizeBelowTheMinimumIsRaisedFirstAndBeyondSixteenBitsIsAnError) {
     const std::vector<Geometry> before = Layout(form());
     control().Resize(5000, 4000);
@@ -67,27 +48,6 @@ TEST_F(ControlLayout, ASizeBelowTheMinimumIsRaisedFirstAndBeyondSixteenBitsIsAnE
     ExpectMessages({});
     control().Resize(40000, 6300);
     ExpectMessages({Critical("Unexpected Error - 1003")});
-}
-
-TEST_F(ControlLayout, TheSplitterMovesEverythingBesideTheTree) {
-    control().SplitterDrag(1, 0, 200, 0);
-    EXPECT_EQ(Of(form().msgGridView), Geometry(3040, 840, 5160, 4740));
-    EXPECT_EQ(Of(form().hscGrid), Geometry(3090, 5580, 4820, 255));
-    EXPECT_EQ(LargestTreeViewWidth(), 3155);
-}
-
-// Only the left button drags; the tree stays within its limits.
-TEST_F(ControlLayout, TheSplitterKeepsTheTreeWithinItsLimits) {
-    const struct {
-        int button;
-        std::int32_t dx;
-        std::int32_t width;
-    } cases[] = {{1, -1245, 1500}, {1, -1244, 1501}, {1, 411, 3155}, {2, 200, 2745}};
-    for (const auto& c : cases) {
-        NewControl();
-        control().SplitterDrag(c.button, 0, c.dx, 0);
-        EXPECT_EQ(form().treTreeView.width(), c.width) << c.button << " " << c.dx;
-    }
 }
 
 }  // namespace

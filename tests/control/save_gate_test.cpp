@@ -75,26 +75,6 @@ TEST_F(SaveGate, TheFirstInvalidCellIsShownWhicheverGridIsOnScreen) {
     }
 }
 
-TEST_F(SaveGate, ACellOfTheLastTreeNodeBlocksSavingButIsNotShown) {
-    SetValid("v2-KL-r1", "0");
-    form().cmdOK.userClick();
-    ExpectMessages({Critical(kValidationMessage)});
-    EXPECT_EQ(form().treTreeView.selectedIndex(), 1);
-    EXPECT_TRUE(host.events().empty());
-}
-
-TEST_F(SaveGate, AFailureInsideTheGateIsReportedBeforeTheValidationMessage) {
-    // A comment among the values is a child without a Valid flag to read.
-    std::string text = original_;
-    const std::string values = "<CellValues GridValueKey=\"KB\">";
-    text.replace(text.find(values), values.size(), values + "<!-- checked by hand -->");
-    ASSERT_TRUE(LoadPath(TempFile("commented.xml", text)));
-    ClearRecords();
-    form().cmdOK.userClick();
-    ExpectMessages({Critical("Error in XML validation"), Critical(kValidationMessage)});
-    EXPECT_TRUE(host.events().empty());
-}
-
 TEST_F(SaveGate, AnOpenEditorIsCommittedBeforeTheGateLooks) {
     const std::filesystem::path path = TempFile(
         "unitnum.xml",
