@@ -1,7 +1,8 @@
 // Undo and redo as the user and the host see them: Escape, the keys and the modified
 // flag. The editor's own undo going first is checked with real
 // keys (tests/qt/session_parity_test.cpp), the document and grid given back on random
-// edits (tests/reliability/undo_property_test.cpp), block edits in block_edit_test.cpp.
+// edits (the soak test and the gesture fuzzer, tests/reliability), block edits in
+// block_edit_test.cpp.
 #include "editing/editing_fixture.h"
 #include "platform/key_codes.h"
 #include "view/editor_value.h"
