@@ -165,7 +165,9 @@ std::optional<GesturePlan> Find(Subject& s, const GestureContext& c) {
     }
     if (words.size() < 2) return std::nullopt;
     GesturePlan plan;
-    plan.before = [control, node = c.node](int i) {
+    auto sample = std::make_shared<int>(0);
+    plan.before = [control, node = c.node, sample](int i) {
+        *sample = i;
         if (std::string failure = i == 0 ? ShowNode(*control, node) : ""; !failure.empty())
             return failure;
         if (control->findBar().isVisible()) {
@@ -183,13 +185,20 @@ std::optional<GesturePlan> Find(Subject& s, const GestureContext& c) {
             QTest::keyClicks(field, words[static_cast<std::size_t>(i % 2)]);
         KeyToFocus(Qt::Key_Return);
     };
-    plan.after = [control, words](int i) {
+    const auto there = [control, words](int i) {
         const QString& word = words[static_cast<std::size_t>(i % 2)];
         const QString shown = control->cellText(control->currentRow(), control->currentCol());
-        return Expect(control->findBar().isVisible() &&
-                          control->findCount().contains(QLatin1String(" of ")) &&
-                          shown.contains(word, Qt::CaseInsensitive),
-                      "find did not go to a cell showing \"" + ToStdString(word) + "\"");
+        return control->findBar().isVisible() &&
+               control->findCount().contains(QLatin1String(" of ")) &&
+               shown.contains(word, Qt::CaseInsensitive);
+    };
+    // The hit is the answer; the count of the others goes on between events.
+    plan.answered = [there, sample] { return there(*sample); };
+    plan.after = [there, words, control](int i) {
+        return Expect(there(i) && !control->findCount().contains(QLatin1String("at least")),
+                      "find did not go to a cell showing \"" +
+                          ToStdString(words[static_cast<std::size_t>(i % 2)]) +
+                          "\" and count the hits");
     };
     return plan;
 }

@@ -45,13 +45,21 @@ long long DeliveredPaints() {
     return Counter() == nullptr ? 0 : Counter()->paints;
 }
 
+namespace {
+
+// One round of delivering what is posted and queued; false when it delivered nothing.
+bool Round() {
+    const long long before = DeliveredEvents();
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents(QEventLoop::AllEvents);
+    return DeliveredEvents() != before;
+}
+
+}  // namespace
+
 void Settle() {
     // A round may post more (a queued focus fix posts an update): go on until quiet.
-    for (int round = 0; round < 100; ++round) {
-        const long long before = DeliveredEvents();
-        QCoreApplication::sendPostedEvents();
-        QCoreApplication::processEvents(QEventLoop::AllEvents);
-        if (DeliveredEvents() == before) return;
+    for (int round = 0; round < 100 && Round(); ++round) {
     }
 }
 
@@ -72,6 +80,32 @@ GestureTime TimeGesture(const std::function<void()>& act) {
     act();
     Settle();
     return {static_cast<double>(timer.nsecsElapsed()) / 1e6, ThreadCpuMs() - cpu};
+}
+
+AnsweredTime TimeAnswer(const std::function<void()>& act, const std::function<bool()>& answered) {
+    const double cpu = ThreadCpuMs();
+    QElapsedTimer timer;
+    timer.start();
+    act();
+    const auto elapsed = [&timer] { return static_cast<double>(timer.nsecsElapsed()) / 1e6; };
+    AnsweredTime time;
+    bool busy = true;
+    // The answer is on screen after the round that paints it; the work it leaves for
+    // later must let events through at least once a frame.
+    for (int round = 0; round < 100000 && busy; ++round) {
+        const double roundStart = elapsed();
+        const double roundCpu = ThreadCpuMs();
+        busy = Round();
+        if (time.answer.ms == 0 && answered()) {
+            time.answer = {elapsed(), ThreadCpuMs() - cpu};
+        } else if (time.answer.ms > 0) {
+            time.longestRound = std::max(
+                time.longestRound, GestureTime{elapsed() - roundStart, ThreadCpuMs() - roundCpu},
+                [](const GestureTime& a, const GestureTime& b) { return a.ms < b.ms; });
+        }
+    }
+    if (time.answer.ms == 0) time.answer = {elapsed(), ThreadCpuMs() - cpu};
+    return time;
 }
 
 double Samples::Percentile(std::vector<double> values, double percent) {

@@ -29,6 +29,16 @@ struct GestureTime {
 // Runs act (which sends the gesture's events) and settles.
 GestureTime TimeGesture(const std::function<void()>& act);
 
+// A gesture that answers at once and finishes its work later, between events (find
+// goes to its first hit and counts the others): the time until the round after which
+// answered() holds, and the longest round after it, that is the longest a person's
+// next key waits while the rest is done.
+struct AnsweredTime {
+    GestureTime answer;
+    GestureTime longestRound;
+};
+AnsweredTime TimeAnswer(const std::function<void()>& act, const std::function<bool()>& answered);
+
 // Milliseconds, in the order taken.
 struct Samples {
     std::vector<double> ms;
@@ -47,11 +57,10 @@ struct Samples {
 // The steps of one gesture on one subject (the control or the stock anchor).
 // Sample i: before(i) readies it without being timed and returns what went wrong
 // (empty: ready); act(i) sends the real events, timed with the repaint; after(i)
-// checks the gesture had its effect and returns what went wrong. kind(i), when set,
-// files the sample under another gesture name (a Tab that scrolled); finish, when
-// set, puts right what the samples left (a typed character). A message box during a
-// sample is a failure unless tells is set (a paste telling the user of the cells it
-// skipped).
+// checks the gesture had its effect (once it is done) and returns what went wrong. kind(i), when
+// set, files the sample under another gesture name (a Tab that scrolled); finish, when set, puts
+// right what the samples left (a typed character). A message box during a sample is a failure
+// unless tells is set (a paste telling the user of the cells it skipped).
 struct GesturePlan {
     std::function<std::string(int)> before;
     std::function<void(int)> act;
@@ -59,6 +68,10 @@ struct GesturePlan {
     std::function<std::string(int)> kind;
     std::function<void()> finish = {};
     bool tells = false;
+    // Set for a gesture that answers at once and finishes later (TimeAnswer): the
+    // answer is filed under the gesture's name, the longest round after it under the
+    // name + "-later".
+    std::function<bool()> answered = {};
 };
 
 }  // namespace tabulon::bench

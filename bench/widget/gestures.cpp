@@ -448,7 +448,15 @@ GestureRun RunPlan(const std::string& gesture, const GesturePlan& plan, Subject&
             return run;
         }
         const int messages = subject.messages();
-        const GestureTime time = TimeGesture([&] { plan.act(i); });
+        GestureTime time;
+        GestureTime later;
+        if (plan.answered) {
+            const AnsweredTime answered = TimeAnswer([&] { plan.act(i); }, plan.answered);
+            time = answered.answer;
+            later = answered.longestRound;
+        } else {
+            time = TimeGesture([&] { plan.act(i); });
+        }
         std::string wrong;
         if (subject.messages() != messages && !plan.tells) {
             wrong = "a message box: " + subject.lastMessage().toStdString();
@@ -459,7 +467,10 @@ GestureRun RunPlan(const std::string& gesture, const GesturePlan& plan, Subject&
             run.failure = "sample " + std::to_string(i) + ": " + wrong;
             return run;
         }
-        if (i >= warmup) run.samples[plan.kind ? plan.kind(i) : gesture].add(time);
+        if (i >= warmup) {
+            run.samples[plan.kind ? plan.kind(i) : gesture].add(time);
+            if (plan.answered) run.samples[gesture + "-later"].add(later);
+        }
     }
     if (plan.finish) plan.finish();
     return run;

@@ -30,8 +30,7 @@ void ResetView(ControlCore& core) {
     core.form.cboFilter.setEnabled(false);
     core.form.treTreeView.clear();
     ClearProblems(core);
-    core.find.hits.clear();  // they name nodes and cells of the old document
-    core.find.current = -1;
+    DropFind(core);  // its hits name nodes and cells of the old document
 }
 
 // The new document replaces the old one, and with it every node handle into the old

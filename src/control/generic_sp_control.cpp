@@ -59,7 +59,7 @@ void Generic_SP_Control::Terminate() {
     core_->doc = DocumentModel();
     core_->history.Clear();
     core_->problems.clear();
-    core_->find.hits.clear();
+    DropFind(*core_);
     core_->unitRegistrar.reset();
     core_->blnEditorActive = false;
     ReleaseConversionTable();

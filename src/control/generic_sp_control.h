@@ -229,6 +229,16 @@ public:
     // included) for text and keeps the hits, in tree order then row by row; returns
     // them. An empty text finds nothing.
     std::vector<FindHit> Find(const std::string& text, const FindOptions& options = {});
+    // Find made a few tree nodes at a time, for a front end that goes to the first hit
+    // at once and counts the others between events: StartFind drops the kept hits and
+    // begins; ContinueFind searches up to nodes more tree nodes, keeping their hits,
+    // and returns FindComplete(). Until then FindNext and FindPrevious go only to hits
+    // already found (no wrapping round). The hits are Find's; a load drops the search.
+    void StartFind(const std::string& text, const FindOptions& options = {});
+    bool ContinueFind(int nodes);
+    bool FindComplete() const;
+    // The hits kept so far.
+    const std::vector<FindHit>& FindHits() const;
     // Goes to the kept hit index (node selected, cell current and in view, its
     // editor open; a caption's hit goes to the nearest value cell); false when out of
     // range or the node no longer has the cell.

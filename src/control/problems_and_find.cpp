@@ -34,6 +34,22 @@ std::vector<FindHit> Generic_SP_Control::Find(const std::string& text, const Fin
     return core_->find.hits;
 }
 
+void Generic_SP_Control::StartFind(const std::string& text, const FindOptions& options) {
+    tabulon::StartFind(*core_, text, options);
+}
+
+bool Generic_SP_Control::ContinueFind(int nodes) {
+    return tabulon::ContinueFind(*core_, nodes);
+}
+
+bool Generic_SP_Control::FindComplete() const {
+    return !core_->find.pending;
+}
+
+const std::vector<FindHit>& Generic_SP_Control::FindHits() const {
+    return core_->find.hits;
+}
+
 bool Generic_SP_Control::GoToFindHit(int index) {
     return tabulon::GoToFindHit(*core_, index);
 }

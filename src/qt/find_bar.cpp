@@ -1,5 +1,6 @@
 #include "qt/find_bar.h"
 
+#include <QElapsedTimer>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 
@@ -33,7 +34,8 @@ FindBar::FindBar(SpreadsheetWidget& widget, BindingHost& host)
       text_(new QLineEdit(this)),
       matchCase_(new QCheckBox(tr("Match case"), this)),
       wholeCell_(new QCheckBox(tr("Whole cell"), this)),
-      count_(new QLabel(this)) {
+      count_(new QLabel(this)),
+      slices_(new QTimer(this)) {
     setObjectName(QStringLiteral("findBar"));
     setFrameShape(QFrame::StyledPanel);
     setAutoFillBackground(true);
@@ -57,6 +59,9 @@ FindBar::FindBar(SpreadsheetWidget& widget, BindingHost& host)
     connect(previousButton, &QToolButton::clicked, this, &FindBar::previous);
     connect(nextButton, &QToolButton::clicked, this, &FindBar::next);
     connect(closeButton, &QToolButton::clicked, this, &FindBar::dismiss);
+    slices_->setSingleShot(true);
+    text_->installEventFilter(this);
+    connect(slices_, &QTimer::timeout, this, &FindBar::search);
     hide();
 }
 
@@ -78,6 +83,8 @@ void FindBar::open() {
 }
 
 void FindBar::dismiss() {
+    slices_->stop();
+    wanted_ = Step::None;
     hide();
     widget_.setFocus(Qt::OtherFocusReason);
 }
@@ -90,9 +97,15 @@ void FindBar::previous() {
     step(false);
 }
 
+bool FindBar::counting() const {
+    return slices_->isActive();
+}
+
 void FindBar::step(bool forward) {
     Generic_SP_Control& control = widget_.control();
-    const bool changed = !searchedOnce_ || text_->text() != searched_ ||
+    // A load drops the hits: search its document again.
+    const bool dropped = control.FindComplete() && control.FindHits().empty();
+    const bool changed = !searchedOnce_ || dropped || text_->text() != searched_ ||
                          matchCase_->isChecked() != searchedMatchCase_ ||
                          wholeCell_->isChecked() != searchedWholeCell_;
     if (changed) {
@@ -103,8 +116,42 @@ void FindBar::step(bool forward) {
         FindOptions options;
         options.matchCase = searchedMatchCase_;
         options.wholeCell = searchedWholeCell_;
-        control.Find(ToStdString(searched_), options);
+        control.StartFind(ToStdString(searched_), options);
     }
+    wanted_ = forward ? Step::Next : Step::Previous;
+    search();
+}
+
+void FindBar::search() {
+    Generic_SP_Control& control = widget_.control();
+    QElapsedTimer clock;
+    clock.start();
+    // The step's hit may be among those found already: go there before searching on.
+    while (!tryStep() && !control.FindComplete()) {
+        control.ContinueFind(1);
+        if (clock.elapsed() >= sliceMs_) break;
+    }
+    while (wanted_ == Step::None && !control.FindComplete() && clock.elapsed() < sliceMs_)
+        control.ContinueFind(1);
+    tryStep();
+    showCount();
+    if (control.FindComplete()) {
+        slices_->stop();
+    } else {
+        slices_->start(0);
+    }
+}
+
+bool FindBar::tryStep() {
+    if (wanted_ == Step::None) return false;
+    Generic_SP_Control& control = widget_.control();
+    const int current = control.CurrentFindHit();
+    const int found = static_cast<int>(control.FindHits().size());
+    // Until every node is searched, only a hit already found can be gone to.
+    const bool known = wanted_ == Step::Next ? current + 1 < found : current > 0;
+    if (!control.FindComplete() && !known) return false;
+    const bool forward = wanted_ == Step::Next;
+    wanted_ = Step::None;
     host_.runGesture([&control, forward] {
         if (forward) {
             control.FindNext();
@@ -112,18 +159,35 @@ void FindBar::step(bool forward) {
             control.FindPrevious();
         }
     });
-    showCount();
     text_->setFocus(Qt::OtherFocusReason);
+    return true;
 }
 
 void FindBar::showCount() {
     const Generic_SP_Control& control = widget_.control();
-    const int hits = static_cast<int>(CoreOf(control).find.hits.size());
-    if (hits == 0) {
+    const int hits = static_cast<int>(control.FindHits().size());
+    const int current = control.CurrentFindHit();
+    if (!control.FindComplete()) {
+        count_->setText(current < 0 ? tr("Searching\u2026")
+                                    : tr("%1 of at least %2").arg(current + 1).arg(hits));
+    } else if (hits == 0) {
         count_->setText(tr("No hits"));
+    } else if (current < 0) {  // the step was given up
+        count_->setText(hits == 1 ? tr("1 hit") : tr("%1 hits").arg(hits));
     } else {
-        count_->setText(tr("%1 of %2").arg(control.CurrentFindHit() + 1).arg(hits));
+        count_->setText(tr("%1 of %2").arg(current + 1).arg(hits));
     }
+}
+
+bool FindBar::eventFilter(QObject* watched, QEvent* event) {
+    // A step whose hit is still being searched for is given up once the person goes
+    // elsewhere: the jump must not pull them away from what they turned to.
+    if (watched == text_ && event->type() == QEvent::FocusOut) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+            wanted_ = Step::None;
+    }
+    return QFrame::eventFilter(watched, event);
 }
 
 void FindBar::keyPressEvent(QKeyEvent* event) {

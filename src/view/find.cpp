@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <exception>
+#include <limits>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -121,6 +123,9 @@ public:
         return matches;
     }
 
+    // Drops the layouts read so far, and with them every handle into the document.
+    void ForgetLayouts() { layouts_.clear(); }
+
 private:
     void Test(int row, int col, std::string_view shown, std::vector<CellMatch>& matches) const {
         if (needle_.matches(shown)) matches.push_back({row, col, std::string(shown)});
@@ -193,7 +198,7 @@ private:
     }
 
     ControlCore& core_;
-    const Needle& needle_;
+    Needle needle_;
     bool metric_;
     std::shared_ptr<UnitRegistrar> registrar_;
     UnitNumBox numBox_;
@@ -204,37 +209,77 @@ private:
 
 }  // namespace
 
+// A search made a few tree nodes at a time. Between steps it keeps no handle into
+// the document (the layouts read are dropped), only the shown texts it matched, so an
+// edit between steps cannot leave it reading a released node.
+class TreeFind {
+public:
+    TreeFind(ControlCore& core, std::string_view text, const FindOptions& options) {
+        if (const Needle needle(text, options); !needle.empty()) search_.emplace(core, needle);
+    }
+    // The search's converter holds on to the boxes beside it.
+    TreeFind(const TreeFind&) = delete;
+    TreeFind& operator=(const TreeFind&) = delete;
+
+    // Searches up to nodes more tree nodes, adding their hits; true once every node is.
+    bool Continue(ControlCore& core, int nodes, std::vector<FindHit>& hits) {
+        if (!search_) return true;
+        const DocumentModel& doc = core.doc;
+        const int last = std::min(doc.treeRecordCount(), core.form.treTreeView.count());
+        const TreeRecords& records = doc.udtTreeNodes;
+        for (; next_ <= last && nodes > 0; ++next_, --nodes) {
+            const auto i = static_cast<std::size_t>(next_ - 1);
+            std::pair<std::string, std::string> shown(records.text(i, TreeField::GridHeaderKey),
+                                                      records.text(i, TreeField::GridValueKey));
+            // Nodes that show the same layout and key show the same grid.
+            auto grid = searched_.find(shown);
+            if (grid == searched_.end()) {
+                std::vector<CellMatch> matches = search_->Search(shown.first, shown.second);
+                grid = searched_.emplace(std::move(shown), std::move(matches)).first;
+            }
+            for (const CellMatch& match : grid->second) {
+                hits.push_back({next_, std::string(records.text(i, TreeField::KeyValue)), match.row,
+                                match.col, match.text});
+            }
+        }
+        search_->ForgetLayouts();
+        return next_ > last;
+    }
+
+private:
+    std::optional<TreeSearch> search_;  // none for an empty text: it finds nothing
+    std::map<std::pair<std::string, std::string>, std::vector<CellMatch>> searched_;
+    int next_ = 1;
+};
+
 std::vector<FindHit> FindInTree(ControlCore& core, std::string_view text,
                                 const FindOptions& options) {
     std::vector<FindHit> hits;
-    const Needle needle(text, options);
-    if (needle.empty()) return hits;
-    TreeSearch search(core, needle);
-    // Nodes that show the same layout and key show the same grid.
-    std::map<std::pair<std::string, std::string>, std::vector<CellMatch>> searched;
-    const DocumentModel& doc = core.doc;
-    const int nodes = std::min(doc.treeRecordCount(), core.form.treTreeView.count());
-    const TreeRecords& records = doc.udtTreeNodes;
-    for (int n = 1; n <= nodes; ++n) {
-        const auto i = static_cast<std::size_t>(n - 1);
-        std::pair<std::string, std::string> shown(records.text(i, TreeField::GridHeaderKey),
-                                                  records.text(i, TreeField::GridValueKey));
-        auto grid = searched.find(shown);
-        if (grid == searched.end()) {
-            std::vector<CellMatch> matches = search.Search(shown.first, shown.second);
-            grid = searched.emplace(std::move(shown), std::move(matches)).first;
-        }
-        for (const CellMatch& match : grid->second) {
-            hits.push_back({n, std::string(records.text(i, TreeField::KeyValue)), match.row,
-                            match.col, match.text});
-        }
-    }
+    TreeFind(core, text, options).Continue(core, std::numeric_limits<int>::max(), hits);
     return hits;
 }
 
-int RunFind(ControlCore& core, std::string_view text, const FindOptions& options) {
-    core.find.hits = FindInTree(core, text, options);
+void StartFind(ControlCore& core, std::string_view text, const FindOptions& options) {
+    DropFind(core);
+    core.find.pending = std::make_shared<TreeFind>(core, text, options);
+}
+
+bool ContinueFind(ControlCore& core, int nodes) {
+    FindState& find = core.find;
+    if (!find.pending) return true;
+    if (find.pending->Continue(core, std::max(nodes, 0), find.hits)) find.pending.reset();
+    return !find.pending;
+}
+
+void DropFind(ControlCore& core) {
+    core.find.hits.clear();
     core.find.current = -1;
+    core.find.pending.reset();
+}
+
+int RunFind(ControlCore& core, std::string_view text, const FindOptions& options) {
+    StartFind(core, text, options);
+    ContinueFind(core, std::numeric_limits<int>::max());
     return static_cast<int>(core.find.hits.size());
 }
 
@@ -252,6 +297,9 @@ bool StepFindHit(ControlCore& core, bool forward) {
     const int current = core.find.current;
     int next = forward ? current + 1 : current - 1;
     if (current < 0) next = forward ? 0 : count - 1;
+    // While searching, the hit after the last one found (or before the first) is not
+    // known yet: no wrapping round.
+    if (core.find.pending && !(forward ? next < count : current > 0)) return false;
     return GoToFindHit(core, (next + count) % count);
 }
 

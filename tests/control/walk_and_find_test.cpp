@@ -85,6 +85,42 @@ TEST_F(ControlHarness, FindSeesValuesAsShownInAMetricDocument) {
     EXPECT_THAT(control().Find("(in)"), ::testing::IsEmpty());
 }
 
+// Find a node at a time, as the find bar makes it on a large document.
+TEST_F(WalkAndFind, FindMadeANodeAtATimeKeepsFindsHitsAndWrapsOnlyOnceDone) {
+    const std::vector<FindHit> all = control().Find("2");
+    ASSERT_EQ(all.size(), 6u);  // two in each node
+    for (const int nodes : {1, 2}) {
+        control().StartFind("2");
+        EXPECT_FALSE(control().FindComplete());
+        int steps = 1;
+        while (!control().ContinueFind(nodes))
+            ++steps;
+        EXPECT_EQ(steps, nodes == 1 ? 3 : 2);
+        EXPECT_EQ(control().FindHits(), all);
+    }
+
+    control().StartFind("2");
+    EXPECT_FALSE(control().FindPrevious());  // nothing found yet
+    control().ContinueFind(1);
+    EXPECT_FALSE(control().FindPrevious());  // the last hit is not known yet
+    ASSERT_TRUE(control().FindNext());
+    ASSERT_TRUE(control().FindNext());
+    EXPECT_EQ(Here(), "A 2,2");
+    EXPECT_FALSE(control().FindNext());  // B is not searched yet: no wrapping round
+    EXPECT_EQ(control().CurrentFindHit(), 1);
+    EXPECT_TRUE(control().ContinueFind(100));
+    ASSERT_TRUE(control().FindNext());
+    EXPECT_EQ(Here(), "B 1,2");
+
+    // A load drops the search under way with every handle into the old document.
+    control().StartFind("2");
+    control().ContinueFind(1);
+    ASSERT_TRUE(LoadText(ThreeNodes()));
+    EXPECT_TRUE(control().FindComplete());
+    EXPECT_TRUE(control().ContinueFind(1));
+    EXPECT_THAT(control().FindHits(), ::testing::IsEmpty());
+}
+
 // The access keys act at key-down: the data area's key-up handler, which swallows
 // every key-up there, never sees them.
 TEST_F(WalkAndFind, AccessKeysActBeforeTheKeyUpHandler) {

@@ -12,6 +12,7 @@
 #include "common/files.h"
 #include "control/control_access.h"
 #include "qt/bindings/unit_num_binding.h"
+#include "qt/find_bar.h"
 #include "widget_fixture.h"
 
 namespace tabulon::testing {
@@ -169,6 +170,52 @@ TEST_F(WidgetBehaviour, APictureQtCannotDecodeFailsTheLoad) {
     messages.clear();
     EXPECT_TRUE(widget().LoadXML(withPicture("samples/icons/pump.png")));
     EXPECT_TRUE(messages.empty());
+}
+
+// The find bar searched one tree node per slice, as on a document too large to search
+// within a frame.
+TEST_F(WidgetBehaviour, TheFindBarGoesToTheFirstHitAtOnceAndCountsTheRestBetweenEvents) {
+    ASSERT_TRUE(Load("samples/english.xml"));
+    const int chHits = static_cast<int>(widget().control().Find("CH").size());
+    const int pumpHits = static_cast<int>(widget().control().Find("Pump").size());
+    ASSERT_GT(chHits, 3);
+    auto* bar = static_cast<FindBar*>(widget().findBar());
+    bar->setSliceTime(0);
+    const auto enter = [bar](Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(bar->textEdit(), Qt::Key_Return, modifiers);  // no event let through
+    };
+    const FlexGrid& grid = form().msgGridView;
+    const TreeView& tree = form().treTreeView;
+
+    KeyClick(Qt::Key_F, Qt::ControlModifier);
+    TypeText(QStringLiteral("CH"));
+    enter();
+    // The first node's hit is gone to before the other nodes are searched.
+    EXPECT_TRUE(bar->counting());
+    EXPECT_TRUE(bar->countLabel()->text().startsWith(QStringLiteral("1 of at least ")));
+    EXPECT_EQ(tree.selectedIndex(), 1);
+    EXPECT_EQ(grid.col(), 3);
+    EXPECT_TRUE(bar->textEdit()->hasFocus());
+    // Back from the first hit only once the last is known.
+    enter(Qt::ShiftModifier);
+    EXPECT_EQ(grid.col(), 3);
+    QTRY_VERIFY(!bar->counting());
+    EXPECT_EQ(bar->countLabel()->text(), QStringLiteral("%1 of %1").arg(chHits));
+    EXPECT_EQ(widget().control().CurrentFindHit(), chHits - 1);
+    enter();
+    EXPECT_EQ(bar->countLabel()->text(), QStringLiteral("1 of %1").arg(chHits));
+
+    // A person who turns to a cell while the hit is still looked for stays there.
+    bar->textEdit()->selectAll();
+    TypeText(QStringLiteral("Pump"));
+    enter();
+    EXPECT_EQ(bar->countLabel()->text(), QStringLiteral("Searching\u2026"));
+    ClickCell(2, 1);
+    QTRY_VERIFY(!bar->counting());
+    EXPECT_EQ(tree.selectedIndex(), 1);
+    EXPECT_EQ(std::pair(grid.row(), grid.col()), std::pair(2, 1));
+    EXPECT_EQ(pumpHits, 1);
+    EXPECT_EQ(bar->countLabel()->text(), QStringLiteral("1 hit"));
 }
 
 }  // namespace
