@@ -126,13 +126,17 @@ void FindBar::search() {
     Generic_SP_Control& control = widget_.control();
     QElapsedTimer clock;
     clock.start();
-    // The step's hit may be among those found already: go there before searching on.
-    while (!tryStep() && !control.FindComplete()) {
-        control.ContinueFind(1);
-        if (clock.elapsed() >= sliceMs_) break;
+    if (wanted_ != Step::None) {
+        // Only until the step's hit is found: the jump is painted before counting on.
+        while (!tryStep() && !control.FindComplete()) {
+            control.ContinueFind(1);
+            if (clock.elapsed() >= sliceMs_) break;
+        }
+    } else {
+        do {
+            control.ContinueFind(1);
+        } while (!control.FindComplete() && clock.elapsed() < sliceMs_);
     }
-    while (wanted_ == Step::None && !control.FindComplete() && clock.elapsed() < sliceMs_)
-        control.ContinueFind(1);
     tryStep();
     showCount();
     if (control.FindComplete()) {
