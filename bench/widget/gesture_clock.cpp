@@ -89,22 +89,28 @@ AnsweredTime TimeAnswer(const std::function<void()>& act, const std::function<bo
     act();
     const auto elapsed = [&timer] { return static_cast<double>(timer.nsecsElapsed()) / 1e6; };
     AnsweredTime time;
-    bool busy = true;
-    // The answer is on screen after the round that paints it; the work it leaves for
-    // later must let events through at least once a frame.
-    for (int round = 0; round < 100000 && busy; ++round) {
+    bool known = false;
+    const auto check = [&] {
+        if (known || !answered()) return;
+        known = true;
+        time.answer = {elapsed(), ThreadCpuMs() - cpu};
+    };
+    // The answer is on screen once the update it posted is delivered; the work it
+    // leaves for later (timers) must let events through at least once a frame.
+    for (bool busy = true; busy;) {
+        const bool after = known;
         const double roundStart = elapsed();
         const double roundCpu = ThreadCpuMs();
-        busy = Round();
-        if (time.answer.ms == 0 && answered()) {
-            time.answer = {elapsed(), ThreadCpuMs() - cpu};
-        } else if (time.answer.ms > 0) {
-            time.longestRound = std::max(
-                time.longestRound, GestureTime{elapsed() - roundStart, ThreadCpuMs() - roundCpu},
-                [](const GestureTime& a, const GestureTime& b) { return a.ms < b.ms; });
-        }
+        const long long before = DeliveredEvents();
+        QCoreApplication::sendPostedEvents();
+        check();
+        QCoreApplication::processEvents(QEventLoop::AllEvents);
+        check();
+        busy = DeliveredEvents() != before;
+        const GestureTime round{elapsed() - roundStart, ThreadCpuMs() - roundCpu};
+        if (after && round.ms > time.longestRound.ms) time.longestRound = round;
     }
-    if (time.answer.ms == 0) time.answer = {elapsed(), ThreadCpuMs() - cpu};
+    if (!known) time.answer = {elapsed(), ThreadCpuMs() - cpu};
     return time;
 }
 
