@@ -31,7 +31,9 @@
 #      `xmllint --valid` on the same text; peak memory of the demo holding the 50 MB
 #      document at most 5x the file. WIDGET_SCALE (default 1) scales its samples.
 #      Medians that differ by less than 0.1 ms count as the same size (the event loop's
-#      own noise); View/Print, OK, paste, find and F9 have no stock counterpart. The
+#      own noise); View/Print, OK, paste, find and F9 have no stock counterpart. Find
+#      is timed until its first hit is painted; find-later is the longest the event
+#      loop is held while the other hits are counted (judged by the frame goal). The
 #      processor times at 1 and 50 MB are listed beside the wall-clock figures: on a
 #      machine others share, they are the figures to compare between runs.
 # Every ratio is printed with its goal and PASS or FAIL; the exit status is 1 when
@@ -260,6 +262,9 @@ if [ "$paint_ran" = 1 ]; then
         [ "$size" = FAIL ] && [ "$(verdict "$large" lt "$(awk -v s="$small" 'BEGIN { print s + 0.1 }')")" = PASS ] &&
             size=PASS
         [ "$gesture" = load ] && frame=- && anchor=- && size=-
+        # The longest round while the work left for later is done: bounded by its slice,
+        # with little or nothing left at 1 MB, so only the frame goal judges it.
+        [[ "$gesture" == *-later ]] && size=-
         i=0
         for v in "$frame" "$anchor" "$size"; do
             [ "$v" = PASS ] && counts[i]=$((counts[i] + 1))
