@@ -6,6 +6,7 @@
 
 #include "control/control_access.h"
 #include "qt/bindings/binding_host.h"
+#include "qt/bindings/grid_view.h"
 #include "qt/qt_text.h"
 #include "qt/spreadsheet_widget.h"
 #include "qt/twips_scale.h"
@@ -70,8 +71,16 @@ void FindBar::place() {
     const QRect area =
         widget_.scale().toPixels(grid.left(), grid.top(), grid.width(), grid.height());
     const int width = std::min(sizeHint().width(), std::max(area.width() - 2 * kMargin, 0));
-    resize(width, sizeHint().height());
-    move(area.right() - width - kMargin, area.top() + kMargin);
+    QRect bar(area.right() - width - kMargin, area.top() + kMargin, width, sizeHint().height());
+    // Never over the current cell, where a hit was just gone to: then at the bottom.
+    if (auto* view = static_cast<GridView*>(widget_.widgetFor(grid))) {
+        QRect cell = view->cellRect(grid.row(), grid.col());
+        cell.translate(view->mapTo(&widget_, QPoint()));
+        QRect below = bar;
+        below.moveBottom(area.bottom() - kMargin);
+        if (!cell.isEmpty() && cell.intersects(bar) && !cell.intersects(below)) bar = below;
+    }
+    setGeometry(bar);
 }
 
 void FindBar::open() {
@@ -163,6 +172,7 @@ bool FindBar::tryStep() {
             control.FindPrevious();
         }
     });
+    place();
     text_->setFocus(Qt::OtherFocusReason);
     return true;
 }
@@ -181,6 +191,8 @@ void FindBar::showCount() {
     } else {
         count_->setText(tr("%1 of %2").arg(current + 1).arg(hits));
     }
+    // The bar grows with its label rather than squeezing the text being typed.
+    if (isVisible() && width() < sizeHint().width()) place();
 }
 
 bool FindBar::eventFilter(QObject* watched, QEvent* event) {

@@ -1,5 +1,6 @@
-// FindBar: the widget's find bar, laid over the top-right corner of the grid, left of
-// the control's own vertical bar (it takes no room from the control's layout). Ctrl+F opens it with
+// FindBar: the widget's find bar, laid over the top-right corner of the grid (the
+// bottom-right one when the current cell is under it), left of the control's own
+// vertical bar (it takes no room from the control's layout). Ctrl+F opens it with
 // its text selected; Enter (or Next) goes to the next hit and Shift+Enter (or Previous) to the
 // previous one, searching again first when the text or an option changed since the last search; the
 // label counts the hits ("2 of 14", "No hits"); Escape or Close hides it and the focus goes back
@@ -44,7 +45,8 @@ public:
     void open();
     // Hides the bar; the focus goes back to the control's focused component.
     void dismiss();
-    // Places the bar at the grid's top-right corner.
+    // Places the bar at the grid's top-right corner, or its bottom-right one when the
+    // current cell would be under it.
     void place();
     // The longest the bar searches before it lets events through; 0 searches one tree
     // node at a time.

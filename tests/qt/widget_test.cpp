@@ -196,6 +196,9 @@ TEST_F(WidgetBehaviour, TheFindBarGoesToTheFirstHitAtOnceAndCountsTheRestBetween
     EXPECT_EQ(tree.selectedIndex(), 1);
     EXPECT_EQ(grid.col(), 3);
     EXPECT_TRUE(bar->textEdit()->hasFocus());
+    const QRect hit = view().cellRect(1, 3).translated(view().mapTo(&widget(), QPoint()));
+    ASSERT_FALSE(hit.isEmpty());
+    EXPECT_FALSE(bar->geometry().intersects(hit)) << "the bar covers the hit";
     // Back from the first hit only once the last is known.
     enter(Qt::ShiftModifier);
     EXPECT_EQ(grid.col(), 3);
