@@ -130,6 +130,7 @@ struct Document::Impl {
     pugi::xml_document document;
     std::vector<std::string> textElements;
     FileStamp stamp;
+    std::size_t sourceBytes = 0;  // of the text last parsed
 };
 
 Document::Document() : impl_(std::make_unique<Impl>()) {}
@@ -169,6 +170,7 @@ bool Document::Parse(std::string_view text, ParseError* error) {
     }
     if (result) {
         DropBlankText(document, text, impl_->textElements);
+        impl_->sourceBytes = text.size();
         return true;
     }
     document.reset();
@@ -273,6 +275,7 @@ bool Document::LoadFile(const std::string& path, ParseError* error, std::uint64_
             // Without references, every blank text was written blank.
             DropBlankText(document, {}, impl_->textElements);
             impl_->stamp = stamp;
+            impl_->sourceBytes = whole.size;
             return true;
         }
         ChangeStructure();
@@ -326,7 +329,7 @@ Node Document::documentElement() const {
 }
 
 std::string Document::Serialize() const {
-    return root().serialize();
+    return root().serialize(impl_ ? impl_->sourceBytes : 0);
 }
 
 bool Document::SaveAtomic(const std::string& path, std::string* reason, const FileStamp* expected,

@@ -125,7 +125,9 @@ public:
     // The node as XML text, exactly as Document::Serialize writes it, indented from
     // column 0 and without a final line end ("" when empty). For the document node
     // it is Document::Serialize().
-    std::string serialize() const;
+    // expectedBytes, when known (the size of the text parsed), is made room for at
+    // once instead of growing the text as it is written.
+    std::string serialize(std::size_t expectedBytes = 0) const;
 
 private:
     friend class Document;

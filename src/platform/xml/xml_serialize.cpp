@@ -9,6 +9,8 @@
 // would make its text quadratic in size.
 #include <pugixml.hpp>
 
+#include <array>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -40,7 +42,7 @@ void AppendCharacterReference(std::string& out, char c) {
 }
 
 // The replacement for c, or nullptr when c is written as it is.
-const char* EntityFor(char c, Context context) {
+constexpr const char* EntityFor(char c, Context context) {
     switch (c) {
         case '&':
             return "&amp;";
@@ -55,10 +57,24 @@ const char* EntityFor(char c, Context context) {
     }
 }
 
-bool NeedsCharacterReference(char c, Context context) {
+constexpr bool NeedsCharacterReference(char c, Context context) {
     if (static_cast<unsigned char>(c) >= 0x20) return false;
     return context == Context::Attribute || (c != '\t' && c != '\n');
 }
+
+// Per byte: whether it is written otherwise than as it is, in text (bit 0) and in
+// attribute values (bit 1). Most text needs nothing: runs of it are copied whole.
+constexpr std::array<std::uint8_t, 256> kRewritten = [] {
+    std::array<std::uint8_t, 256> table{};
+    for (int c = 0; c < 256; ++c) {
+        for (const Context context : {Context::Text, Context::Attribute}) {
+            const char byte = static_cast<char>(c);
+            if (EntityFor(byte, context) != nullptr || NeedsCharacterReference(byte, context))
+                table[static_cast<std::size_t>(c)] |= context == Context::Text ? 1 : 2;
+        }
+    }
+    return table;
+}();
 
 void AppendEscaped(std::string& out, std::string_view text, Context context) {
     if (context == Context::Text && IsWhitespaceOnly(text)) {
@@ -67,20 +83,20 @@ void AppendEscaped(std::string& out, std::string_view text, Context context) {
         }
         return;
     }
+    const std::uint8_t mask = context == Context::Text ? 1 : 2;
+    const std::size_t size = text.size();
     std::size_t run = 0;  // start of the pending run of characters written unchanged
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const char* entity = EntityFor(text[i], context);
-        const bool reference = entity == nullptr && NeedsCharacterReference(text[i], context);
-        if (entity == nullptr && !reference) continue;
-        out.append(text.substr(run, i - run));
-        if (entity != nullptr) {
+    for (std::size_t i = 0; i < size; ++i) {
+        if ((kRewritten[static_cast<unsigned char>(text[i])] & mask) == 0) continue;
+        out.append(text.data() + run, i - run);
+        if (const char* entity = EntityFor(text[i], context)) {
             out += entity;
         } else {
             AppendCharacterReference(out, text[i]);
         }
         run = i + 1;
     }
-    out.append(text.substr(run));
+    out.append(text.data() + run, size - run);
 }
 
 bool HasTextChild(pugi::xml_node node) {
@@ -107,7 +123,8 @@ public:
     void Subtree(pugi::xml_node top, bool inlineAll) {
         pugi::xml_node node = top;
         for (;;) {
-            if (node.type() == pugi::node_element && node.first_child()) {
+            const pugi::xml_node_type type = node.type();
+            if (type == pugi::node_element && node.first_child()) {
                 const bool inlineContent = (inline_.empty() ? inlineAll : inline_.back()) ||
                                            inline_.size() >= kMaxIndentedDepth ||
                                            HasTextChild(node);
@@ -118,7 +135,7 @@ public:
                 if (!inlineContent) NewLine();
                 continue;
             }
-            Leaf(node);
+            Leaf(node, type);
             while (node != top && !node.next_sibling()) {
                 node = node.parent();
                 const bool inlineContent = inline_.back();
@@ -169,9 +186,10 @@ private:
         out_ += "]]>";
     }
 
-    void Leaf(pugi::xml_node node) {
-        const std::string_view value = node.value();
-        switch (node.type()) {
+    void Leaf(pugi::xml_node node, pugi::xml_node_type type) {
+        // Elements have no value: not asked for (each call crosses into the library).
+        const std::string_view value = type == pugi::node_element ? "" : node.value();
+        switch (type) {
             case pugi::node_element:
                 StartTag(node);
                 out_ += "/>";
@@ -218,8 +236,10 @@ private:
 
 }  // namespace
 
-std::string Node::serialize() const {
+std::string Node::serialize(std::size_t expectedBytes) const {
     std::string out;
+    // A little over: the text written may be longer than the text read.
+    out.reserve(expectedBytes + expectedBytes / 16);
     const pugi::xml_node node(static_cast<pugi::xml_node_struct*>(handle_));
     Writer writer(out);
     if (node.type() == pugi::node_document) {
