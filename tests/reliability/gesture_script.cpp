@@ -303,6 +303,23 @@ Line HostChange(const Context& c, ChoiceSource& choices) {
     return "on-appgrid " + path + " " + Word(kFlags, choices) + " " + value;
 }
 
+// Find a few nodes at a time, as the find bar searches, with edits and loads between
+// its steps; the walks to its hits and to the values that need correcting.
+Line FindOrWalk(const Context&, ChoiceSource& choices) {
+    static constexpr std::array<std::string_view, 5> kTexts = {"1", "ch", "Pump", "(", ""};
+    static constexpr std::array<std::string_view, 5> kWalks = {
+        "find-next", "find-previous", "find-next", "next-invalid", "previous-invalid"};
+    switch (choices.Below(3)) {
+        case 0:
+            return "find-start " + QuoteWord(Word(kTexts, choices)) +
+                   (choices.Below(3) == 0 ? " whole-cell" : "");
+        case 1:
+            return "find-continue " + Number(choices.Below(4));
+        default:
+            return Word(kWalks, choices);
+    }
+}
+
 // Undo and redo as the user (keys) or the host (calls) asks for them, and Escape.
 Line UndoOrRedo(const Context&, ChoiceSource& choices) {
     static constexpr std::array<std::string_view, 7> kCommands = {
@@ -315,7 +332,7 @@ struct WeightedGesture {
     Gesture gesture;
 };
 
-constexpr std::array<WeightedGesture, 20> kGestures = {{
+constexpr std::array<WeightedGesture, 21> kGestures = {{
     {22, ClickValueCell},
     {3, ClickAnyCell},
     {3, MouseMove},
@@ -335,6 +352,7 @@ constexpr std::array<WeightedGesture, 20> kGestures = {{
     {1, DragSplitter},
     {1, DragColBorder},
     {2, HostChange},
+    {3, FindOrWalk},
     {5, UndoOrRedo},
 }};
 
