@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <QPushButton>
 #include <QTest>
-#include <QTreeWidget>
+#include <QTreeView>
 
 #include "control/control_access.h"
 #include "demo_window.h"
@@ -70,12 +70,12 @@ QString DemoScript::clickNode(const QString& key) {
     TreeView& tree = FormOf(spreadsheet.control()).treTreeView;
     const int index = tree.indexOf(ToStdString(key));
     auto* binding = static_cast<TreeBinding*>(spreadsheet.bindingFor(tree));
-    QTreeWidgetItem* item = index == 0 ? nullptr : binding->itemFor(index);
-    if (item == nullptr) return QStringLiteral("--node: the tree has no node ") + key;
-    QTreeWidget* widget = binding->treeWidget();
-    widget->scrollToItem(item);
-    QTest::mouseClick(widget->viewport(), Qt::LeftButton, Qt::NoModifier,
-                      widget->visualItemRect(item).center());
+    const QModelIndex at = binding->indexFor(index);
+    if (!at.isValid()) return QStringLiteral("--node: the tree has no node ") + key;
+    QTreeView* view = binding->treeView();
+    view->scrollTo(at);
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      view->visualRect(at).center());
     return {};
 }
 

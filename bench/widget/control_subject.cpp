@@ -6,6 +6,7 @@
 #include "control/control_access.h"
 #include "gesture_clock.h"
 #include "qt/bindings/grid_view.h"
+#include "qt/bindings/tree_binding.h"
 #include "qt/find_bar.h"
 #include "qt/qt_text.h"
 #include "support/text.h"
@@ -113,15 +114,12 @@ void ControlSubject::scrollHome() {
     Settle();
 }
 
-QTreeWidget& ControlSubject::tree() {
-    return *static_cast<QTreeWidget*>(widget_->widgetFor(form().treTreeView));
+QTreeView& ControlSubject::tree() {
+    return *static_cast<QTreeView*>(widget_->widgetFor(form().treTreeView));
 }
 
-QTreeWidgetItem* ControlSubject::nodeItem(int index) {
-    for (QTreeWidgetItemIterator it(&tree()); *it != nullptr; ++it) {
-        if ((*it)->data(0, Qt::UserRole).toInt() == index) return *it;
-    }
-    return nullptr;
+QModelIndex ControlSubject::nodeIndex(int index) {
+    return static_cast<TreeBinding*>(widget_->bindingFor(form().treTreeView))->indexFor(index);
 }
 
 int ControlSubject::selectedNode() {

@@ -53,8 +53,8 @@ public:
     bool canScroll(Qt::Orientation orientation, int direction) override;
     QScrollBar& scrollBar(Qt::Orientation orientation) override;
     void scrollHome() override;
-    QTreeWidget& tree() override;
-    QTreeWidgetItem* nodeItem(int index) override;
+    QTreeView& tree() override;
+    QModelIndex nodeIndex(int index) override;
     int selectedNode() override;
     QComboBox& filter() override;
     QPushButton* printButton() override;

@@ -63,11 +63,11 @@ std::string Open(Subject& s, const Cell& cell) {
 
 std::string ShowNode(Subject& s, int node) {
     if (s.selectedNode() == node) return {};
-    QTreeWidgetItem* item = s.nodeItem(node);
-    if (item == nullptr) return "no tree item for node " + std::to_string(node);
-    s.tree().scrollToItem(item);
+    const QModelIndex row = s.nodeIndex(node);
+    if (!row.isValid()) return "no tree row for node " + std::to_string(node);
+    s.tree().scrollTo(row);
     Settle();
-    ClickAt(*s.tree().viewport(), s.tree().visualItemRect(item).center());
+    ClickAt(*s.tree().viewport(), s.tree().visualRect(row).center());
     Settle();
     return Expect(s.selectedNode() == node, "node " + std::to_string(node) + " was not shown");
 }

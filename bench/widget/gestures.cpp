@@ -169,17 +169,17 @@ std::optional<GesturePlan> NodeClick(Subject& s, const GestureContext& c) {
     if (c.nodes.size() < 2) return std::nullopt;
     const std::vector<int> nodes = c.nodes;
     const auto node = [nodes](int i) { return nodes[static_cast<std::size_t>(i) % nodes.size()]; };
-    // The item is looked up before the clock starts: finding it is the bench's work.
-    auto item = std::make_shared<QTreeWidgetItem*>(nullptr);
+    // The row is looked up before the clock starts: finding it is the bench's work.
+    auto row = std::make_shared<QPersistentModelIndex>();
     return GesturePlan{
-        [&s, node, item](int i) {
-            *item = s.nodeItem(node(i));
-            if (*item == nullptr) return std::string("no tree item");
-            s.tree().scrollToItem(*item);
+        [&s, node, row](int i) {
+            *row = s.nodeIndex(node(i));
+            if (!row->isValid()) return std::string("no tree row");
+            s.tree().scrollTo(*row);
             Settle();
-            return Expect(s.tree().visualItemRect(*item).isValid(), "the tree item is not in view");
+            return Expect(s.tree().visualRect(*row).isValid(), "the tree row is not in view");
         },
-        [&s, item](int) { ClickAt(*s.tree().viewport(), s.tree().visualItemRect(*item).center()); },
+        [&s, row](int) { ClickAt(*s.tree().viewport(), s.tree().visualRect(*row).center()); },
         [&s, node](int i) {
             return Expect(s.selectedNode() == node(i), "the node was not selected");
         },

@@ -110,7 +110,8 @@ StockSubject::StockSubject(QSize size, const TreeContents& tree, std::map<int, G
     QObject::connect(filter_, &QComboBox::activated,
                      [this](int index) { applyFilter(filter_->itemText(index)); });
 
-    if (QTreeWidgetItem* first = nodeItem(initialNode)) tree_->setCurrentItem(first);
+    if (initialNode >= 1 && initialNode <= static_cast<int>(items_.size()))
+        tree_->setCurrentItem(items_[static_cast<std::size_t>(initialNode - 1)]);
     window_->resize(size);
     window_->show();
     window_->activateWindow();
@@ -224,9 +225,9 @@ void StockSubject::scrollHome() {
     Settle();
 }
 
-QTreeWidgetItem* StockSubject::nodeItem(int index) {
-    if (index < 1 || index > static_cast<int>(items_.size())) return nullptr;
-    return items_[static_cast<std::size_t>(index - 1)];
+QModelIndex StockSubject::nodeIndex(int index) {
+    if (index < 1 || index > static_cast<int>(items_.size())) return {};
+    return tree_->indexFromItem(items_[static_cast<std::size_t>(index - 1)]);
 }
 
 int StockSubject::selectedNode() {

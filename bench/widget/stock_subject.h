@@ -12,6 +12,7 @@
 #include <QSize>
 #include <QStandardItemModel>
 #include <QTableView>
+#include <QTreeWidget>
 #include <QUndoStack>
 #include <map>
 #include <memory>
@@ -47,8 +48,8 @@ public:
     bool canScroll(Qt::Orientation orientation, int direction) override;
     QScrollBar& scrollBar(Qt::Orientation orientation) override;
     void scrollHome() override;
-    QTreeWidget& tree() override { return *tree_; }
-    QTreeWidgetItem* nodeItem(int index) override;
+    QTreeView& tree() override { return *tree_; }
+    QModelIndex nodeIndex(int index) override;
     int selectedNode() override;
     QComboBox& filter() override { return *filter_; }
     QPushButton* printButton() override { return nullptr; }

@@ -5,10 +5,11 @@
 #pragma once
 
 #include <QComboBox>
+#include <QModelIndex>
 #include <QPushButton>
 #include <QRect>
 #include <QScrollBar>
-#include <QTreeWidget>
+#include <QTreeView>
 #include <QWidget>
 #include <string>
 
@@ -50,9 +51,9 @@ public:
     virtual void scrollHome() = 0;
 
     // --- around the grid
-    virtual QTreeWidget& tree() = 0;
-    // The item of the control's tree node (1-based index); null when none.
-    virtual QTreeWidgetItem* nodeItem(int index) = 0;
+    virtual QTreeView& tree() = 0;
+    // The tree's index of the control's tree node (1-based index); invalid when none.
+    virtual QModelIndex nodeIndex(int index) = 0;
     virtual int selectedNode() = 0;
     virtual QComboBox& filter() = 0;
     // The View/Print and OK buttons; null where the subject has none.

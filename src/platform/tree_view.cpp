@@ -29,6 +29,16 @@ int TreeView::nodeImage(int index) const {
     return entry(index).image;
 }
 
+int TreeView::nodeParent(int index) const {
+    checkIndex(index);
+    return entry(index).parent;
+}
+
+bool TreeView::nodeExpanded(int index) const {
+    checkIndex(index);
+    return entry(index).expanded;
+}
+
 int TreeView::indexOf(const std::string& key) const {
     if (key.empty()) return 0;
     return byKey_.find(key, [this](int index) { return keyAt(index); });

@@ -40,9 +40,12 @@ public:
     int problemCount(int index) const {
         return index >= 1 && index <= count() ? entry(index).problems : 0;
     }
-    // The node's text and picture without copying the node; out of range throws.
+    // The node's text, picture, parent and expansion without copying the node; out of
+    // range throws.
     std::string_view nodeText(int index) const;
     int nodeImage(int index) const;
+    int nodeParent(int index) const;
+    bool nodeExpanded(int index) const;
     // 1-based index of the node with that key (exact comparison), 0 when none or
     // when key is empty.
     int indexOf(const std::string& key) const;

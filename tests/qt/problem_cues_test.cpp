@@ -9,7 +9,6 @@
 #include <QLabel>
 #include <QTest>
 #include <QToolTip>
-#include <QTreeWidget>
 
 #include "qt/bindings/tree_problem_badge.h"
 #include "widget_fixture.h"
@@ -62,11 +61,12 @@ TEST_F(ProblemCues, TheRedCellAndItsEditorTellTheReason) {
 // once, when it ends, and completely: the badge goes, the editor that was open is
 // hidden and the grid has Qt's focus.
 TEST_F(ProblemCues, TreeNodesCountTheirProblemsUntilAPasteCorrectsThem) {
-    QTreeWidgetItem* chillers = TreeItem("CHILLERS");
-    ASSERT_NE(chillers, nullptr);
-    EXPECT_EQ(chillers->data(0, kProblemCountRole).toInt(), 1);
-    EXPECT_EQ(chillers->toolTip(0), QStringLiteral("1 value needs correcting"));
-    EXPECT_EQ(TreeItem("PUMPS")->data(0, kProblemCountRole).toInt(), 0);
+    const QModelIndex chillers = TreeIndex("CHILLERS");
+    ASSERT_TRUE(chillers.isValid());
+    EXPECT_EQ(chillers.data(kProblemCountRole).toInt(), 1);
+    EXPECT_EQ(chillers.data(Qt::ToolTipRole).toString(),
+              QStringLiteral("1 value needs correcting"));
+    EXPECT_EQ(TreeIndex("PUMPS").data(kProblemCountRole).toInt(), 0);
 
     QWidget* editor = QApplication::focusWidget();
     ASSERT_NE(editor, nullptr);
@@ -75,8 +75,8 @@ TEST_F(ProblemCues, TreeNodesCountTheirProblemsUntilAPasteCorrectsThem) {
     QGuiApplication::clipboard()->setText(QStringLiteral("400\t450"));
     KeyClick(Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(form().msgGridView.textMatrix(2, 2), "450");
-    EXPECT_EQ(chillers->data(0, kProblemCountRole).toInt(), 0);
-    EXPECT_EQ(chillers->toolTip(0), QString());
+    EXPECT_EQ(chillers.data(kProblemCountRole).toInt(), 0);
+    EXPECT_EQ(chillers.data(Qt::ToolTipRole).toString(), QString());
     EXPECT_FALSE(editor->isVisible());
     EXPECT_EQ(QApplication::focusWidget(), &view());
 }

@@ -4,7 +4,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QTest>
-#include <QTreeWidget>
+#include <QTreeView>
 
 #include "qt/bindings/unit_box_binding.h"
 #include "qt/bindings/unit_drop_binding.h"
@@ -92,15 +92,16 @@ public:
     // The indicator lies left of the item's own rectangle: collapsed, then expanded.
     std::string CollapseAndExpandByIndicator() {
         const std::string chillers = ClickNode("CHILLERS");
-        auto* tree = qobject_cast<QTreeWidget*>(widget().widgetFor(form().treTreeView));
-        const QRect row = tree->visualItemRect(tree->topLevelItem(0));
-        const QPoint indicator(row.left() - tree->indentation() / 2, row.center().y());
-        QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier, indicator);
+        QTreeView& tree = treeView();
+        const QModelIndex project = tree.model()->index(0, 0);
+        const QRect row = tree.visualRect(project);
+        const QPoint indicator(row.left() - tree.indentation() / 2, row.center().y());
+        QTest::mouseClick(tree.viewport(), Qt::LeftButton, Qt::NoModifier, indicator);
         ProcessEvents();
-        EXPECT_FALSE(tree->topLevelItem(0)->isExpanded());
-        QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier, indicator);
+        EXPECT_FALSE(tree.isExpanded(project));
+        QTest::mouseClick(tree.viewport(), Qt::LeftButton, Qt::NoModifier, indicator);
         ProcessEvents();
-        EXPECT_TRUE(tree->topLevelItem(0)->isExpanded());
+        EXPECT_TRUE(tree.isExpanded(project));
         return chillers + "collapse PROJECT\nexpand PROJECT\n";
     }
 

@@ -6,11 +6,12 @@
 #include <QDir>
 #include <QKeySequence>
 #include <QTest>
-#include <QTreeWidget>
+#include <QTreeView>
 #include <cstdio>
 #include <filesystem>
 
 #include "control/control_access.h"
+#include "qt/bindings/tree_binding.h"
 #include "qt/qt_text.h"
 
 namespace tabulon::testing {
@@ -69,13 +70,16 @@ GridView& WidgetFixture::view() {
     return *static_cast<GridView*>(widget_->widgetFor(form().msgGridView));
 }
 
-QTreeWidgetItem* WidgetFixture::TreeItem(const std::string& key) {
-    auto* tree = static_cast<QTreeWidget*>(widget_->widgetFor(form().treTreeView));
-    for (QTreeWidgetItemIterator it(tree); *it != nullptr; ++it) {
-        if (form().treTreeView.node((*it)->data(0, Qt::UserRole).toInt()).key == key) return *it;
-    }
-    ADD_FAILURE() << "no tree item for " << key;
-    return nullptr;
+QTreeView& WidgetFixture::treeView() {
+    return *static_cast<QTreeView*>(widget_->widgetFor(form().treTreeView));
+}
+
+QModelIndex WidgetFixture::TreeIndex(const std::string& key) {
+    const int node = form().treTreeView.indexOf(key);
+    const QModelIndex index =
+        static_cast<TreeBinding*>(widget_->bindingFor(form().treTreeView))->indexFor(node);
+    if (!index.isValid()) ADD_FAILURE() << "no tree row for " << key;
+    return index;
 }
 
 QPoint WidgetFixture::CellCentre(int row, int col) {
@@ -91,11 +95,12 @@ std::string WidgetFixture::ClickCell(int row, int col) {
 }
 
 std::string WidgetFixture::ClickNode(const std::string& key) {
-    if (QTreeWidgetItem* item = TreeItem(key)) {
-        QTreeWidget* tree = item->treeWidget();
-        tree->scrollToItem(item);
-        const QPoint centre = tree->visualItemRect(item).center();
-        QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier, centre);
+    const QModelIndex index = TreeIndex(key);
+    if (index.isValid()) {
+        QTreeView& tree = treeView();
+        tree.scrollTo(index);
+        const QPoint centre = tree.visualRect(index).center();
+        QTest::mouseClick(tree.viewport(), Qt::LeftButton, Qt::NoModifier, centre);
         ProcessEvents();
     }
     return "node " + key + "\n";

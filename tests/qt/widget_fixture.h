@@ -25,7 +25,7 @@
 #include "session/tool_runner.h"
 
 class QComboBox;
-class QTreeWidgetItem;
+class QTreeView;
 
 namespace tabulon::testing {
 
@@ -54,7 +54,9 @@ protected:
     SpreadsheetWidget& widget() { return *widget_; }
     Form& form() { return FormOf(widget_->control()); }
     GridView& view();
-    QTreeWidgetItem* TreeItem(const std::string& key);
+    QTreeView& treeView();
+    // The tree view's index of the node with that key; invalid (and a failure) for none.
+    QModelIndex TreeIndex(const std::string& key);
 
     // A file of samples/ copied to this test's temporary folder (OK writes back to it).
     std::string SampleCopy(const std::string& name);

@@ -7,17 +7,10 @@
 
 #include "qt/bindings/picture_decoding.h"
 #include "qt/bindings/tree_problem_badge.h"
-#include "qt/qt_text.h"
 
 namespace tabulon {
 
 namespace {
-
-constexpr int kIndexRole = Qt::UserRole;
-
-bool ShowsPictures(std::int32_t style) {
-    return style % 2 == 1;
-}
 
 bool ShowsRootIndicators(std::int32_t style) {
     return (style & 2) != 0;
@@ -45,68 +38,29 @@ bool TreeKey(int key) {
 
 }  // namespace
 
-// A node's item. It stores nothing of its own: its text, picture, index and problem
-// mark are read from the model when asked (a node's text and picture never change
-// once added; any other change rebuilds the items). So a tree of 100,000 nodes holds
-// no per-node strings, icons or item data on the Qt side, and a mark changing on
-// every node showing one grid costs one repaint instead of a change per item.
-class TreeBinding::NodeItem : public QTreeWidgetItem {
-public:
-    NodeItem(QTreeWidgetItem* parent, const TreeBinding& binding, int index)
-        : QTreeWidgetItem(parent), binding_(binding), index_(index) {}
-
-    QVariant data(int column, int role) const override {
-        if (column != 0) return QTreeWidgetItem::data(column, role);
-        const TreeView& tree = binding_.tree_;
-        const bool known = index_ <= tree.count();
-        switch (role) {
-            case Qt::DisplayRole:
-            case Qt::EditRole:
-                return known ? ToQString(tree.nodeText(index_)) : QString();
-            case Qt::DecorationRole:
-                return QVariant::fromValue(known ? binding_.iconFor(tree.nodeImage(index_))
-                                                 : QIcon());
-            case kIndexRole:
-                return index_;
-            case kProblemCountRole:
-            case Qt::ToolTipRole:
-            case Qt::AccessibleDescriptionRole: {
-                const int problems = tree.problemCount(index_);
-                if (role == kProblemCountRole) return problems;
-                return ProblemCountText(problems);
-            }
-            default:
-                return QTreeWidgetItem::data(column, role);
-        }
-    }
-
-private:
-    const TreeBinding& binding_;
-    int index_;
-};
-
 TreeBinding::TreeBinding(BindingHost& bindingHost, TreeView& tree, ImageList& images,
                          QWidget* parent)
-    : ComponentBinding(bindingHost, tree, new QTreeWidget(parent)),
+    : ComponentBinding(bindingHost, tree, new QTreeView(parent)),
       tree_(tree),
       images_(images),
-      treeWidget_(static_cast<QTreeWidget*>(widget())) {
-    treeWidget_->setColumnCount(1);
-    treeWidget_->setHeaderHidden(true);
-    treeWidget_->setSelectionMode(QAbstractItemView::SingleSelection);
-    treeWidget_->setExpandsOnDoubleClick(false);
-    treeWidget_->setUniformRowHeights(true);
-    treeWidget_->setIconSize(QSize(kIconPixels, kIconPixels));
-    treeWidget_->setFocusPolicy(Qt::ClickFocus);
-    treeWidget_->setContextMenuPolicy(Qt::NoContextMenu);
-    treeWidget_->viewport()->installEventFilter(this);
-    treeWidget_->setItemDelegate(new TreeProblemBadge(treeWidget_));
-    treeWidget_->setAccessibleName(tr("Categories"));
+      treeView_(static_cast<QTreeView*>(widget())),
+      model_(new TreeNodeModel(tree, treeView_)) {
+    treeView_->setModel(model_);
+    treeView_->setHeaderHidden(true);
+    treeView_->setSelectionMode(QAbstractItemView::SingleSelection);
+    treeView_->setExpandsOnDoubleClick(false);
+    treeView_->setUniformRowHeights(true);
+    treeView_->setIconSize(QSize(kIconPixels, kIconPixels));
+    treeView_->setFocusPolicy(Qt::ClickFocus);
+    treeView_->setContextMenuPolicy(Qt::NoContextMenu);
+    treeView_->viewport()->installEventFilter(this);
+    treeView_->setItemDelegate(new TreeProblemBadge(treeView_));
+    treeView_->setAccessibleName(tr("Categories"));
     // The one column follows the viewport's width (the header is hidden and stretches
     // it), and a viewport that changes size is painted whole anyway: Qt's own repaint
     // of a resized column, a moment later, would paint every shown row a second time
     // on each resize of the window or the splitter.
-    QObject::disconnect(treeWidget_->header(), SIGNAL(sectionResized(int, int, int)), treeWidget_,
+    QObject::disconnect(treeView_->header(), SIGNAL(sectionResized(int, int, int)), treeView_,
                         SLOT(columnResized(int, int, int)));
 
     observe(images_, [this](const ChangeInfo&) {
@@ -114,32 +68,22 @@ TreeBinding::TreeBinding(BindingHost& bindingHost, TreeView& tree, ImageList& im
         rebuild();
     });
 
-    connect(treeWidget_, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* current) {
-        if (!mirroring() && current != nullptr) {
-            forward(IndexOf(current), Gesture::Click);
-        }
+    connect(treeView_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& current) {
+                if (!mirroring() && current.isValid()) forward(IndexOf(current), Gesture::Click);
+            });
+    connect(treeView_, &QTreeView::expanded, this, [this](const QModelIndex& index) {
+        if (!mirroring()) forward(IndexOf(index), Gesture::Expand);
     });
-    connect(treeWidget_, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem* item) {
-        if (!mirroring()) forward(IndexOf(item), Gesture::Expand);
-    });
-    connect(treeWidget_, &QTreeWidget::itemCollapsed, this, [this](QTreeWidgetItem* item) {
-        if (!mirroring()) forward(IndexOf(item), Gesture::Collapse);
+    connect(treeView_, &QTreeView::collapsed, this, [this](const QModelIndex& index) {
+        if (!mirroring()) forward(IndexOf(index), Gesture::Collapse);
     });
 }
 
 TreeBinding::~TreeBinding() {
-    // The items read the tree model, which goes before the widget does.
+    // The model reads the tree, which goes before the view does.
     const Mirroring mirroring(*this);
-    if (widget() != nullptr) treeWidget_->clear();
-}
-
-QTreeWidgetItem* TreeBinding::itemFor(int index) const {
-    if (index < 1 || index > static_cast<int>(items_.size())) return nullptr;
-    return items_[static_cast<std::size_t>(index - 1)];
-}
-
-int TreeBinding::IndexOf(const QTreeWidgetItem* item) {
-    return item == nullptr ? 0 : item->data(0, kIndexRole).toInt();
+    if (widget() != nullptr) model_->detach();
 }
 
 void TreeBinding::reloadIcons() {
@@ -154,49 +98,37 @@ void TreeBinding::reloadIcons() {
     }
 }
 
-QIcon TreeBinding::iconFor(int image) const {
-    if (!ShowsPictures(tree_.style()) || tree_.imageList() == nullptr) return {};
-    if (image < 1 || image > static_cast<int>(icons_.size())) return {};
-    return icons_[static_cast<std::size_t>(image - 1)];
-}
-
 void TreeBinding::appendNode(int index) {
     const Mirroring mirroring(*this);
-    const TreeNode& node = tree_.node(index);
-    QTreeWidgetItem* parent =
-        node.parent == 0 ? treeWidget_->invisibleRootItem() : itemFor(node.parent);
-    items_.push_back(new NodeItem(parent, *this, index));
+    model_->append(index);
     // A parent's expansion only holds once it has a child.
-    if (node.parent != 0) mirrorNode(node.parent);
+    const int parent = tree_.nodeParent(index);
+    if (parent != 0) mirrorNode(parent);
 }
 
 void TreeBinding::mirrorNode(int index) {
-    QTreeWidgetItem* item = itemFor(index);
-    if (item == nullptr) return;
+    const QModelIndex at = indexFor(index);
+    if (!at.isValid()) return;
     const Mirroring mirroring(*this);
-    // Only what differs: each change makes the tree look its item up among all the
-    // shown ones, which on a tree of 100,000 nodes costs more than a frame. The text
-    // and the picture are read from the model (NodeItem).
-    const bool expanded = tree_.node(index).expanded;
-    if (item->isExpanded() != expanded) item->setExpanded(expanded);
+    // Only what differs: each change makes the view look the node up among all the
+    // shown ones, which on a tree of 100,000 nodes costs more than a frame.
+    const bool expanded = tree_.nodeExpanded(index);
+    if (treeView_->isExpanded(at) != expanded) treeView_->setExpanded(at, expanded);
 }
 
 void TreeBinding::mirrorSelection() {
     const Mirroring mirroring(*this);
-    QTreeWidgetItem* item = itemFor(tree_.selectedIndex());
-    treeWidget_->setCurrentItem(item);
-    if (item == nullptr) treeWidget_->clearSelection();
+    const QModelIndex at = indexFor(tree_.selectedIndex());
+    treeView_->setCurrentIndex(at);
+    if (!at.isValid()) treeView_->clearSelection();
 }
 
 void TreeBinding::rebuild() {
     {
         const Mirroring mirroring(*this);
-        treeWidget_->clear();
-        items_.clear();
-        treeWidget_->setRootIsDecorated(ShowsRootIndicators(tree_.style()));
+        model_->reset(icons_);
+        treeView_->setRootIsDecorated(ShowsRootIndicators(tree_.style()));
     }
-    for (int i = 1; i <= tree_.count(); ++i)
-        appendNode(i);
     for (int i = 1; i <= tree_.count(); ++i)
         mirrorNode(i);
     mirrorSelection();
@@ -204,11 +136,11 @@ void TreeBinding::rebuild() {
 
 void TreeBinding::applyState(const ChangeInfo& change) {
     const int count = tree_.count();
-    const int shown = static_cast<int>(items_.size());
+    const int shown = model_->shownCount();
     if (change.kind == Change::Current) {
         mirrorSelection();
     } else if (change.kind == Change::Marks) {
-        treeWidget_->viewport()->update();
+        treeView_->viewport()->update();
     } else if (change.kind == Change::Content && change.row == count && shown == count - 1) {
         appendNode(change.row);
     } else if (change.kind == Change::Content && change.row >= 1 && shown == count) {
@@ -241,17 +173,17 @@ void TreeBinding::forward(int index, Gesture gesture) {
 bool TreeBinding::keyPress(QWidget* part, QKeyEvent* event) {
     SendKeyStroke(host(), *event);
     // Qt moves through the tree itself when the tree still has the focus.
-    return !(TreeKey(event->key()) && part == treeWidget_ && tree_.hasFocus());
+    return !(TreeKey(event->key()) && part == treeView_ && tree_.hasFocus());
 }
 
 bool TreeBinding::viewportPress(QMouseEvent* event, bool doubleClick) {
     if (event->button() != Qt::LeftButton) return false;
     const QPoint position = event->position().toPoint();
-    QTreeWidgetItem* item = treeWidget_->itemAt(position);
-    if (item == nullptr) return false;
-    // Left of the item's own rectangle lies its expand indicator, which Qt handles.
-    if (position.x() < treeWidget_->visualItemRect(item).left()) return false;
-    const int index = IndexOf(item);
+    const QModelIndex at = treeView_->indexAt(position);
+    if (!at.isValid()) return false;
+    // Left of the node's own rectangle lies its expand indicator, which Qt handles.
+    if (position.x() < treeView_->visualRect(at).left()) return false;
+    const int index = IndexOf(at);
     if (doubleClick) {
         forward(index, tree_.node(index).expanded ? Gesture::Collapse : Gesture::Expand);
     } else {
@@ -261,7 +193,7 @@ bool TreeBinding::viewportPress(QMouseEvent* event, bool doubleClick) {
 }
 
 bool TreeBinding::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == treeWidget_->viewport()) {
+    if (watched == treeView_->viewport()) {
         switch (event->type()) {
             case QEvent::MouseButtonPress:
                 return viewportPress(static_cast<QMouseEvent*>(event), false);

@@ -1,5 +1,6 @@
 // TreeBinding: binds the category tree (treTreeView) and its image list to a
-// QTreeWidget, one item per node in tree order, each with its node's picture.
+// QTreeView over a TreeNodeModel, one row per node in tree order, each with its node's
+// picture.
 //
 // Gestures, into the model: a press on a node (outside its expand indicator) ->
 // userClickNode, also on the node already selected; a double click on a node ->
@@ -12,17 +13,19 @@
 // Decisions: the style code shows pictures for odd styles (1, 3, 5, 7) and the
 // expand indicators of root nodes for styles 2, 3, 6 and 7; tree lines are not drawn.
 // Pictures are shown at 16 x 16 pixels. A node's problem count shows as a badge
-// (TreeProblemBadge). Nodes are added to the widget one by one as
-// the model adds them; any other change of the node list rebuilds the widget.
+// (TreeProblemBadge). Nodes are added to the view one by one (a row inserted) as
+// the model adds them; any other change of the node list resets the view's model.
 #pragma once
 
 #include <QIcon>
-#include <QTreeWidget>
+#include <QModelIndex>
+#include <QTreeView>
 #include <vector>
 
 #include "platform/image_list.h"
 #include "platform/tree_view.h"
 #include "qt/bindings/component_binding.h"
+#include "qt/bindings/tree_node_model.h"
 
 namespace tabulon {
 
@@ -37,11 +40,11 @@ public:
     TreeBinding(const TreeBinding&) = delete;
     TreeBinding& operator=(const TreeBinding&) = delete;
 
-    QTreeWidget* treeWidget() const { return treeWidget_; }
-    // The widget's item of the 1-based node index; null when there is none.
-    QTreeWidgetItem* itemFor(int index) const;
-    // The 1-based node index of an item; 0 for null or a foreign item.
-    static int IndexOf(const QTreeWidgetItem* item);
+    QTreeView* treeView() const { return treeView_; }
+    // The view's index of the 1-based node index; invalid when the view has none.
+    QModelIndex indexFor(int index) const { return model_->indexFor(index); }
+    // The 1-based node index of a view's index; 0 for an invalid one.
+    static int IndexOf(const QModelIndex& index) { return TreeNodeModel::NodeOf(index); }
 
 protected:
     void applyState(const ChangeInfo& change) override;
@@ -49,14 +52,11 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    class NodeItem;
-
     void rebuild();
     void appendNode(int index);
     void mirrorNode(int index);
     void mirrorSelection();
     void reloadIcons();
-    QIcon iconFor(int image) const;
     bool viewportPress(QMouseEvent* event, bool doubleClick);
     enum class Gesture { Click, Expand, Collapse };
     // Forwards a gesture on a node and mirrors the node (and the selection) back.
@@ -64,8 +64,8 @@ private:
 
     TreeView& tree_;
     ImageList& images_;
-    QTreeWidget* treeWidget_;
-    std::vector<QTreeWidgetItem*> items_;
+    QTreeView* treeView_;
+    TreeNodeModel* model_;
     std::vector<QIcon> icons_;
 };
 
