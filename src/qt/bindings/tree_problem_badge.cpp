@@ -18,25 +18,14 @@ QString ProblemCountText(int count) {
                       : QStringLiteral("%1 values need correcting").arg(count);
 }
 
-QRect TreeProblemBadge::BadgeRect(const QStyleOptionViewItem& option, const QString& count) {
-    const QFontMetrics metrics(option.font);
-    const QStyle* style = option.widget != nullptr ? option.widget->style() : QApplication::style();
-    const QRect text = style->subElementRect(QStyle::SE_ItemViewItemText, &option, option.widget);
-    const int textWidth = metrics.horizontalAdvance(option.text);
-    const int width = metrics.horizontalAdvance(count) + 2 * kPadding;
+void PaintProblemBadge(QPainter* painter, const QStyleOptionViewItem& item, const QRect& textRect,
+                       int textWidth, int count) {
+    if (count <= 0) return;
+    const QString number = QString::number(count);
+    const QFontMetrics metrics(item.font);
     const int height = metrics.height();
-    return {text.left() + textWidth + kGap, text.center().y() - height / 2, width, height};
-}
-
-void TreeProblemBadge::paint(QPainter* painter, const QStyleOptionViewItem& option,
-                             const QModelIndex& index) const {
-    QStyledItemDelegate::paint(painter, option, index);
-    const int problems = index.data(kProblemCountRole).toInt();
-    if (problems <= 0) return;
-    QStyleOptionViewItem item = option;
-    initStyleOption(&item, index);
-    const QString count = QString::number(problems);
-    const QRect badge = BadgeRect(item, count);
+    const QRect badge(textRect.left() + textWidth + kGap, textRect.center().y() - height / 2,
+                      metrics.horizontalAdvance(number) + 2 * kPadding, height);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(Qt::NoPen);
@@ -49,8 +38,17 @@ void TreeProblemBadge::paint(QPainter* painter, const QStyleOptionViewItem& opti
     painter->drawRoundedRect(badge, badge.height() / 2.0, badge.height() / 2.0);
     painter->setPen(item.palette.color(group, selected ? QPalette::Highlight : QPalette::Base));
     painter->setFont(item.font);
-    painter->drawText(badge, Qt::AlignCenter, count);
+    painter->drawText(badge, Qt::AlignCenter, number);
     painter->restore();
+}
+
+void TreeProblemBadge::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                             const QModelIndex& index) const {
+    QStyleOptionViewItem item = option;
+    initStyleOption(&item, index);
+    const QRect text = rows_.paint(painter, item);
+    const int problems = index.data(kProblemCountRole).toInt();
+    if (problems > 0) PaintProblemBadge(painter, item, text, rows_.textWidth(item), problems);
 }
 
 QSize TreeProblemBadge::sizeHint(const QStyleOptionViewItem& option,

@@ -3,11 +3,13 @@
 // node's text with the number in the colour behind it, so that it stands out as the
 // text does, in greyscale and in a high-contrast palette), and says it in its tooltip and
 // accessible description ("2 values need correcting"). Painting only: the node's
-// text, icon and size stay as they are.
+// text, icon and size stay as they are, painted by a TreeRowPainter.
 #pragma once
 
 #include <QString>
 #include <QStyledItemDelegate>
+
+#include "qt/bindings/tree_row_painter.h"
 
 namespace tabulon {
 
@@ -16,6 +18,11 @@ inline constexpr int kProblemCountRole = Qt::UserRole + 1;
 
 // "1 value needs correcting", "3 values need correcting"; "" for 0.
 QString ProblemCountText(int count);
+
+// The badge of a count above 0 for an item (a fully initialised option) whose text the
+// style places in textRect and is textWidth pixels wide.
+void PaintProblemBadge(QPainter* painter, const QStyleOptionViewItem& item, const QRect& textRect,
+                       int textWidth, int count);
 
 class TreeProblemBadge : public QStyledItemDelegate {
     Q_OBJECT
@@ -27,8 +34,8 @@ public:
                const QModelIndex& index) const override;
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
-    // The badge's rectangle for an item drawn in rect with that text width.
-    static QRect BadgeRect(const QStyleOptionViewItem& option, const QString& count);
+private:
+    mutable TreeRowPainter rows_;
 };
 
 }  // namespace tabulon
