@@ -9,7 +9,9 @@
 //
 // The model shows the nodes it has been told of: all of them after reset(), one more
 // after each append(); the binding decides which (a node's text and picture never
-// change once added, any other change of the node list resets).
+// change once added, any other change of the node list resets). So it keeps its own
+// links rather than the tree's: between a change of the tree and its notification the
+// view must still find the rows it was told of.
 #pragma once
 
 #include <QAbstractItemModel>
