@@ -37,7 +37,9 @@ void ScrollBarBinding::applyState(const ChangeInfo& /*change*/) {
 void ScrollBarBinding::mirrorValue() {
     const Mirroring mirroring(*this);
     scrollBar_->setRange(std::min(bar_.min(), bar_.max()), std::max(bar_.min(), bar_.max()));
-    scrollBar_->setInvertedAppearance(bar_.min() > bar_.max());
+    // Qt repaints the bar on every call, changed or not; a grid refill mirrors each bar.
+    if (const bool inverted = bar_.min() > bar_.max(); scrollBar_->invertedAppearance() != inverted)
+        scrollBar_->setInvertedAppearance(inverted);
     scrollBar_->setValue(bar_.value());
 }
 
