@@ -158,12 +158,8 @@ void FindBar::search() {
 bool FindBar::tryStep() {
     if (wanted_ == Step::None) return false;
     Generic_SP_Control& control = widget_.control();
-    const int current = control.CurrentFindHit();
-    const int found = static_cast<int>(control.FindHits().size());
-    // Until every node is searched, only a hit already found can be gone to.
-    const bool known = wanted_ == Step::Next ? current + 1 < found : current > 0;
-    if (!control.FindComplete() && !known) return false;
     const bool forward = wanted_ == Step::Next;
+    if (!FindStepKnown(CoreOf(control), forward)) return false;
     wanted_ = Step::None;
     host_.runGesture([&control, forward] {
         if (forward) {

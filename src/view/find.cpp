@@ -297,10 +297,16 @@ bool StepFindHit(ControlCore& core, bool forward) {
     const int current = core.find.current;
     int next = forward ? current + 1 : current - 1;
     if (current < 0) next = forward ? 0 : count - 1;
+    if (!FindStepKnown(core, forward)) return false;
+    return GoToFindHit(core, (next + count) % count);
+}
+
+bool FindStepKnown(const ControlCore& core, bool forward) {
     // While searching, the hit after the last one found (or before the first) is not
     // known yet: no wrapping round.
-    if (core.find.pending && !(forward ? next < count : current > 0)) return false;
-    return GoToFindHit(core, (next + count) % count);
+    const int current = core.find.current;
+    const int found = static_cast<int>(core.find.hits.size());
+    return !core.find.pending || (forward ? current + 1 < found : current > 0);
 }
 
 }  // namespace tabulon

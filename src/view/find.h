@@ -61,5 +61,8 @@ bool GoToFindHit(ControlCore& core, int index);
 // there are none. While a search is under way it does not wrap: false when the hit
 // after (before) is not found yet.
 bool StepFindHit(ControlCore& core, bool forward);
+// Whether StepFindHit has a hit to go to: while a search is under way, only one
+// already found.
+bool FindStepKnown(const ControlCore& core, bool forward);
 
 }  // namespace tabulon
