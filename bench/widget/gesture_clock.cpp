@@ -47,11 +47,15 @@ long long DeliveredPaints() {
 
 namespace {
 
-// One round of delivering what is posted and queued; false when it delivered nothing.
-bool Round() {
+// One round of delivering what is posted and queued, with looked called after the
+// posted ones (the updates) and again after the queued ones; false when it delivered
+// nothing.
+bool Round(const std::function<void()>& looked = {}) {
     const long long before = DeliveredEvents();
     QCoreApplication::sendPostedEvents();
+    if (looked) looked();
     QCoreApplication::processEvents(QEventLoop::AllEvents);
+    if (looked) looked();
     return DeliveredEvents() != before;
 }
 
@@ -101,12 +105,7 @@ AnsweredTime TimeAnswer(const std::function<void()>& act, const std::function<bo
         const bool after = known;
         const double roundStart = elapsed();
         const double roundCpu = ThreadCpuMs();
-        const long long before = DeliveredEvents();
-        QCoreApplication::sendPostedEvents();
-        check();
-        QCoreApplication::processEvents(QEventLoop::AllEvents);
-        check();
-        busy = DeliveredEvents() != before;
+        busy = Round(check);
         const GestureTime round{elapsed() - roundStart, ThreadCpuMs() - roundCpu};
         if (after && round.ms > time.longestRound.ms) time.longestRound = round;
     }
