@@ -14,6 +14,9 @@ ScrollBarBinding::ScrollBarBinding(BindingHost& bindingHost, Component& owner, S
     scrollBar_->setSingleStep(1);
     scrollBar_->setPageStep(1);
     scrollBar_->setContextMenuPolicy(Qt::NoContextMenu);
+    // Opaque, so that a repaint of the grid beneath leaves the bar as it is (Qt paints
+    // again every widget over a repainted area that it cannot count as covered).
+    scrollBar_->setAutoFillBackground(true);
     observe(bar_);
     adopt(scrollBar_);
     connect(scrollBar_, &QAbstractSlider::actionTriggered, this, [this](int action) {
