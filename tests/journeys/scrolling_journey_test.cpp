@@ -1,6 +1,8 @@
 // A person scrolls a grid far wider and taller than the window with the control's own
 // scroll bars and the wheel, types into its first, last and middle cells and saves.
+#include <QScreen>
 #include <QWheelEvent>
+#include <sstream>
 #include <string>
 
 #include "journeys/journey.h"
@@ -60,6 +62,51 @@ TEST_F(Scrolling, BarsAndWheelReachEveryCellAndTheLastColumnClearsTheVerticalBar
     EXPECT_EQ(grid.textMatrix(8, 2), "middle");
     Finish(script, "set-general intScrollBars=1 lngColWidthMin=" +
                        std::to_string(general.lngColWidthMin) + "\n");
+}
+
+// Scrolling moves the pixels that stay in view and paints only what comes in. After
+// every step the screen must show what painting the whole window afresh shows: with
+// rows and columns on whole pixels (moved) and between them (painted afresh), with and
+// without an open editor, by bar, wheel and keys.
+TEST_F(Scrolling, AfterEveryStepTheScreenShowsWhatAFreshPaintShows) {
+    // What the window shows (its backing store), and the window painted afresh.
+    const auto shown = [this] {
+        QWidget* window = widget().window();
+        return window->screen()
+            ->grabWindow(window->winId())
+            .toImage()
+            .convertToFormat(QImage::Format_RGB32);
+    };
+    const auto fresh = [this] {
+        return widget().window()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    };
+    const std::string steps =
+        "hscroll +1\nhscroll +1\nvscroll +1\nvscroll +1\nwheel -3\nhscroll -1\nvscroll -1\n"
+        "wheel 3\nclick 9 4\nhscroll +1\nvscroll +1\nkey Escape\nhscroll +1\nkey Tab\n"
+        "key Tab\nkey Tab\nkey Tab\nkey Tab\nkey Tab\nkey Down shift\nvscroll +1\n"
+        "hscroll -1\n";
+    gGeneralProperty_type general = widget().GeneralProperty();
+    general.intScrollBars = 1;
+    general.lngColWidthMin = 1200;
+    widget().setGeneralProperty(general);
+    for (const char* height : {"Height=\"360\"", "Height=\"350\""}) {
+        std::vector<std::string> columns;
+        for (int c = 1; c <= kCols; ++c) {
+            std::vector<CellData> cells;
+            for (int r = 1; r <= kRows; ++r)
+                cells.emplace_back(r % 7 == 0 ? "a text too long for its cell " + std::to_string(r)
+                                              : std::to_string(r * c),
+                                   true, r % 5 != 0, false);
+            columns.push_back(Column(cells));
+        }
+        Start(Document(std::vector<std::string>(kRows, Row("TextBox", height)), columns));
+        std::istringstream lines(steps);
+        for (std::string line; std::getline(lines, line);) {
+            Play(line);
+            EXPECT_TRUE(shown() == fresh()) << height << ", after " << line;
+        }
+    }
+    Finish(steps, "set-general intScrollBars=1 lngColWidthMin=1200\n");
 }
 
 }  // namespace

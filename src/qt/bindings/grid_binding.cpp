@@ -19,6 +19,9 @@ void GridBinding::applyState(const ChangeInfo& change) {
         case Change::Cell:
             view_->updateCell(change.row, change.col);
             break;
+        case Change::Scroll:
+            view_->updateScroll();
+            break;
         case Change::Current:
             view_->updateCurrent();
             break;

@@ -257,6 +257,7 @@ GridView::Marked GridView::currentNow() const {
 void GridView::updateAll() {
     wholeUpdatePending_ = true;
     marked_ = currentNow();
+    place_ = placeNow();
     update();
 }
 
@@ -281,6 +282,7 @@ void GridView::updateCell(int row, int col) {
 
 void GridView::paintEvent(QPaintEvent* event) {
     wholeUpdatePending_ = false;
+    place_ = placeNow();
     QPainter painter(this);
     if (grid_.rows() == 0 || grid_.cols() == 0) {
         painter.fillRect(event->rect(), ToColor(kBackgroundColor));

@@ -93,6 +93,11 @@ public:
     // the cell left and the cell entered when neither selection holds more than the
     // current cell (a Tab, Enter, a click), else the whole view.
     void updateCurrent();
+    // Repaints what a change of TopRow or LeftCol changed: the pixels that stay in view
+    // are moved and only what comes into view is painted, when the move is a whole
+    // number of pixels along one axis and nothing else waits to be painted in full;
+    // else the whole view.
+    void updateScroll();
 
     // What the cell shows of its text: the text itself, or its cut form when it does
     // not fit (CellText). Empty for a cell out of view.
@@ -147,6 +152,17 @@ private:
     };
     Marked marked_;
     Marked currentNow() const;
+    // The first scrollable row and column and the size the view shows once the repaints
+    // asked for are done.
+    struct Place {
+        int top = -1, left = -1;
+        QSize size;
+    };
+    Place place_;
+    Place placeNow() const;
+    QRect uncoveredRect() const;
+    bool shiftInPixels(bool cols, int from, int* pixels) const;
+    QRect wholeCells(QRect band, bool cols) const;
 };
 
 }  // namespace tabulon

@@ -1,0 +1,138 @@
+// GridView: a change of TopRow or LeftCol moves the pixels that stay in view and
+// paints only what the move brings in, as Qt's own item views do.
+#include <QRegion>
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+
+#include "control/control_access.h"
+#include "qt/bindings/grid_view.h"
+
+namespace tabulon {
+
+// Every edge seen both before and after the scroll must move by the same whole number
+// of pixels, or moved pixels would not meet the painted ones: twips do not always land
+// on whole pixels.
+bool GridView::shiftInPixels(bool cols, int from, int* pixels) const {
+    const TwipsScale& scale = host_.scale();
+    const auto pos = [&](int i) -> std::int64_t {
+        return cols ? grid_.colPos(i) : grid_.rowPos(i);
+    };
+    const auto extent = [&](int i) -> std::int64_t {
+        return cols ? grid_.colWidth(i) : grid_.rowHeight(i);
+    };
+    const auto toPixels = [&](std::int64_t twips) {
+        const auto t =
+            static_cast<std::int32_t>(std::clamp<std::int64_t>(twips, INT32_MIN, INT32_MAX));
+        return cols ? scale.toPixelsX(t) : scale.toPixelsY(t);
+    };
+    const int first = cols ? grid_.leftCol() : grid_.topRow();
+    const int count = cols ? grid_.cols() : grid_.rows();
+    const int end = cols ? width() : height();
+    const std::int64_t shift = pos(from) - pos(first);
+    const int both = std::max(first, from);
+    *pixels = toPixels(pos(both)) - toPixels(pos(both) - shift);
+    for (int i = both; i < count && toPixels(pos(i)) < end; ++i) {
+        for (const std::int64_t edge : {pos(i), pos(i) + extent(i)}) {
+            if (toPixels(edge) - toPixels(edge - shift) != *pixels) return false;
+        }
+    }
+    return true;
+}
+
+GridView::Place GridView::placeNow() const {
+    return {grid_.topRow(), grid_.leftCol(), size()};
+}
+
+// The view less the strips a sibling lies over near its right or bottom edge (the
+// control's own scroll bars are laid over the grid): Qt only moves pixels that no other
+// widget covers.
+QRect GridView::uncoveredRect() const {
+    QRect area = rect();
+    if (parentWidget() == nullptr) return area;
+    for (QObject* object : parentWidget()->children()) {
+        auto* sibling = qobject_cast<QWidget*>(object);
+        if (sibling == nullptr || sibling == this || !sibling->isVisible()) continue;
+        const QRect over = sibling->geometry().translated(-pos()) & area;
+        if (over.isEmpty()) continue;
+        if (over.height() >= over.width() && over.left() > area.center().x()) {
+            area.setRight(over.left() - 1);
+        } else if (over.width() > over.height() && over.top() > area.center().y()) {
+            area.setBottom(over.top() - 1);
+        }
+    }
+    return area;
+}
+
+void GridView::updateScroll() {
+    const Place was = place_;
+    const Place now = placeNow();
+    place_ = now;
+    if (wholeUpdatePending_ || borderDrag_.dragging() || !isVisible() || was.size != now.size ||
+        was.top < grid_.fixedRows() || was.left < grid_.fixedCols() || was.top >= grid_.rows() ||
+        was.left >= grid_.cols()) {
+        updateAll();
+        return;
+    }
+    const TwipsScale& scale = host_.scale();
+    int dx = 0;
+    int dy = 0;
+    const bool rowsMoved = was.top != now.top;
+    const bool colsMoved = was.left != now.left;
+    if (rowsMoved == colsMoved) {
+        if (!rowsMoved) return;
+        updateAll();
+        return;
+    }
+    const bool uniform =
+        rowsMoved ? shiftInPixels(false, was.top, &dy) : shiftInPixels(true, was.left, &dx);
+    const QRect uncovered = uncoveredRect();
+    QRect moving = uncovered;
+    // The fixed rows stay put when rows scroll, the fixed columns when columns do.
+    if (rowsMoved) moving.setTop(scale.toPixelsY(grid_.rowPos(now.top)));
+    if (colsMoved) moving.setLeft(scale.toPixelsX(grid_.colPos(now.left)));
+    if (!uniform || moving.isEmpty() || std::abs(dx) >= moving.width() ||
+        std::abs(dy) >= moving.height()) {
+        updateAll();
+        return;
+    }
+    scroll(dx, dy, moving);
+    // Under the bars nothing moved; Qt drops what a sibling covers from the repaint.
+    update(QRegion(rect()) - uncovered);
+    // Where a text is cut depends on where its cell ends against the view's edge and
+    // the vertical bar: the cells that crossed it are painted again, whole.
+    if (colsMoved) {
+        const int edge = seenRight(moving) - std::abs(dx) - kTextPadding - 1;
+        update(wholeCells(QRect(edge, 0, width() - edge, height()), true));
+        return;
+    }
+    const Form& form = FormOf(host_.control());
+    if (!form.vscGrid.visible()) return;
+    const int barTop = scale.toPixelsY(form.vscGrid.top()) - scale.toPixelsY(grid_.top());
+    const int barBottom =
+        scale.toPixelsY(form.vscGrid.top() + form.vscGrid.height()) - scale.toPixelsY(grid_.top());
+    for (const int edge : {barTop, barBottom}) {
+        if (edge > moving.top() && edge <= moving.bottom()) {
+            update(wholeCells(QRect(0, edge - std::abs(dy) - 1, width(), 2 * std::abs(dy) + 2),
+                              false));
+        }
+    }
+}
+
+// The band widened to the whole columns (or rows) in view that it touches.
+QRect GridView::wholeCells(QRect band, bool cols) const {
+    for (const int index : cols ? colsInView() : rowsInView()) {
+        const QRect cell = cols ? unclippedCellRect(0, index) : unclippedCellRect(index, 0);
+        if (cols && cell.right() >= band.left() && cell.left() <= band.right()) {
+            band.setLeft(std::min(band.left(), cell.left()));
+            band.setRight(std::max(band.right(), cell.right()));
+        }
+        if (!cols && cell.bottom() >= band.top() && cell.top() <= band.bottom()) {
+            band.setTop(std::min(band.top(), cell.top()));
+            band.setBottom(std::max(band.bottom(), cell.bottom()));
+        }
+    }
+    return band;
+}
+
+}  // namespace tabulon
