@@ -282,6 +282,7 @@ void GridView::updateCell(int row, int col) {
 
 void GridView::paintEvent(QPaintEvent* event) {
     wholeUpdatePending_ = false;
+    movePending_ = false;
     place_ = placeNow();
     QPainter painter(this);
     if (grid_.rows() == 0 || grid_.cols() == 0) {

@@ -146,6 +146,7 @@ private:
     QPoint wheelRemainder_;
     bool dragging_ = false;
     bool wholeUpdatePending_ = false;
+    bool movePending_ = false;
     // The current cell and the selection as last asked to be painted; row -1: none yet.
     struct Marked {
         int row = -1, col = -1, rowSel = -1, colSel = -1;

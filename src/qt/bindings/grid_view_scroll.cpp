@@ -68,9 +68,11 @@ void GridView::updateScroll() {
     const Place was = place_;
     const Place now = placeNow();
     place_ = now;
-    if (wholeUpdatePending_ || borderDrag_.dragging() || !isVisible() || was.size != now.size ||
-        was.top < grid_.fixedRows() || was.left < grid_.fixedCols() || was.top >= grid_.rows() ||
-        was.left >= grid_.cols()) {
+    // A second move before the first is painted (a thumb dragged over many columns
+    // moves one at a time) would move the pixels again: painting all is cheaper.
+    if (wholeUpdatePending_ || movePending_ || borderDrag_.dragging() || !isVisible() ||
+        was.size != now.size || was.top < grid_.fixedRows() || was.left < grid_.fixedCols() ||
+        was.top >= grid_.rows() || was.left >= grid_.cols()) {
         updateAll();
         return;
     }
@@ -96,6 +98,7 @@ void GridView::updateScroll() {
         updateAll();
         return;
     }
+    movePending_ = true;
     scroll(dx, dy, moving);
     // Under the bars nothing moved; Qt drops what a sibling covers from the repaint.
     update(QRegion(rect()) - uncovered);
