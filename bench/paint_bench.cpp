@@ -41,6 +41,7 @@ public:
     void syncFocusToModel() override {}
     void runGesture(const std::function<void()>& gesture) override { gesture(); }
     void wheelOverGrid(const QWheelEvent&) override {}
+    void mirrorLater(QObject*, std::function<void()> mirror) override { mirror(); }
 
 private:
     Generic_SP_Control& control_;

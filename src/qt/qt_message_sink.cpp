@@ -20,6 +20,7 @@ QMessageBox::Icon QtMessageSink::IconFor(MessageIcon icon) {
 
 void QtMessageSink::Show(MessageIcon icon, std::string_view text) {
     if (text.empty()) return;
+    if (before_) before_();
     const QString message = ToQString(text);
     if (handler_) {
         handler_(icon, message);

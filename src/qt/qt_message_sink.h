@@ -33,6 +33,8 @@ public:
     // Installs a handler (an empty one restores the message boxes).
     void setHandler(Handler handler) { handler_ = std::move(handler); }
     const Handler& handler() const { return handler_; }
+    // Called before every message, box or handler.
+    void setBeforeMessage(std::function<void()> before) { before_ = std::move(before); }
 
     void Show(MessageIcon icon, std::string_view text) override;
 
@@ -42,6 +44,7 @@ public:
 private:
     QPointer<QWidget> parent_;
     Handler handler_;
+    std::function<void()> before_;
 };
 
 }  // namespace tabulon

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFocusEvent>
+#include <QPointer>
 #include <QResizeEvent>
 #include <QShowEvent>
 #include <QWheelEvent>
@@ -9,6 +10,7 @@
 
 #include <exception>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "control/control_access.h"
@@ -43,13 +45,19 @@ public:
           sink_(&widget),
           hostEvents_(std::make_unique<WidgetHostEvents>(widget)),
           control_(std::make_unique<Generic_SP_Control>(sink_, *hostEvents_)),
-          scale_(widget.logicalDpiX(), widget.logicalDpiY()) {}
+          scale_(widget.logicalDpiX(), widget.logicalDpiY()) {
+        sink_.setBeforeMessage([this] { catchUp(); });
+        hostEvents_->setBeforeEvent([this] { catchUp(); });
+    }
 
     Generic_SP_Control& control() override { return *control_; }
     const TwipsScale& scale() const override { return scale_; }
     void syncFocusToModel() override;
     void wheelOverGrid(const QWheelEvent& event) override;
     void runGesture(const std::function<void()>& gesture) override;
+    void mirrorLater(QObject* binding, std::function<void()> mirror) override;
+    // Runs the mirrors put off until now.
+    void catchUp();
 
     // Counts the gestures and host calls under way; when the outermost ends, the
     // edit-state signals follow for what changed.
@@ -105,6 +113,7 @@ public:
     bool viewsHeld_ = false;
     bool focusMovedWhileHeld_ = false;
     int calls_ = 0;
+    std::vector<std::pair<QPointer<QObject>, std::function<void()>>> later_;
     bool canUndo_ = false;
     bool canRedo_ = false;
     bool modified_ = false;
@@ -484,6 +493,8 @@ void SpreadsheetWidget::Private::syncFocusToModel() {
     if (binding != nullptr) {
         QWidget* own = binding->widget();
         if (current != nullptr && (current == own || own->isAncestorOf(current))) return;
+        // A widget still hidden or disabled by a mirror put off would refuse the focus.
+        if (!binding->focusTarget()->isEnabled() || !binding->focusTarget()->isVisible()) catchUp();
         binding->focusTarget()->setFocus(Qt::OtherFocusReason);
         return;
     }
@@ -513,6 +524,7 @@ void SpreadsheetWidget::Private::runGesture(const std::function<void()>& gesture
 
 SpreadsheetWidget::Private::EditStateAfterwards::~EditStateAfterwards() {
     if (--d_.calls_ > 0) return;
+    d_.catchUp();
     if (std::uncaught_exceptions() > failures_) {
         // Not while a failure travels to the host: once the event loop runs again.
         QMetaObject::invokeMethod(
@@ -520,6 +532,27 @@ SpreadsheetWidget::Private::EditStateAfterwards::~EditStateAfterwards() {
         return;
     }
     d_.emitEditState();
+}
+
+void SpreadsheetWidget::Private::mirrorLater(QObject* binding, std::function<void()> mirror) {
+    if (calls_ == 0) {
+        mirror();
+        return;
+    }
+    for (const auto& [waiting, ignored] : later_) {
+        if (waiting == binding) return;
+    }
+    later_.emplace_back(binding, std::move(mirror));
+}
+
+void SpreadsheetWidget::Private::catchUp() {
+    while (!later_.empty()) {
+        const auto waiting = std::move(later_);
+        later_.clear();
+        for (const auto& [binding, mirror] : waiting) {
+            if (binding != nullptr) mirror();
+        }
+    }
 }
 
 void SpreadsheetWidget::Private::emitEditState() {

@@ -13,30 +13,37 @@ WidgetHostEvents::~WidgetHostEvents() {
 }
 
 void WidgetHostEvents::OKClick() {
+    beforeEvent();
     Q_EMIT widget_.OKClick();
 }
 
 void WidgetHostEvents::HelpClick() {
+    beforeEvent();
     Q_EMIT widget_.HelpClick();
 }
 
 void WidgetHostEvents::PrintClick(const std::string& strXML) {
+    beforeEvent();
     Q_EMIT widget_.PrintClick(ToQString(strXML));
 }
 
 void WidgetHostEvents::CancelClick() {
+    beforeEvent();
     Q_EMIT widget_.CancelClick();
 }
 
 void WidgetHostEvents::AppGridEventHandler(xml::Node& ValidationXML) {
+    beforeEvent();
     Q_EMIT widget_.AppGridEventHandler(&ValidationXML);
 }
 
 void WidgetHostEvents::SaveFailed(const std::string& reason) {
+    beforeEvent();
     Q_EMIT widget_.SaveFailed(ToQString(reason));
 }
 
 void WidgetHostEvents::PropertyChanged(std::string_view name) {
+    beforeEvent();
     Q_EMIT widget_.PropertyChanged(ToQString(name));
 }
 

@@ -9,6 +9,7 @@
 // set is restored when this object goes away.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -36,9 +37,16 @@ public:
 
     // How many wait cursors this object has set and not yet restored.
     int waitCursors() const { return waitCursors_; }
+    // Called before every event that runs the host's code.
+    void setBeforeEvent(std::function<void()> before) { before_ = std::move(before); }
 
 private:
+    void beforeEvent() const {
+        if (before_) before_();
+    }
+
     SpreadsheetWidget& widget_;
+    std::function<void()> before_;
     int waitCursors_ = 0;
 };
 

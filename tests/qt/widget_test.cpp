@@ -11,6 +11,7 @@
 
 #include "common/files.h"
 #include "control/control_access.h"
+#include "qt/bindings/scroll_bar_binding.h"
 #include "qt/bindings/unit_num_binding.h"
 #include "qt/find_bar.h"
 #include "widget_fixture.h"
@@ -219,6 +220,52 @@ TEST_F(WidgetBehaviour, TheFindBarGoesToTheFirstHitAtOnceAndCountsTheRestBetween
     EXPECT_EQ(std::pair(grid.row(), grid.col()), std::pair(2, 1));
     EXPECT_EQ(pumpHits, 1);
     EXPECT_EQ(bar->countLabel()->text(), QStringLiteral("1 hit"));
+}
+
+// The control takes its own bars through an empty range and back, and lays them out in
+// steps, within one gesture or host call; the Qt bars show only where it leaves them,
+// and the host's handler of an event raised on the way finds them already there.
+TEST_F(WidgetBehaviour, TheBarsShowWhereTheControlLeavesThemAndCatchUpBeforeAHostEvent) {
+    std::vector<std::string> columns;
+    for (int c = 1; c <= 30; ++c) {
+        std::vector<CellData> cells;
+        for (int r = 1; r <= 60; ++r)
+            cells.emplace_back(std::to_string(r), true, r != 55 || c != 28);
+        columns.push_back(Column(cells));
+    }
+    // A second node: the gate never shows a cell of the last one.
+    ASSERT_TRUE(widget().LoadXML(QString::fromStdString(
+        Document(std::vector<std::string>(60, Row("TextBox", "MaxLength=\"20\"")), columns,
+                 "ENGLISH", "", Pnode("N2", "K")))));
+    const auto barsShowTheModel = [this] {
+        bool same = true;
+        for (Component* owner :
+             {static_cast<Component*>(&form().hscGrid), static_cast<Component*>(&form().vscGrid)}) {
+            const ScrollBar& bar =
+                owner == &form().hscGrid ? form().hscGrid.bar() : form().vscGrid.bar();
+            const QScrollBar* shown =
+                static_cast<ScrollBarBinding*>(widget().bindingFor(*owner))->scrollBar();
+            same = same && shown->isVisibleTo(&widget()) == (owner->visible() && bar.visible()) &&
+                   shown->value() == bar.value() &&
+                   shown->maximum() == std::max(bar.min(), bar.max()) &&
+                   shown->isEnabled() == (owner->enabled() && bar.enabled());
+        }
+        return same;
+    };
+    std::optional<bool> atTheEvent;
+    QObject::connect(&widget(), &SpreadsheetWidget::PropertyChanged,
+                     [&] { atTheEvent = barsShowTheModel(); });
+    UseScrollBars();
+    EXPECT_EQ(atTheEvent, std::optional<bool>(true)) << "the host's handler saw stale bars";
+    EXPECT_TRUE(barsShowTheModel()) << "after the host's call";
+    ButtonStep("OK");
+    EXPECT_EQ(messages.back(),
+              "critical: Validation Error(s). You must correct all data highlighted in red "
+              "before saving.");
+    EXPECT_EQ(form().msgGridView.row(), 55);
+    EXPECT_TRUE(barsShowTheModel()) << "after OK";
+    KeyStep("Home", "ctrl");
+    EXPECT_TRUE(barsShowTheModel()) << "after Ctrl+Home";
 }
 
 }  // namespace

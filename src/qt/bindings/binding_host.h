@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QKeyEvent>
+#include <QObject>
 #include <QWheelEvent>
 #include <functional>
 
@@ -29,6 +30,13 @@ public:
     // as a critical message with the failure's own description, as the platform shows
     // a run-time error nobody handled, and the widget stays usable.
     virtual void runGesture(const std::function<void()>& gesture) = 0;
+
+    // Runs mirror once the gestures and host calls under way have ended, or at once
+    // when none is; one mirror per binding however often it is asked. For a widget
+    // whose model passes through states nobody should see on the way (a scroll bar's
+    // range emptied and filled again): Qt repaints it on every change. Messages and
+    // host events let the put-off mirrors catch up first.
+    virtual void mirrorLater(QObject* binding, std::function<void()> mirror) = 0;
 
     // The wheel turned over a cell editor, which lies on the grid: the grid scrolls
     // as if the wheel were over it.

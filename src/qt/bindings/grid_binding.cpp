@@ -8,9 +8,14 @@ GridBinding::GridBinding(BindingHost& bindingHost, FlexGrid& grid, QWidget* pare
     : ComponentBinding(bindingHost, grid, new GridView(bindingHost, grid, parent)),
       view_(static_cast<GridView*>(widget())) {}
 
+// A layout moves and sizes the grid in several steps: placed once, where it ends, Qt
+// does not repaint what the steps uncover on the way (the buttons below, the frame
+// above).
 void GridBinding::applyGeometry() {
-    ComponentBinding::applyGeometry();
-    view_->updateAll();
+    host().mirrorLater(this, [this] {
+        ComponentBinding::applyGeometry();
+        view_->updateAll();
+    });
 }
 
 void GridBinding::applyState(const ChangeInfo& change) {

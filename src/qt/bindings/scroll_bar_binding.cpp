@@ -25,20 +25,30 @@ ScrollBarBinding::ScrollBarBinding(BindingHost& bindingHost, Component& owner, S
 }
 
 void ScrollBarBinding::applyGeometry() {
-    ComponentBinding::applyGeometry();
-    const Mirroring mirroring(*this);
-    scrollBar_->setGeometry(
-        host().scale().toPixels(bar_.left(), bar_.top(), bar_.width(), bar_.height()));
-    scrollBar_->setVisible(bar_.visible());
-    scrollBar_->setEnabled(bar_.enabled());
+    mirrorSoon();
 }
 
 void ScrollBarBinding::applyState(const ChangeInfo& /*change*/) {
-    mirrorValue();
+    mirrorSoon();
+}
+
+// The control refreshes its bars by emptying their range (and disabling them) and
+// filling it again, and a layout places them in steps, several times in one gesture:
+// shown only where it ends.
+void ScrollBarBinding::mirrorSoon() {
+    host().mirrorLater(this, [this] {
+        ComponentBinding::applyGeometry();
+        const Mirroring mirroring(*this);
+        scrollBar_->setGeometry(
+            host().scale().toPixels(bar_.left(), bar_.top(), bar_.width(), bar_.height()));
+        scrollBar_->setVisible(bar_.visible());
+        mirrorValue();
+    });
 }
 
 void ScrollBarBinding::mirrorValue() {
     const Mirroring mirroring(*this);
+    scrollBar_->setEnabled(bar_.enabled());
     scrollBar_->setRange(std::min(bar_.min(), bar_.max()), std::max(bar_.min(), bar_.max()));
     // Qt repaints the bar on every call, changed or not; a grid refill mirrors each bar.
     if (const bool inverted = bar_.min() > bar_.max(); scrollBar_->invertedAppearance() != inverted)

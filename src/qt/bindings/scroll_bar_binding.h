@@ -12,7 +12,9 @@
 // acts.
 //
 // Decisions: single and page steps are 1 (the bar's range counts columns or rows, not
-// pixels); a bar whose minimum exceeds its maximum is shown inverted.
+// pixels); a bar whose minimum exceeds its maximum is shown inverted. Place, range,
+// value and enabled state are mirrored once the gesture or host call that changed them
+// ends (BindingHost::mirrorLater).
 #pragma once
 
 #include <QScrollBar>
@@ -40,6 +42,7 @@ protected:
     void applyState(const ChangeInfo& change) override;
 
 private:
+    void mirrorSoon();
     void mirrorValue();
     void userAction(int action);
 
