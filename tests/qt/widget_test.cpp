@@ -268,5 +268,35 @@ TEST_F(WidgetBehaviour, TheBarsShowWhereTheControlLeavesThemAndCatchUpBeforeAHos
     EXPECT_TRUE(barsShowTheModel()) << "after Ctrl+Home";
 }
 
+// The area past the last row and column is dark grey, and only that area: every
+// cell keeps its own colour, whatever the shape of the grid.
+TEST_F(WidgetBehaviour, TheGridIsDarkGreyWhereNoCellLiesAndOnlyThere) {
+    for (const auto& [rows, cols] : {std::pair{3, 2}, std::pair{1, 1}, std::pair{40, 1}}) {
+        ASSERT_TRUE(widget().LoadXML(QString::fromStdString(GridDocument(rows, cols))));
+        ProcessEvents();
+        const QImage painted = view().grab().toImage();
+        std::vector<QRect> cells;
+        for (const int row : view().rowsInView()) {
+            for (const int col : view().colsInView())
+                cells.push_back(view().cellRect(row, col));
+        }
+        int wrong = 0;
+        for (int y = 0; y < view().height(); y += 5) {
+            for (int x = 0; x < view().width(); x += 5) {
+                // A fixed cell's grid line, along its right and bottom edge, is that grey.
+                const auto within = [x, y](const QRect& r) {
+                    return r.adjusted(0, 0, -1, -1).contains(x, y);
+                };
+                const auto onLine = [&](const QRect& r) { return r.contains(x, y) && !within(r); };
+                if (std::any_of(cells.begin(), cells.end(), onLine)) continue;
+                const bool inCell = std::any_of(cells.begin(), cells.end(), within);
+                const bool grey = painted.pixel(x, y) == QColor(0x80, 0x80, 0x80).rgb();
+                if (grey == inCell) ++wrong;
+            }
+        }
+        EXPECT_EQ(wrong, 0) << rows << " x " << cols;
+    }
+}
+
 }  // namespace
 }  // namespace tabulon::testing

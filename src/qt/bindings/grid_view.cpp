@@ -231,13 +231,14 @@ std::vector<std::pair<int, int>> GridView::coveredSpans(const std::vector<int>& 
 void GridView::paintBackground(QPainter& painter, const QRect& area, const std::vector<int>& rows,
                                const std::vector<int>& cols) const {
     const QColor background = ToColor(kBackgroundColor);
-    const auto fillGaps = [&](const std::vector<std::pair<int, int>>& spans, bool columns) {
-        int from = columns ? area.left() : area.top();
-        const int end = (columns ? area.right() : area.bottom()) + 1;
+    const auto fillGaps = [&](const std::vector<std::pair<int, int>>& spans, bool columns,
+                              const QRect& band) {
+        int from = columns ? band.left() : band.top();
+        const int end = (columns ? band.right() : band.bottom()) + 1;
         auto fill = [&](int first, int last) {
             if (first >= last) return;
-            painter.fillRect(columns ? QRect(first, area.top(), last - first, area.height())
-                                     : QRect(area.left(), first, area.width(), last - first),
+            painter.fillRect(columns ? QRect(first, band.top(), last - first, band.height())
+                                     : QRect(band.left(), first, band.width(), last - first),
                              background);
         };
         for (const auto& [first, last] : spans) {
@@ -246,8 +247,17 @@ void GridView::paintBackground(QPainter& painter, const QRect& area, const std::
         }
         fill(from, end);
     };
-    fillGaps(coveredSpans(cols, true), true);
-    fillGaps(coveredSpans(rows, false), false);
+    const std::vector<std::pair<int, int>> colSpans = coveredSpans(cols, true);
+    fillGaps(colSpans, true, area);
+    // Beside the columns every row gap is already painted: the rows' gaps only between
+    // the first column's left and the last one's right (a short grid leaves most of
+    // the view dark, and that area was painted twice).
+    if (colSpans.empty()) return;
+    QRect band = area;
+    band.setLeft(std::max(area.left(), colSpans.front().first));
+    band.setRight(std::min(area.right(), colSpans.back().second - 1));
+    if (band.isEmpty()) return;
+    fillGaps(coveredSpans(rows, false), false, band);
 }
 
 GridView::Marked GridView::currentNow() const {
