@@ -353,7 +353,9 @@ void FlexGrid::changeCell(int row, int col, Edit&& edit) {
     checkCol(col);
     auto& column = columns_[static_cast<std::size_t>(col)];
     auto found = column.empty() || column.back().row < row ? column.end() : LowerBound(column, row);
-    if (found == column.end() || found->row != row) {
+    const bool stored = found != column.end() && found->row == row;
+    if (quiet_ > 0) quietBefore_.try_emplace({row, col}, stored ? *found : kFreshCell);
+    if (!stored) {
         StoredCell fresh;
         fresh.row = row;
         if (!edit(static_cast<GridCell&>(fresh))) return;
@@ -363,7 +365,18 @@ void FlexGrid::changeCell(int row, int col, Edit&& edit) {
         if (!edit(static_cast<GridCell&>(*found))) return;
         if (found->Fresh()) column.erase(found);
     }
-    Notify(Change::Cell, row, col);
+    if (quiet_ == 0) Notify(Change::Cell, row, col);
+}
+
+FlexGrid::QuietCells::~QuietCells() {
+    if (--grid_.quiet_ > 0) return;
+    const auto before = std::move(grid_.quietBefore_);
+    grid_.quietBefore_.clear();
+    for (const auto& [at, cell] : before) {
+        const auto [row, col] = at;
+        if (row < grid_.rows() && col < grid_.cols() && grid_.cell(row, col) != cell)
+            grid_.Notify(Change::Cell, row, col);
+    }
 }
 
 void FlexGrid::setTextMatrix(int row, int col, std::string text) {

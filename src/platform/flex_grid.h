@@ -71,8 +71,10 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/component.h"
@@ -201,6 +203,20 @@ public:
     // --- cells (out-of-range indices throw InvalidArgumentFailure)
     // The reference stays valid until the next change of any cell of that column or
     // of the counts.
+    // While one lives, the cells changed are told once it ends, each once and only when
+    // it ends unlike it began: a column refilled and then converted to Metric passes
+    // through texts nobody needs to be told of (a view would repaint each one).
+    class QuietCells {
+    public:
+        explicit QuietCells(FlexGrid& grid) : grid_(grid) { ++grid_.quiet_; }
+        ~QuietCells();
+        QuietCells(const QuietCells&) = delete;
+        QuietCells& operator=(const QuietCells&) = delete;
+
+    private:
+        FlexGrid& grid_;
+    };
+
     const GridCell& cell(int row, int col) const;
     const std::string& textMatrix(int row, int col) const { return cell(row, col).text; }
     void setTextMatrix(int row, int col, std::string text);
@@ -291,6 +307,8 @@ private:
     int topRow_ = 0, leftCol_ = 0;
     int mouseRow_ = -1, mouseCol_ = -1;
     unsigned currentChanges_ = 0;  // counts current-cell changes, for re-entrancy
+    int quiet_ = 0;                // QuietCells alive
+    std::map<std::pair<int, int>, GridCell> quietBefore_;  // (row, col): as it began
     std::int32_t rowHeightMin_ = 0;
     std::int32_t defaultRowHeight_ = 240;
     std::int32_t defaultColWidth_ = 1080;

@@ -259,6 +259,7 @@ bool RefillColumn(ControlCore& core, std::int16_t c) {
     DocumentModel& doc = core.doc;
     const xml::Node gridValue = doc.arrGridValueNodes.at(static_cast<std::size_t>(c) - 1);
     doc.blnGridLoaded = false;
+    const FlexGrid::QuietCells quiet(core.form.msgGridView);
     const bool filled = FillGridColumn(core, gridValue, c, doc.strCurrentValueKey);
     doc.blnGridLoaded = filled;
     if (filled && MetricDocument(core)) ConvertGridUnits(core, c);

@@ -53,5 +53,37 @@ TEST(FlexGridStructure, RebuildingPutsTheCurrentCellOnTheFirstScrollableCellSile
     EXPECT_TRUE(log.events.empty());
 }
 
+// Views are told of a cell once the quiet scope ends, and only when it ends unlike it
+// began; a cell that went back, or out of the grid, is not told of at all.
+TEST(FlexGridStructure, QuietCellsAreToldOnceAndOnlyWhenTheyChanged) {
+    FlexGrid grid;
+    Shape(grid, 4, 3);
+    grid.setTextMatrix(1, 1, "12");
+    grid.setTextMatrix(3, 2, "gone");
+    std::vector<std::pair<int, int>> told;
+    grid.Subscribe([&](const ChangeInfo& change) {
+        if (change.kind == Change::Cell) told.emplace_back(change.row, change.col);
+    });
+    {
+        const FlexGrid::QuietCells quiet(grid);
+        grid.setTextMatrix(1, 1, "3.66");  // there and back, as a Metric refill goes
+        grid.setTextMatrix(1, 1, "12");
+        {
+            const FlexGrid::QuietCells inner(grid);
+            grid.setTextMatrix(2, 1, "new");
+            grid.setTextMatrix(2, 1, "newer");
+        }
+        grid.setCellBackColor(2, 2, 0xFF0000);
+        grid.setTextMatrix(3, 2, "changed");
+        grid.setRows(3);
+        EXPECT_TRUE(told.empty()) << "told before the scope ended";
+    }
+    EXPECT_EQ(told, (std::vector<std::pair<int, int>>{{2, 1}, {2, 2}}));
+    EXPECT_EQ(grid.textMatrix(2, 1), "newer");
+    told.clear();
+    grid.setTextMatrix(1, 1, "after");
+    EXPECT_EQ(told, (std::vector<std::pair<int, int>>{{1, 1}}));
+}
+
 }  // namespace
 }  // namespace tabulon

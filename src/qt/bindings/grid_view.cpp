@@ -302,9 +302,22 @@ void GridView::paintEvent(QPaintEvent* event) {
     const std::vector<int> rows = rowsInView();
     const std::vector<int> cols = colsInView();
     paintBackground(painter, event->rect(), rows, cols);
+    // A cell's left and right edges depend on its column only, its top and bottom on
+    // its row: each worked out once, and only the rows and columns the repaint touches
+    // are gone through (an edit repaints a cell or a column).
+    const QRect touched = event->rect();
+    std::vector<std::pair<int, QRect>> colSpans;
+    for (const int col : cols) {
+        const QRect span = unclippedCellRect(0, col);
+        if (span.right() >= touched.left() && span.left() <= touched.right())
+            colSpans.emplace_back(col, span);
+    }
     for (const int row : rows) {
-        for (const int col : cols) {
-            const QRect rect = unclippedCellRect(row, col);
+        const QRect rowSpan = unclippedCellRect(row, 0);
+        if (rowSpan.bottom() < touched.top() || rowSpan.top() > touched.bottom()) continue;
+        for (const auto& [col, colSpan] : colSpans) {
+            const QRect rect(QPoint(colSpan.left(), rowSpan.top()),
+                             QPoint(colSpan.right(), rowSpan.bottom()));
             if (event->region().intersects(rect)) paintCell(painter, row, col, rect);
         }
     }
