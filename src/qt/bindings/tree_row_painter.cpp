@@ -83,13 +83,12 @@ const TreeRowPainter::Layout& TreeRowPainter::layoutFor(const QStyleOptionViewIt
     entry.advance = metrics.horizontalAdvance(item.text);
     entry.natural = whole.lineCount() > 0 ? whole.lineAt(0).naturalTextWidth() : 0;
     entry.elided = entry.natural > width;
-    entry.line = std::make_shared<QTextLayout>(
+    QTextLayout line(
         entry.elided ? metrics.elidedText(item.text, item.textElideMode, width) : item.text,
         item.font);
-    entry.line->setTextOption(option);
-    // Kept shaped: a layout drops its glyphs after laying out unless told to keep them.
-    entry.line->setCacheEnabled(true);
-    LayOut(*entry.line, width);
+    line.setTextOption(option);
+    LayOut(line, width);
+    entry.runs = line.glyphRuns();
     return *layouts_.insert(item.text, entry);
 }
 
@@ -110,7 +109,8 @@ void TreeRowPainter::drawText(QPainter* painter, const QStyleOptionViewItem& ite
     const Layout& layout = layoutFor(item, rect.width());
     const QRect placed =
         QStyle::alignedRect(Qt::LayoutDirectionAuto, item.displayAlignment, layout.bounds, rect);
-    layout.line->draw(painter, QPointF(rect.x(), placed.top()));
+    for (const QGlyphRun& run : layout.runs)
+        painter->drawGlyphRun(QPointF(rect.x(), placed.top()), run);
 }
 
 QRect TreeRowPainter::paint(QPainter* painter, const QStyleOptionViewItem& item) {

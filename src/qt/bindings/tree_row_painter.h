@@ -11,12 +11,13 @@
 #pragma once
 
 #include <QFont>
+#include <QGlyphRun>
 #include <QHash>
+#include <QList>
 #include <QRect>
 #include <QSize>
 #include <QStyleOptionViewItem>
 #include <QTextLayout>
-#include <memory>
 
 class QPainter;
 class QStyle;
@@ -38,9 +39,11 @@ private:
         Qt::LayoutDirection direction = Qt::LeftToRight;
         Qt::Alignment alignment;
         Qt::TextElideMode elideMode = Qt::ElideRight;
-        // The shown (perhaps elided) text laid out in one line, the height the style
-        // centres, the natural width of the whole text and its advance.
-        std::shared_ptr<QTextLayout> line;
+        // The shown (perhaps elided) text laid out in one line, as glyph runs (drawn
+        // straight from the glyph cache, where the layout's own drawing prepares each
+        // run again), the height the style centres, the natural width of the whole
+        // text and its advance.
+        QList<QGlyphRun> runs;
         QSize bounds;
         qreal natural = 0;
         bool elided = false;
