@@ -14,9 +14,6 @@ void RefreshAdvanceScrollbars(ControlCore& core) {
         Form& form = core.form;
         const int intScrollBars = form.hscGrid.visible() ? 1 : 0;
         if (intScrollBars != 1 || !core.doc.blnGridLoaded) return;
-        // The refresh takes each bar through an empty range and back: the views show
-        // only where it ends.
-        const ViewBatch::Hold hold(core.views);
         form.hscGrid.SetScrollEnabled(form.hscGrid.RefresHScrollBar());
         form.vscGrid.SetScrollEnabled(form.vscGrid.RefresVScrollBar());
     });
