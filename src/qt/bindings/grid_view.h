@@ -44,6 +44,7 @@
 
 #include <QString>
 #include <QWidget>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -129,6 +130,8 @@ private:
     QRect textArea(const GridCell& cell, const QRect& cellRect) const;
     // The first pixel column, at the height of rect, that is not seen.
     int seenRight(const QRect& rect) const;
+    // Where the control's vertical bar lies over the view; none while it is hidden.
+    std::optional<QRect> coveringBar() const;
     void paintFocusRect(QPainter& painter) const;
     std::vector<std::pair<int, int>> coveredSpans(const std::vector<int>& indices,
                                                   bool columns) const;

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
+#include <optional>
 
-#include "control/control_access.h"
 #include "qt/bindings/grid_view.h"
 
 namespace tabulon {
@@ -109,12 +109,9 @@ void GridView::updateScroll() {
         update(wholeCells(QRect(edge, 0, width() - edge, height()), true));
         return;
     }
-    const Form& form = FormOf(host_.control());
-    if (!form.vscGrid.visible()) return;
-    const int barTop = scale.toPixelsY(form.vscGrid.top()) - scale.toPixelsY(grid_.top());
-    const int barBottom =
-        scale.toPixelsY(form.vscGrid.top() + form.vscGrid.height()) - scale.toPixelsY(grid_.top());
-    for (const int edge : {barTop, barBottom}) {
+    const std::optional<QRect> bar = coveringBar();
+    if (!bar) return;
+    for (const int edge : {bar->top(), bar->bottom() + 1}) {
         if (edge > moving.top() && edge <= moving.bottom()) {
             update(wholeCells(QRect(0, edge - std::abs(dy) - 1, width(), 2 * std::abs(dy) + 2),
                               false));

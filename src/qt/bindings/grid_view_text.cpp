@@ -3,6 +3,9 @@
 #include <QHelpEvent>
 #include <QToolTip>
 #include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <optional>
 
 #include "control/control_access.h"
 #include "qt/bindings/grid_view.h"
@@ -11,16 +14,31 @@
 
 namespace tabulon {
 
-int GridView::seenRight(const QRect& rect) const {
-    int right = width();
-    const Form& form = FormOf(host_.control());
-    const Component& bar = form.vscGrid;
-    if (!bar.visible()) return right;
+std::optional<QRect> GridView::coveringBar() const {
+    const Component& bar = FormOf(host_.control()).vscGrid;
+    if (!bar.visible()) return std::nullopt;
     const TwipsScale& scale = host_.scale();
-    const int barTop = scale.toPixelsY(bar.top()) - scale.toPixelsY(grid_.top());
-    const int barBottom = scale.toPixelsY(bar.top() + bar.height()) - scale.toPixelsY(grid_.top());
-    if (rect.bottom() < barTop || rect.top() >= barBottom) return right;
-    return std::min(right, scale.toPixelsX(bar.left()) - scale.toPixelsX(grid_.left()));
+    // Edges, each rounded as the components are placed.
+    const auto narrow = [](std::int64_t twips) {
+        return static_cast<std::int32_t>(
+            std::clamp<std::int64_t>(twips, std::numeric_limits<std::int32_t>::min(),
+                                     std::numeric_limits<std::int32_t>::max()));
+    };
+    const auto x = [&](std::int64_t twips) {
+        return scale.toPixelsX(narrow(twips)) - scale.toPixelsX(grid_.left());
+    };
+    const auto y = [&](std::int64_t twips) {
+        return scale.toPixelsY(narrow(twips)) - scale.toPixelsY(grid_.top());
+    };
+    return QRect(QPoint(x(bar.left()), y(bar.top())),
+                 QPoint(x(std::int64_t{bar.left()} + bar.width()) - 1,
+                        y(std::int64_t{bar.top()} + bar.height()) - 1));
+}
+
+int GridView::seenRight(const QRect& rect) const {
+    const std::optional<QRect> bar = coveringBar();
+    if (!bar || rect.bottom() < bar->top() || rect.top() > bar->bottom()) return width();
+    return std::min(width(), bar->left());
 }
 
 QRect GridView::textArea(const GridCell& cell, const QRect& cellRect) const {
