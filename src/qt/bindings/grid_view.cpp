@@ -205,18 +205,25 @@ void GridView::paintFocusRect(QPainter& painter) const {
     painter.drawRect(rect.adjusted(1, 1, -3, -3));
 }
 
-// The spans [first, last + 1) of pixels that cells cover along one axis, merged.
-std::vector<std::pair<int, int>> GridView::coveredSpans(const std::vector<int>& indices,
-                                                        bool columns) const {
-    std::vector<std::pair<int, int>> spans;
-    for (const int index : indices) {
+std::vector<GridView::Span> GridView::spansInView(bool columns) const {
+    std::vector<Span> spans;
+    for (const int index : columns ? colsInView() : rowsInView()) {
         const QRect rect = columns ? unclippedCellRect(0, index) : unclippedCellRect(index, 0);
-        if (columns && rect.width() > 0) spans.emplace_back(rect.left(), rect.right() + 1);
-        if (!columns && rect.height() > 0) spans.emplace_back(rect.top(), rect.bottom() + 1);
+        spans.push_back(columns ? Span{index, rect.left(), rect.right() + 1}
+                                : Span{index, rect.top(), rect.bottom() + 1});
     }
-    std::sort(spans.begin(), spans.end());
+    return spans;
+}
+
+// The pixels that the spans cover, merged.
+std::vector<std::pair<int, int>> GridView::CoveredSpans(const std::vector<Span>& spans) {
+    std::vector<std::pair<int, int>> sorted;
+    for (const Span& span : spans) {
+        if (span.end > span.first) sorted.emplace_back(span.first, span.end);
+    }
+    std::sort(sorted.begin(), sorted.end());
     std::vector<std::pair<int, int>> merged;
-    for (const auto& span : spans) {
+    for (const auto& span : sorted) {
         if (!merged.empty() && span.first <= merged.back().second) {
             merged.back().second = std::max(merged.back().second, span.second);
         } else {
@@ -228,8 +235,8 @@ std::vector<std::pair<int, int>> GridView::coveredSpans(const std::vector<int>& 
 
 // Every cell paints its whole rectangle with an opaque colour, so the dark background
 // is only painted where no cell is: the strips between and past the columns and rows.
-void GridView::paintBackground(QPainter& painter, const QRect& area, const std::vector<int>& rows,
-                               const std::vector<int>& cols) const {
+void GridView::paintBackground(QPainter& painter, const QRect& area, const std::vector<Span>& rows,
+                               const std::vector<Span>& cols) const {
     const QColor background = ToColor(kBackgroundColor);
     const auto fillGaps = [&](const std::vector<std::pair<int, int>>& spans, bool columns,
                               const QRect& band) {
@@ -247,7 +254,7 @@ void GridView::paintBackground(QPainter& painter, const QRect& area, const std::
         }
         fill(from, end);
     };
-    const std::vector<std::pair<int, int>> colSpans = coveredSpans(cols, true);
+    const std::vector<std::pair<int, int>> colSpans = CoveredSpans(cols);
     fillGaps(colSpans, true, area);
     // Beside the columns every row gap is already painted: the rows' gaps only between
     // the first column's left and the last one's right (a short grid leaves most of
@@ -257,7 +264,7 @@ void GridView::paintBackground(QPainter& painter, const QRect& area, const std::
     band.setLeft(std::max(area.left(), colSpans.front().first));
     band.setRight(std::min(area.right(), colSpans.back().second - 1));
     if (band.isEmpty()) return;
-    fillGaps(coveredSpans(rows, false), false, band);
+    fillGaps(CoveredSpans(rows), false, band);
 }
 
 GridView::Marked GridView::currentNow() const {
@@ -299,26 +306,21 @@ void GridView::paintEvent(QPaintEvent* event) {
         painter.fillRect(event->rect(), ToColor(kBackgroundColor));
         return;
     }
-    const std::vector<int> rows = rowsInView();
-    const std::vector<int> cols = colsInView();
+    const std::vector<Span> rows = spansInView(false);
+    const std::vector<Span> cols = spansInView(true);
     paintBackground(painter, event->rect(), rows, cols);
-    // A cell's left and right edges depend on its column only, its top and bottom on
-    // its row: each worked out once, and only the rows and columns the repaint touches
-    // are gone through (an edit repaints a cell or a column).
+    // Only the rows and columns the repaint touches are gone through (an edit
+    // repaints a cell or a column).
     const QRect touched = event->rect();
-    std::vector<std::pair<int, QRect>> colSpans;
-    for (const int col : cols) {
-        const QRect span = unclippedCellRect(0, col);
-        if (span.right() >= touched.left() && span.left() <= touched.right())
-            colSpans.emplace_back(col, span);
+    std::vector<Span> touchedCols;
+    for (const Span& col : cols) {
+        if (col.end > touched.left() && col.first <= touched.right()) touchedCols.push_back(col);
     }
-    for (const int row : rows) {
-        const QRect rowSpan = unclippedCellRect(row, 0);
-        if (rowSpan.bottom() < touched.top() || rowSpan.top() > touched.bottom()) continue;
-        for (const auto& [col, colSpan] : colSpans) {
-            const QRect rect(QPoint(colSpan.left(), rowSpan.top()),
-                             QPoint(colSpan.right(), rowSpan.bottom()));
-            if (event->region().intersects(rect)) paintCell(painter, row, col, rect);
+    for (const Span& row : rows) {
+        if (row.end <= touched.top() || row.first > touched.bottom()) continue;
+        for (const Span& col : touchedCols) {
+            const QRect rect(QPoint(col.first, row.first), QPoint(col.end - 1, row.end - 1));
+            if (event->region().intersects(rect)) paintCell(painter, row.index, col.index, rect);
         }
     }
     paintFocusRect(painter);

@@ -133,10 +133,16 @@ private:
     // Where the control's vertical bar lies over the view; none while it is hidden.
     std::optional<QRect> coveringBar() const;
     void paintFocusRect(QPainter& painter) const;
-    std::vector<std::pair<int, int>> coveredSpans(const std::vector<int>& indices,
-                                                  bool columns) const;
-    void paintBackground(QPainter& painter, const QRect& area, const std::vector<int>& rows,
-                         const std::vector<int>& cols) const;
+    // A row or column in view and the pixels [first, end) it covers along its axis: a
+    // cell's left and right edges depend on its column only, its top and bottom on its
+    // row.
+    struct Span {
+        int index, first, end;
+    };
+    std::vector<Span> spansInView(bool columns) const;
+    static std::vector<std::pair<int, int>> CoveredSpans(const std::vector<Span>& spans);
+    void paintBackground(QPainter& painter, const QRect& area, const std::vector<Span>& rows,
+                         const std::vector<Span>& cols) const;
     bool selected(int row, int col) const;
     enum class Pointer { Move, Click, Extend };
     void pointerAt(const QPoint& position, Qt::MouseButtons buttons,

@@ -121,16 +121,21 @@ void GridView::updateScroll() {
 
 // The band widened to the whole columns (or rows) in view that it touches.
 QRect GridView::wholeCells(QRect band, bool cols) const {
-    for (const int index : cols ? colsInView() : rowsInView()) {
-        const QRect cell = cols ? unclippedCellRect(0, index) : unclippedCellRect(index, 0);
-        if (cols && cell.right() >= band.left() && cell.left() <= band.right()) {
-            band.setLeft(std::min(band.left(), cell.left()));
-            band.setRight(std::max(band.right(), cell.right()));
+    int first = cols ? band.left() : band.top();
+    int last = cols ? band.right() : band.bottom();
+    for (const Span& span : spansInView(cols)) {
+        if (span.end > (cols ? band.left() : band.top()) &&
+            span.first <= (cols ? band.right() : band.bottom())) {
+            first = std::min(first, span.first);
+            last = std::max(last, span.end - 1);
         }
-        if (!cols && cell.bottom() >= band.top() && cell.top() <= band.bottom()) {
-            band.setTop(std::min(band.top(), cell.top()));
-            band.setBottom(std::max(band.bottom(), cell.bottom()));
-        }
+    }
+    if (cols) {
+        band.setLeft(first);
+        band.setRight(last);
+    } else {
+        band.setTop(first);
+        band.setBottom(last);
     }
     return band;
 }
