@@ -19,12 +19,12 @@ int RoundToInt(double value) {
 
 TwipsScale::TwipsScale(double dpiX, double dpiY) : dpiX_(UsableDpi(dpiX)), dpiY_(UsableDpi(dpiY)) {}
 
-int TwipsScale::toPixelsX(std::int32_t twips) const {
-    return EdgeX(twips);
+int TwipsScale::toPixelsX(std::int64_t twips) const {
+    return EdgeX(static_cast<double>(twips));
 }
 
-int TwipsScale::toPixelsY(std::int32_t twips) const {
-    return EdgeY(twips);
+int TwipsScale::toPixelsY(std::int64_t twips) const {
+    return EdgeY(static_cast<double>(twips));
 }
 
 int TwipsScale::EdgeX(double twips) const {

@@ -25,9 +25,10 @@ public:
     double dpiX() const { return dpiX_; }
     double dpiY() const { return dpiY_; }
 
-    // One coordinate or edge in pixels.
-    int toPixelsX(std::int32_t twips) const;
-    int toPixelsY(std::int32_t twips) const;
+    // One coordinate or edge in pixels; a far edge (a position plus a size) may lie
+    // beyond the 32-bit range.
+    int toPixelsX(std::int64_t twips) const;
+    int toPixelsY(std::int64_t twips) const;
     // The rectangle between the rounded edges; a negative size gives an empty rect.
     QRect toPixels(std::int32_t left, std::int32_t top, std::int32_t width,
                    std::int32_t height) const;

@@ -22,9 +22,7 @@ bool GridView::shiftInPixels(bool cols, int from, int* pixels) const {
         return cols ? grid_.colWidth(i) : grid_.rowHeight(i);
     };
     const auto toPixels = [&](std::int64_t twips) {
-        const auto t =
-            static_cast<std::int32_t>(std::clamp<std::int64_t>(twips, INT32_MIN, INT32_MAX));
-        return cols ? scale.toPixelsX(t) : scale.toPixelsY(t);
+        return cols ? scale.toPixelsX(twips) : scale.toPixelsY(twips);
     };
     const int first = cols ? grid_.leftCol() : grid_.topRow();
     const int count = cols ? grid_.cols() : grid_.rows();

@@ -4,7 +4,6 @@
 #include <QToolTip>
 #include <algorithm>
 #include <cstdint>
-#include <limits>
 #include <optional>
 
 #include "control/control_access.h"
@@ -19,16 +18,11 @@ std::optional<QRect> GridView::coveringBar() const {
     if (!bar.visible()) return std::nullopt;
     const TwipsScale& scale = host_.scale();
     // Edges, each rounded as the components are placed.
-    const auto narrow = [](std::int64_t twips) {
-        return static_cast<std::int32_t>(
-            std::clamp<std::int64_t>(twips, std::numeric_limits<std::int32_t>::min(),
-                                     std::numeric_limits<std::int32_t>::max()));
-    };
     const auto x = [&](std::int64_t twips) {
-        return scale.toPixelsX(narrow(twips)) - scale.toPixelsX(grid_.left());
+        return scale.toPixelsX(twips) - scale.toPixelsX(grid_.left());
     };
     const auto y = [&](std::int64_t twips) {
-        return scale.toPixelsY(narrow(twips)) - scale.toPixelsY(grid_.top());
+        return scale.toPixelsY(twips) - scale.toPixelsY(grid_.top());
     };
     return QRect(QPoint(x(bar.left()), y(bar.top())),
                  QPoint(x(std::int64_t{bar.left()} + bar.width()) - 1,
