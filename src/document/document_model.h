@@ -114,6 +114,8 @@ struct DocumentModel {
     int shownTreeNode = 0;
     // The last value fill failed and emptied the value cells (its elements stay).
     bool valuesFillFailed = false;
+    // A display pass over the grid shown ended at a fault, leaving cells unconverted.
+    bool displayPassFaulted = false;
 
     // Of arrGridValueNodes; rebuilt lazily when stale (after a host event may have
     // changed the document).

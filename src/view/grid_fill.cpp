@@ -22,12 +22,15 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "document/document_reading.h"
 #include "document/lookups.h"
 #include "support/failure.h"
 #include "support/number_format.h"
 #include "support/numeric.h"
+#include "support/scoped_value.h"
 #include "view/cell_colors.h"
 #include "view/cell_problems.h"
 #include "view/design_geometry.h"
@@ -58,21 +61,26 @@ std::string StoredText(xml::Node cellValue) {
     return std::string(cellValue.firstChild().value());
 }
 
+// Cell (r, c) as the English display of the CellValue behind it.
+void ApplyCellValue(ControlCore& core, xml::Node cell, int r, int c) {
+    FlexGrid& grid = core.form.msgGridView;
+    const RowInfo& row = core.doc.arrRowInfo.at(static_cast<std::size_t>(r));
+    grid.setTextMatrix(r, c, CellDisplayText(row, StoredText(cell)));
+    grid.setCellAlignment(r, c, EditorKindInfo(row.ControlType).alignment);
+    const bool enabled = GetAttributeValue(core.sink, cell, "Enabled") == "1";
+    grid.setCellForeColor(r, c, CellTextColor(enabled));
+    const bool valid = GetAttributeValue(core.sink, cell, "Valid") == "1";
+    grid.setCellBackColor(r, c, CellBackColor(valid));
+    grid.setCellNote(r, c, valid ? std::string() : ProblemNote(core, cell, row));
+}
+
 void ApplyCellValues(ControlCore& core, xml::Node cellValues, int c) {
-    DocumentModel& doc = core.doc;
     FlexGrid& grid = core.form.msgGridView;
     int r = 1;
     for (xml::Node cell = cellValues.firstChild(); cell && r < grid.rows();
          cell = cell.nextSibling(), ++r) {
-        doc.arrCellNodes.set(r, c, cell);
-        const RowInfo& row = doc.arrRowInfo.at(static_cast<std::size_t>(r));
-        grid.setTextMatrix(r, c, CellDisplayText(row, StoredText(cell)));
-        grid.setCellAlignment(r, c, EditorKindInfo(row.ControlType).alignment);
-        const bool enabled = GetAttributeValue(core.sink, cell, "Enabled") == "1";
-        grid.setCellForeColor(r, c, CellTextColor(enabled));
-        const bool valid = GetAttributeValue(core.sink, cell, "Valid") == "1";
-        grid.setCellBackColor(r, c, CellBackColor(valid));
-        grid.setCellNote(r, c, valid ? std::string() : ProblemNote(core, cell, row));
+        core.doc.arrCellNodes.set(r, c, cell);
+        ApplyCellValue(core, cell, r, c);
     }
 }
 
@@ -187,6 +195,7 @@ bool FillGridValues(ControlCore& core, const std::string& key) {
         }
         doc.strCurrentValueKey = key;
         doc.valuesFillFailed = false;
+        doc.displayPassFaulted = false;
         if (grid.cols() < 2 || grid.rows() < 2) {
             doc.arrCellNodes.clear();
             return true;
@@ -264,6 +273,27 @@ bool RefillColumn(ControlCore& core, std::int16_t c) {
     doc.blnGridLoaded = filled;
     if (filled && MetricDocument(core)) ConvertGridUnits(core, c);
     return filled;
+}
+
+bool RefreshCells(ControlCore& core, std::int16_t c, std::span<const xml::Node> elements) {
+    DocumentModel& doc = core.doc;
+    FlexGrid& grid = core.form.msgGridView;
+    if (doc.displayPassFaulted || c < 1 || c > doc.arrCellNodes.upperBound2()) return false;
+    // Rows in order, so that a failing cell is the one the refill would fail at first.
+    std::vector<std::pair<int, int>> cells;
+    for (int r = 1; r < grid.rows() && r <= doc.arrCellNodes.upperBound1(); ++r) {
+        const xml::Node shown = doc.arrCellNodes.at(r, c);
+        if (shown && std::find(elements.begin(), elements.end(), shown) != elements.end())
+            cells.emplace_back(r, c);
+    }
+    const ScopedValue<bool> quiet(doc.blnGridLoaded, false);
+    try {
+        for (const auto& [r, col] : cells)
+            ApplyCellValue(core, doc.arrCellNodes.at(r, col), r, col);
+    } catch (...) {
+        return false;
+    }
+    return !MetricDocument(core) || ConvertGridCells(core, cells);
 }
 
 std::string CellDisplayText(const RowInfo& row, const std::string& t) {

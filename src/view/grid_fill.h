@@ -23,6 +23,13 @@ void ClearGridCells(ControlCore& core);
 // the fill succeeded; in a Metric document the column is converted for display again.
 bool RefillColumn(ControlCore& core, std::int16_t c);
 
+// Shows again the cells of column c that the given CellValue elements are behind, when
+// only those elements changed since the column was filled: what RefillColumn would show,
+// without reading the rest of the column. False, with cells maybe half written, when a
+// refill could show more than that (a display pass of the grid ended at a unit fault)
+// or one of the cells fails: the caller then refills the column.
+bool RefreshCells(ControlCore& core, std::int16_t c, std::span<const xml::Node> elements);
+
 // What a value cell of a row shows, in English, for the stored text t: a UnitNum
 // value formatted with the row's Format, a UnitDrop value as number(unit), any other
 // as stored. A UnitDrop text whose "(" is its last character throws.

@@ -1,7 +1,8 @@
 #include "view/undo.h"
 
 #include <algorithm>
-#include <set>
+#include <map>
+#include <span>
 #include <vector>
 
 #include "support/scoped_value.h"
@@ -54,7 +55,27 @@ void MakeCellCurrent(ControlCore& core, int row, int col) {
     grid.setFocus();
 }
 
-void ShowStep(ControlCore& core, const EditStep& step, bool beyondCells) {
+// The columns the step touched show the document again. Where only CellValue texts and
+// flags changed, just their cells are shown again; anything else refills the column.
+void ShowColumns(ControlCore& core, const EditStep& step, std::span<const xml::Node> elements) {
+    std::map<int, std::vector<xml::Node>> columns;
+    bool cellsOnly = true;
+    for (std::size_t i = 0; i < step.changes.size(); ++i) {
+        columns[step.changes[i].column].push_back(elements[i]);
+        cellsOnly = cellsOnly && step.changes[i].cellValue;
+    }
+    const int shown = std::min(core.form.msgGridView.cols() - 1,
+                               static_cast<int>(core.doc.arrGridValueNodes.size()));
+    const FlexGrid::QuietCells quiet(core.form.msgGridView);
+    for (const auto& [column, changed] : columns) {
+        if (column < 1 || column > shown) continue;
+        const auto c = static_cast<std::int16_t>(column);
+        if (!cellsOnly || !RefreshCells(core, c, changed)) RefillColumn(core, c);
+    }
+}
+
+void ShowStep(ControlCore& core, const EditStep& step, std::span<const xml::Node> elements,
+              bool beyondCells) {
     DocumentModel& doc = core.doc;
     const EditLocation& where = step.where;
     if (beyondCells) doc.cellValuesIndexStale = true;
@@ -62,15 +83,7 @@ void ShowStep(ControlCore& core, const EditStep& step, bool beyondCells) {
         where.treeNode == 0 || (doc.blnGridLoaded && doc.strCurrentHeaderKey == where.headerKey &&
                                 doc.strCurrentValueKey == where.valueKey);
     if (onScreen) {
-        std::set<int> columns;
-        for (const ElementChange& change : step.changes)
-            columns.insert(change.column);
-        const int shown = std::min(core.form.msgGridView.cols() - 1,
-                                   static_cast<int>(doc.arrGridValueNodes.size()));
-        for (const int column : columns) {
-            if (column >= 1 && column <= shown)
-                RefillColumn(core, static_cast<std::int16_t>(column));
-        }
+        ShowColumns(core, step, elements);
     } else if (where.treeNode <= doc.treeRecordCount()) {
         // Filled afresh, whatever keys the grid shows now.
         doc.strCurrentHeaderKey.clear();
@@ -91,13 +104,13 @@ void Apply(ControlCore& core, Direction direction) {
     const EditStep& step =
         direction == Direction::Back ? history.StepToUndo() : history.StepToRedo();
     bool beyondCells = false;
+    std::vector<xml::Node> elements;
+    const xml::Node root = core.doc.objXMLDoc->root();
+    for (const ElementChange& change : step.changes)
+        elements.push_back(xml::NodeAt(root, change.path));
     {
         // Counts, tree marks and reasons follow the flags the step puts back.
-        std::vector<xml::Node> elements;
-        const xml::Node root = core.doc.objXMLDoc->root();
-        for (const ElementChange& change : step.changes)
-            elements.push_back(xml::NodeAt(root, change.path));
-        const ValidityWatch watch(core, std::move(elements), ValidityWatch::Cause::Restore);
+        const ValidityWatch watch(core, elements, ValidityWatch::Cause::Restore);
         beyondCells = Restore(core, step, direction);
     }
     if (direction == Direction::Back) {
@@ -105,7 +118,7 @@ void Apply(ControlCore& core, Direction direction) {
     } else {
         history.Redone();
     }
-    ShowStep(core, step, beyondCells);
+    ShowStep(core, step, elements, beyondCells);
 }
 
 }  // namespace

@@ -142,6 +142,8 @@ std::shared_ptr<UnitRegistrar> DisplayPassRegistrar(const ControlCore& core) {
 }
 
 void ConvertGridUnits(ControlCore& core, std::int16_t column) {
+    // A whole pass starts afresh; a column's pass leaves the others' fault standing.
+    const bool faultedBefore = column != 0 && core.doc.displayPassFaulted;
     Guarded(core.sink, "1037", [&] {
         const std::shared_ptr<UnitRegistrar> registrar = DisplayPassRegistrar(core);
         Form& form = core.form;
@@ -151,6 +153,8 @@ void ConvertGridUnits(ControlCore& core, std::int16_t column) {
 
         FlexGrid& grid = form.msgGridView;
         const ColumnRange columns = ColumnsOf(grid, column);
+        // Until the pass ends without a fault (a failure that is not a unit fault too).
+        core.doc.displayPassFaulted = true;
         try {
             for (int r = 1; r < grid.rows(); ++r) {
                 if (!converter.SetRow(core.doc.arrRowInfo.at(static_cast<std::size_t>(r))))
@@ -168,10 +172,31 @@ void ConvertGridUnits(ControlCore& core, std::int16_t column) {
                     if (shown) grid.setTextMatrix(r, c, *shown);
                 }
             }
+            core.doc.displayPassFaulted = faultedBefore;
         } catch (const MetricPassFault& ended) {
             core.sink.Information(ended.message);
         }
     });
+}
+
+bool ConvertGridCells(ControlCore& core, std::span<const std::pair<int, int>> cells) {
+    if (cells.empty()) return true;
+    try {
+        const std::shared_ptr<UnitRegistrar> registrar = DisplayPassRegistrar(core);
+        Form& form = core.form;
+        form.unitDropForCnv.SetRegistrar(registrar);
+        form.unitNumForCnv.SetRegistrar(registrar);
+        MetricTextConverter converter(core, *registrar, form.unitNumForCnv, form.unitDropForCnv);
+        FlexGrid& grid = form.msgGridView;
+        for (const auto& [r, c] : cells) {
+            if (!converter.SetRow(core.doc.arrRowInfo.at(static_cast<std::size_t>(r)))) continue;
+            if (std::optional<std::string> shown = converter.Convert(grid.textMatrix(r, c)))
+                grid.setTextMatrix(r, c, *shown);
+        }
+        return true;
+    } catch (...) {
+        return false;
+    }
 }
 
 }  // namespace tabulon

@@ -4,8 +4,10 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "view/control_core.h"
 
@@ -50,5 +52,10 @@ std::shared_ptr<UnitRegistrar> DisplayPassRegistrar(const ControlCore& core);
 // column 0: every data column; otherwise that grid column only. Converts the grid
 // text once: call it only right after a fill.
 void ConvertGridUnits(ControlCore& core, std::int16_t column);
+
+// The given cells (row, column), just written in English, converted as the pass would
+// convert them, in order. False at the first unit fault or failure, with nothing shown:
+// the caller then fills the column again and lets its pass report it.
+bool ConvertGridCells(ControlCore& core, std::span<const std::pair<int, int>> cells);
 
 }  // namespace tabulon

@@ -103,5 +103,63 @@ TEST_F(Undo, ModifiedFollowsTheSavedState) {
     EXPECT_TRUE(control().IsModified());
 }
 
+// What each value cell shows: text, colours and the note of a red cell.
+std::vector<std::string> GridLook(const FlexGrid& grid) {
+    std::vector<std::string> look;
+    for (int r = 1; r < grid.rows(); ++r) {
+        for (int c = 1; c < grid.cols(); ++c) {
+            look.push_back(grid.textMatrix(r, c) + "|" + std::to_string(grid.cellForeColor(r, c)) +
+                           "|" + std::to_string(grid.cellBackColor(r, c)) + "|" +
+                           grid.cellNote(r, c));
+        }
+    }
+    return look;
+}
+
+// After every undo and redo in a Metric document the grid looks as a fresh load of the
+// document then shows it: converted units, red cells with their notes, and a column
+// where a second CellValues of the same key covers the first's cells.
+TEST_F(Undo, EachStepShowsWhatAFreshLoadShows) {
+    const std::string drop = Row("UnitDrop", R"(Unit="FT_TO_M;INCH_TO_MM" Format="0.0;0")");
+    Load({Row("TextBox"), kCapacity, drop},
+         {Column({{"a"}, {"12.50"}, {"3.0(ft)"}}),
+          Column({{"b"}, {"20"}, {"4(in)"}}, CellValues("K", {{"c"}, {"30"}}))},
+         "METRIC");
+    Edit(2, 1, "150");  // past MaxVal: red
+    Edit(3, 2, "7", "mm");
+    Edit(1, 2, "q");  // the covering CellValues
+    Edit(2, 2, "12");
+    std::vector<std::pair<std::string, std::vector<std::string>>> seen;
+    const auto step = [&](bool undo) {
+        ASSERT_TRUE(undo ? control().Undo() : control().Redo());
+        seen.emplace_back(control().XML(), GridLook(grid()));
+    };
+    for (const bool undo : {true, true, true, true, false, false, false, true, false, false})
+        step(undo);
+    ExpectMessages({});
+    for (const auto& [xml, look] : seen) {
+        NewControl();
+        ASSERT_TRUE(LoadText(xml));
+        EXPECT_EQ(GridLook(grid()), look) << xml;
+    }
+}
+
+// A unit fault ends the Metric display pass and leaves the cells after it in English.
+// An undo in that column shows them as the column's own pass leaves them, and says so
+// again, rather than converting only the cell it gives back.
+TEST_F(Undo, AfterAUnitFaultTheColumnIsShownAsItsPassLeavesIt) {
+    const std::string drop = Row("UnitDrop", R"(Unit="FT_TO_M;INCH_TO_MM" Format="0.0;0")");
+    ASSERT_TRUE(
+        LoadText(Document({drop, kCapacity}, {Column({{"3.0(yd)"}, {"12.50"}})}, "METRIC")));
+    const std::vector<RecordedMessage> fault = sink.messages();
+    ASSERT_EQ(fault.size(), 1U);
+    ASSERT_EQ(Shown(2, 1), "12.50");  // after the fault: not converted
+    Edit(2, 1, "1");
+    ClearRecords();
+    ASSERT_TRUE(control().Undo());
+    EXPECT_EQ(Shown(2, 1), "12.50");
+    ExpectMessages(fault);
+}
+
 }  // namespace
 }  // namespace tabulon::testing
