@@ -2,13 +2,15 @@
 
 #include <algorithm>
 
+#include "qt/bindings/banded_scroll_bar.h"
+
 namespace tabulon {
 
 ScrollBarBinding::ScrollBarBinding(BindingHost& bindingHost, Component& owner, ScrollBar& bar,
                                    Qt::Orientation orientation, QWidget* parent)
     : ComponentBinding(bindingHost, owner, new QWidget(parent)),
       bar_(bar),
-      scrollBar_(new QScrollBar(orientation, widget())) {
+      scrollBar_(new BandedScrollBar(orientation, widget())) {
     widget()->setFocusPolicy(Qt::NoFocus);
     scrollBar_->setFocusPolicy(Qt::ClickFocus);
     scrollBar_->setSingleStep(1);

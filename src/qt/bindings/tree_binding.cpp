@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QMouseEvent>
 
+#include "qt/bindings/banded_scroll_bar.h"
 #include "qt/bindings/picture_decoding.h"
 #include "qt/bindings/tree_problem_badge.h"
 
@@ -56,6 +57,10 @@ TreeBinding::TreeBinding(BindingHost& bindingHost, TreeView& tree, ImageList& im
     treeView_->viewport()->installEventFilter(this);
     treeView_->setItemDelegate(new TreeProblemBadge(treeView_));
     treeView_->setAccessibleName(tr("Categories"));
+    // The vertical bar painted as the grid's is (opaque, in bands, its looks kept).
+    auto* bar = new BandedScrollBar(Qt::Vertical, nullptr);
+    bar->setAutoFillBackground(true);
+    treeView_->setVerticalScrollBar(bar);
     // The one column follows the viewport's width (the header is hidden and stretches
     // it), and a viewport that changes size is painted whole anyway: Qt's own repaint
     // of a resized column, a moment later, would paint every shown row a second time

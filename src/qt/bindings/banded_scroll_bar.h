@@ -1,0 +1,61 @@
+// BandedScrollBar: a QScrollBar that paints itself, when vertical and at rest, in bands
+// a few dozen pixels high, and keeps the last few looks it painted. Qt's raster engine hands a fill
+// of more than about a hundred scanlines to worker threads and waits for them; the style's groove
+// and thumb gradients of a vertical bar as tall as the grid or the tree cost a thread wake and a
+// wait that way, several times the painting itself. A node change that shows or hides the filter
+// gives the bar back a height and range it had before, and a resize of the window repaints every
+// bar whether it changed or not.
+//
+// Each band is an image of the bar's width: filled with the bar's own background, then
+// painted by the style as the whole bar, moved up so that the band shows. The image's
+// edges bound every fill, whatever clip the style sets, and the pixels are those of
+// one paint of the whole bar. A look is kept under everything the style is given (size,
+// pixel ratio, state, range, position, steps, direction, palette, style) and painted
+// again when any of it changes. A bar under the pointer or with a button held paints
+// as QScrollBar does: only QScrollBar knows which part is hovered or pressed. So does
+// one whose background is not a plain colour, one at a fractional pixel ratio, and a
+// horizontal bar: its gradient runs down each column, which Qt fills differently on
+// an image than on the window, one level apart in places.
+#pragma once
+
+#include <QImage>
+#include <QScrollBar>
+#include <vector>
+
+class QStyleOptionSlider;
+
+namespace tabulon {
+
+class BandedScrollBar : public QScrollBar {
+    Q_OBJECT
+
+public:
+    // Device pixels per band: a fill of fewer than 96 spans is not split across threads.
+    static constexpr int kBandPixels = 64;
+    // Looks kept, the most recently painted first.
+    static constexpr std::size_t kLooksKept = 4;
+
+    BandedScrollBar(Qt::Orientation orientation, QWidget* parent);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    struct Look {
+        QSize size;
+        qreal ratio = 1;
+        int state = 0;
+        int minimum = 0, maximum = 0, position = 0, value = 0, pageStep = 0, singleStep = 0;
+        bool upsideDown = false;
+        qint64 palette = 0;
+        const QStyle* style = nullptr;
+        QImage image;
+        bool sameAs(const Look& other) const;
+    };
+    Look lookOf(const QStyleOptionSlider& option, qreal ratio) const;
+    QImage paintInBands(const QStyleOptionSlider& option, qreal ratio, const QColor& ground);
+
+    std::vector<Look> looks_;
+};
+
+}  // namespace tabulon
