@@ -1,10 +1,10 @@
 // BandedScrollBar: a QScrollBar that paints itself, when vertical and at rest, in bands
-// a few dozen pixels high, and keeps the last few looks it painted. Qt's raster engine hands a fill
-// of more than about a hundred scanlines to worker threads and waits for them; the style's groove
-// and thumb gradients of a vertical bar as tall as the grid or the tree cost a thread wake and a
-// wait that way, several times the painting itself. A node change that shows or hides the filter
-// gives the bar back a height and range it had before, and a resize of the window repaints every
-// bar whether it changed or not.
+// under a hundred pixels high, and keeps the last few looks it painted. Qt's raster
+// engine hands a fill of more than 95 scanlines to worker threads and waits for them;
+// the style's groove and thumb gradients of a vertical bar as tall as the grid or the
+// tree cost a thread wake and a wait that way, several times the painting itself. A
+// node change that shows or hides the filter gives the bar back a height and range it
+// had before, and a resize of the window repaints every bar whether it changed or not.
 //
 // Each band is an image of the bar's width: filled with the bar's own background, then
 // painted by the style as the whole bar, moved up so that the band shows. The image's
@@ -31,7 +31,7 @@ class BandedScrollBar : public QScrollBar {
 
 public:
     // Device pixels per band: a fill of fewer than 96 spans is not split across threads.
-    static constexpr int kBandPixels = 64;
+    static constexpr int kBandPixels = 90;
     // Looks kept, the most recently painted first.
     static constexpr std::size_t kLooksKept = 4;
 
