@@ -52,6 +52,18 @@ ColumnRange ColumnsOf(const FlexGrid& grid, std::int16_t column) {
     return {column, column};
 }
 
+// A display pass's own registrar, given to the form's hidden boxes, and its converter.
+struct DisplayPass {
+    explicit DisplayPass(ControlCore& core)
+        : registrar(DisplayPassRegistrar(core)),
+          converter(core, *registrar, core.form.unitNumForCnv, core.form.unitDropForCnv) {
+        core.form.unitDropForCnv.SetRegistrar(registrar);
+        core.form.unitNumForCnv.SetRegistrar(registrar);
+    }
+    std::shared_ptr<UnitRegistrar> registrar;
+    MetricTextConverter converter;
+};
+
 }  // namespace
 
 MetricTextConverter::MetricTextConverter(ControlCore& core, UnitRegistrar& registrar,
@@ -145,13 +157,9 @@ void ConvertGridUnits(ControlCore& core, std::int16_t column) {
     // A whole pass starts afresh; a column's pass leaves the others' fault standing.
     const bool faultedBefore = column != 0 && core.doc.displayPassFaulted;
     Guarded(core.sink, "1037", [&] {
-        const std::shared_ptr<UnitRegistrar> registrar = DisplayPassRegistrar(core);
-        Form& form = core.form;
-        form.unitDropForCnv.SetRegistrar(registrar);
-        form.unitNumForCnv.SetRegistrar(registrar);
-        MetricTextConverter converter(core, *registrar, form.unitNumForCnv, form.unitDropForCnv);
-
-        FlexGrid& grid = form.msgGridView;
+        DisplayPass pass(core);
+        MetricTextConverter& converter = pass.converter;
+        FlexGrid& grid = core.form.msgGridView;
         const ColumnRange columns = ColumnsOf(grid, column);
         // Until the pass ends without a fault (a failure that is not a unit fault too).
         core.doc.displayPassFaulted = true;
@@ -182,15 +190,12 @@ void ConvertGridUnits(ControlCore& core, std::int16_t column) {
 bool ConvertGridCells(ControlCore& core, std::span<const std::pair<int, int>> cells) {
     if (cells.empty()) return true;
     try {
-        const std::shared_ptr<UnitRegistrar> registrar = DisplayPassRegistrar(core);
-        Form& form = core.form;
-        form.unitDropForCnv.SetRegistrar(registrar);
-        form.unitNumForCnv.SetRegistrar(registrar);
-        MetricTextConverter converter(core, *registrar, form.unitNumForCnv, form.unitDropForCnv);
-        FlexGrid& grid = form.msgGridView;
+        DisplayPass pass(core);
+        FlexGrid& grid = core.form.msgGridView;
         for (const auto& [r, c] : cells) {
-            if (!converter.SetRow(core.doc.arrRowInfo.at(static_cast<std::size_t>(r)))) continue;
-            if (std::optional<std::string> shown = converter.Convert(grid.textMatrix(r, c)))
+            if (!pass.converter.SetRow(core.doc.arrRowInfo.at(static_cast<std::size_t>(r))))
+                continue;
+            if (std::optional<std::string> shown = pass.converter.Convert(grid.textMatrix(r, c)))
                 grid.setTextMatrix(r, c, *shown);
         }
         return true;
