@@ -17,7 +17,8 @@ bool BandedScrollBar::Look::sameAs(const Look& other) const {
     return size == other.size && ratio == other.ratio && state == other.state &&
            minimum == other.minimum && maximum == other.maximum && position == other.position &&
            value == other.value && pageStep == other.pageStep && singleStep == other.singleStep &&
-           upsideDown == other.upsideDown && palette == other.palette && style == other.style;
+           upsideDown == other.upsideDown && direction == other.direction &&
+           palette == other.palette && style == other.style;
 }
 
 BandedScrollBar::Look BandedScrollBar::lookOf(const QStyleOptionSlider& option, qreal ratio) const {
@@ -32,6 +33,7 @@ BandedScrollBar::Look BandedScrollBar::lookOf(const QStyleOptionSlider& option, 
     look.pageStep = option.pageStep;
     look.singleStep = option.singleStep;
     look.upsideDown = option.upsideDown;
+    look.direction = option.direction;
     look.palette = option.palette.cacheKey();
     look.style = style();
     return look;

@@ -47,6 +47,7 @@ private:
         int state = 0;
         int minimum = 0, maximum = 0, position = 0, value = 0, pageStep = 0, singleStep = 0;
         bool upsideDown = false;
+        Qt::LayoutDirection direction = Qt::LeftToRight;
         qint64 palette = 0;
         const QStyle* style = nullptr;
         QImage image;
