@@ -66,7 +66,9 @@ void BandedScrollBar::paintEvent(QPaintEvent* event) {
     const bool banded = orientation() == Qt::Vertical && !underMouse() && !isSliderDown() &&
                         QGuiApplication::mouseButtons() == Qt::NoButton && autoFillBackground() &&
                         ground.style() == Qt::SolidPattern && ground.isOpaque() &&
-                        ratio == std::floor(ratio) && kBandPixels / static_cast<int>(ratio) > 0;
+                        ratio == std::floor(ratio) && kBandPixels / static_cast<int>(ratio) > 0 &&
+                        // A bar that fades paints a moment of an animation, not a look.
+                        style()->styleHint(QStyle::SH_ScrollBar_Transient, nullptr, this) == 0;
     if (!banded) {
         QScrollBar::paintEvent(event);
         return;

@@ -13,9 +13,10 @@
 // pixel ratio, state, range, position, steps, direction, palette, style) and painted
 // again when any of it changes. A bar under the pointer or with a button held paints
 // as QScrollBar does: only QScrollBar knows which part is hovered or pressed. So does
-// one whose background is not a plain colour, one at a fractional pixel ratio, and a
-// horizontal bar: its gradient runs down each column, which Qt fills differently on
-// an image than on the window, one level apart in places.
+// one whose background is not a plain colour, one at a fractional pixel ratio, one
+// that its style fades in and out, and a horizontal bar: its gradient runs down each
+// column, which Qt fills differently on an image than on the window, one level apart
+// in places.
 #pragma once
 
 #include <QImage>
