@@ -13,30 +13,20 @@ namespace tabulon {
 BandedScrollBar::BandedScrollBar(Qt::Orientation orientation, QWidget* parent)
     : QScrollBar(orientation, parent) {}
 
-bool BandedScrollBar::Look::sameAs(const Look& other) const {
-    return size == other.size && ratio == other.ratio && state == other.state &&
-           minimum == other.minimum && maximum == other.maximum && position == other.position &&
-           value == other.value && pageStep == other.pageStep && singleStep == other.singleStep &&
-           upsideDown == other.upsideDown && direction == other.direction &&
-           palette == other.palette && style == other.style;
-}
-
-BandedScrollBar::Look BandedScrollBar::lookOf(const QStyleOptionSlider& option, qreal ratio) const {
-    Look look;
-    look.size = option.rect.size();
-    look.ratio = ratio;
-    look.state = static_cast<int>(option.state);
-    look.minimum = option.minimum;
-    look.maximum = option.maximum;
-    look.position = option.sliderPosition;
-    look.value = option.sliderValue;
-    look.pageStep = option.pageStep;
-    look.singleStep = option.singleStep;
-    look.upsideDown = option.upsideDown;
-    look.direction = option.direction;
-    look.palette = option.palette.cacheKey();
-    look.style = style();
-    return look;
+BandedScrollBar::Key BandedScrollBar::keyOf(const QStyleOptionSlider& option, qreal ratio) const {
+    return {option.rect.size(),
+            ratio,
+            static_cast<int>(option.state),
+            option.minimum,
+            option.maximum,
+            option.sliderPosition,
+            option.sliderValue,
+            option.pageStep,
+            option.singleStep,
+            option.upsideDown,
+            option.direction,
+            option.palette.cacheKey(),
+            style()};
 }
 
 QImage BandedScrollBar::paintInBands(const QStyleOptionSlider& option, qreal ratio,
@@ -77,15 +67,14 @@ void BandedScrollBar::paintEvent(QPaintEvent* event) {
     initStyleOption(&option);
     option.subControls = QStyle::SC_All;
     option.activeSubControls = QStyle::SC_None;
-    Look look = lookOf(option, ratio);
+    const Key key = keyOf(option, ratio);
     const auto kept = std::find_if(looks_.begin(), looks_.end(),
-                                   [&look](const Look& other) { return other.sameAs(look); });
+                                   [&key](const Look& look) { return look.key == key; });
     if (kept != looks_.end()) {
         std::rotate(looks_.begin(), kept, kept + 1);
     } else {
-        look.image = paintInBands(option, ratio, ground.color());
         if (looks_.size() == kLooksKept) looks_.pop_back();
-        looks_.insert(looks_.begin(), std::move(look));
+        looks_.insert(looks_.begin(), Look{key, paintInBands(option, ratio, ground.color())});
     }
     QPainter painter(this);
     painter.drawImage(QPoint(0, 0), looks_.front().image);

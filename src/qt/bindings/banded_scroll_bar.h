@@ -42,7 +42,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    struct Look {
+    // Everything the style is given that may change the bar's pixels.
+    struct Key {
         QSize size;
         qreal ratio = 1;
         int state = 0;
@@ -51,10 +52,13 @@ private:
         Qt::LayoutDirection direction = Qt::LeftToRight;
         qint64 palette = 0;
         const QStyle* style = nullptr;
-        QImage image;
-        bool sameAs(const Look& other) const;
+        bool operator==(const Key&) const = default;
     };
-    Look lookOf(const QStyleOptionSlider& option, qreal ratio) const;
+    struct Look {
+        Key key;
+        QImage image;
+    };
+    Key keyOf(const QStyleOptionSlider& option, qreal ratio) const;
     QImage paintInBands(const QStyleOptionSlider& option, qreal ratio, const QColor& ground);
 
     std::vector<Look> looks_;
