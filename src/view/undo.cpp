@@ -18,24 +18,20 @@ namespace {
 
 enum class Direction { Back, Forward };
 
-// Puts the step's content back; true when an element other than a CellValue changed
-// (the GridValueKey index may then be out of date).
-bool Restore(ControlCore& core, const EditStep& step, Direction direction) {
+// Puts the step's content back. elements: the step's elements, looked up before it, when
+// restoring one leaves the others' handles valid (a step of CellValues only); else each
+// is looked up as its turn comes.
+void Restore(ControlCore& core, const EditStep& step, Direction direction,
+             std::span<const xml::Node> elements) {
     const xml::Node root = core.doc.objXMLDoc->root();
-    bool beyondCells = false;
-    const auto restore = [&](const ElementChange& change) {
-        const xml::Node element = xml::NodeAt(root, change.path);
+    const auto restore = [&](std::size_t i) {
+        const ElementChange& change = step.changes[i];
+        const xml::Node element = elements.empty() ? xml::NodeAt(root, change.path) : elements[i];
         (direction == Direction::Back ? change.before : change.after).RestoreInto(element);
-        beyondCells = beyondCells || !change.cellValue;
     };
-    if (direction == Direction::Back) {
-        for (auto change = step.changes.rbegin(); change != step.changes.rend(); ++change)
-            restore(*change);
-    } else {
-        for (const ElementChange& change : step.changes)
-            restore(change);
-    }
-    return beyondCells;
+    const std::size_t count = step.changes.size();
+    for (std::size_t i = 0; i < count; ++i)
+        restore(direction == Direction::Back ? count - 1 - i : i);
 }
 
 // The cell becomes current, scrolled into view, without an editor opening.
@@ -57,13 +53,11 @@ void MakeCellCurrent(ControlCore& core, int row, int col) {
 
 // The columns the step touched show the document again. Where only CellValue texts and
 // flags changed, just their cells are shown again; anything else refills the column.
-void ShowColumns(ControlCore& core, const EditStep& step, std::span<const xml::Node> elements) {
+void ShowColumns(ControlCore& core, const EditStep& step, std::span<const xml::Node> elements,
+                 bool cellsOnly) {
     std::map<int, std::vector<xml::Node>> columns;
-    bool cellsOnly = true;
-    for (std::size_t i = 0; i < step.changes.size(); ++i) {
+    for (std::size_t i = 0; i < step.changes.size(); ++i)
         columns[step.changes[i].column].push_back(elements[i]);
-        cellsOnly = cellsOnly && step.changes[i].cellValue;
-    }
     const int shown = std::min(core.form.msgGridView.cols() - 1,
                                static_cast<int>(core.doc.arrGridValueNodes.size()));
     const FlexGrid::QuietCells quiet(core.form.msgGridView);
@@ -74,16 +68,18 @@ void ShowColumns(ControlCore& core, const EditStep& step, std::span<const xml::N
     }
 }
 
+// cellsOnly: the step changed CellValues only (else the GridValueKey index may be out of
+// date).
 void ShowStep(ControlCore& core, const EditStep& step, std::span<const xml::Node> elements,
-              bool beyondCells) {
+              bool cellsOnly) {
     DocumentModel& doc = core.doc;
     const EditLocation& where = step.where;
-    if (beyondCells) doc.cellValuesIndexStale = true;
+    if (!cellsOnly) doc.cellValuesIndexStale = true;
     const bool onScreen =
         where.treeNode == 0 || (doc.blnGridLoaded && doc.strCurrentHeaderKey == where.headerKey &&
                                 doc.strCurrentValueKey == where.valueKey);
     if (onScreen) {
-        ShowColumns(core, step, elements);
+        ShowColumns(core, step, elements, cellsOnly);
     } else if (where.treeNode <= doc.treeRecordCount()) {
         // Filled afresh, whatever keys the grid shows now.
         doc.strCurrentHeaderKey.clear();
@@ -103,7 +99,9 @@ void Apply(ControlCore& core, Direction direction) {
     core.unitRegistrar.reset();
     const EditStep& step =
         direction == Direction::Back ? history.StepToUndo() : history.StepToRedo();
-    bool beyondCells = false;
+    const bool cellsOnly =
+        std::all_of(step.changes.begin(), step.changes.end(),
+                    [](const ElementChange& change) { return change.cellValue; });
     std::vector<xml::Node> elements;
     const xml::Node root = core.doc.objXMLDoc->root();
     for (const ElementChange& change : step.changes)
@@ -111,14 +109,15 @@ void Apply(ControlCore& core, Direction direction) {
     {
         // Counts, tree marks and reasons follow the flags the step puts back.
         const ValidityWatch watch(core, elements, ValidityWatch::Cause::Restore);
-        beyondCells = Restore(core, step, direction);
+        Restore(core, step, direction,
+                cellsOnly ? std::span<const xml::Node>(elements) : std::span<const xml::Node>());
     }
     if (direction == Direction::Back) {
         history.Undone();
     } else {
         history.Redone();
     }
-    ShowStep(core, step, elements, beyondCells);
+    ShowStep(core, step, elements, cellsOnly);
 }
 
 }  // namespace
