@@ -35,26 +35,39 @@ void CellText::useFont(const QFont& font) const {
     cacheFont_ = font;
 }
 
-const QStaticText* CellText::laidOut(const QFont& font, const QString& text) const {
+const CellText::Laid* CellText::laidOut(const QFont& font, const QString& text) const {
+    // A static text draws its underline and strike-out lines its own way.
+    if (font.underline() || font.overline() || font.strikeOut()) return nullptr;
     useFont(font);
     auto found = cache_.find(text);
     if (found == cache_.end()) {
         if (cache_.size() >= kCacheSize) cache_.clear();
-        QStaticText staticText(text);
-        staticText.setTextFormat(Qt::PlainText);
-        staticText.prepare(QTransform(), font);
-        found = cache_.insert(text, staticText);
+        Laid laid;
+        if (std::optional<PlainLine::Line> line = plain_.layOut(font, text)) {
+            laid.glyphs = true;
+            laid.run = std::move(line->run);
+            laid.size = line->size;
+        } else {
+            laid.whole.setText(text);
+            laid.whole.setTextFormat(Qt::PlainText);
+            laid.whole.prepare(QTransform(), font);
+            // Aligned by its advance, as drawText aligns it: the static text's own width
+            // also counts the ink of a last glyph that reaches past its advance ("V").
+            laid.size =
+                QSizeF(QFontMetricsF(font).horizontalAdvance(text), laid.whole.size().height());
+        }
+        found = cache_.insert(text, laid);
     }
     return &*found;
 }
 
-const QStaticText* CellText::laidOut(const QFont& font, const std::string& text) const {
+const CellText::Laid* CellText::laidOut(const QFont& font, const std::string& text) const {
     if (!PlainAscii(text)) return nullptr;
     return laidOut(font, QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size())));
 }
 
 qreal CellText::width(const QFont& font, const std::string& text) const {
-    if (const QStaticText* plain = laidOut(font, text)) return plain->size().width();
+    if (const Laid* plain = laidOut(font, text)) return plain->size.width();
     return QFontMetricsF(font).horizontalAdvance(ToQString(text));
 }
 
@@ -105,8 +118,8 @@ const QString& CellText::cut(const QFont& font, int available, bool right,
 void CellText::paint(QPainter& painter, const QRect& rect, Qt::Alignment alignment,
                      const std::string& text) const {
     const QFont& font = painter.font();
-    const QStaticText* layout = laidOut(font, text);
-    const qreal width = layout != nullptr ? layout->size().width() : this->width(font, text);
+    const Laid* layout = laidOut(font, text);
+    const qreal width = layout != nullptr ? layout->size.width() : this->width(font, text);
     QString other;
     if (width > rect.width()) {
         const QString& cutText = cut(font, rect.width(), alignment & Qt::AlignRight, text);
@@ -120,7 +133,7 @@ void CellText::paint(QPainter& painter, const QRect& rect, Qt::Alignment alignme
         painter.drawText(rect, static_cast<int>(alignment) | Qt::TextSingleLine, other);
         return;
     }
-    const QSizeF size = layout->size();
+    const QSizeF size = layout->size;
     qreal x = 0;
     qreal y = 0;
     if (alignment & Qt::AlignRight) {
@@ -138,7 +151,12 @@ void CellText::paint(QPainter& painter, const QRect& rect, Qt::Alignment alignme
         painter.save();
         painter.setClipRect(rect, Qt::IntersectClip);
     }
-    painter.drawStaticText(QPointF(rect.x() + x, rect.y() + y), *layout);
+    const QPointF at(rect.x() + x, rect.y() + y);
+    if (layout->glyphs) {
+        painter.drawGlyphRun(at, layout->run);
+    } else {
+        painter.drawStaticText(at, layout->whole);
+    }
     if (clip) painter.restore();
 }
 

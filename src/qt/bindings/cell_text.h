@@ -11,18 +11,23 @@
 // the whole text as a tooltip wherever it was cut.
 //
 // Plain ASCII texts, and cut forms of plain texts, are laid out once and kept, up to
-// kCacheSize of them, and painted pixel for pixel as QPainter::drawText paints them;
-// other texts are laid out on every paint. The cut form of a text for a width is kept
-// too. Both stores are emptied when full or when the font changes.
+// kCacheSize of them, and painted pixel for pixel as QPainter::drawText paints them
+// (most from their characters' glyphs, see PlainLine), aligned by their advance as
+// drawText aligns them; other texts, and any text in an underlined, overlined or
+// struck-out font, are laid out on every paint. The cut form of a text for a width is kept too.
+// Both stores are emptied when full or when the font changes.
 #pragma once
 
 #include <QFont>
+#include <QGlyphRun>
 #include <QHash>
 #include <QRect>
 #include <QStaticText>
 #include <QString>
 #include <string>
 #include <utility>
+
+#include "qt/bindings/plain_line.h"
 
 class QPainter;
 
@@ -48,16 +53,25 @@ public:
                const std::string& text) const;
 
 private:
+    // A text laid out: from its characters' glyphs, or else whole.
+    struct Laid {
+        bool glyphs = false;
+        QGlyphRun run;
+        QStaticText whole;
+        QSizeF size;
+    };
+
     // Empties the stores when the font is not the one they were made with.
     void useFont(const QFont& font) const;
     // The laid-out form of a plain ASCII text in font; null for other texts.
-    const QStaticText* laidOut(const QFont& font, const std::string& text) const;
+    const Laid* laidOut(const QFont& font, const std::string& text) const;
     // The laid-out form of a text known to be simple.
-    const QStaticText* laidOut(const QFont& font, const QString& text) const;
+    const Laid* laidOut(const QFont& font, const QString& text) const;
     // The cut form of a text that does not fit available pixels (right: right-aligned).
     const QString& cut(const QFont& font, int available, bool right, const std::string& text) const;
 
-    mutable QHash<QString, QStaticText> cache_;
+    mutable QHash<QString, Laid> cache_;
+    mutable PlainLine plain_;
     mutable QHash<std::pair<QString, int>, QString> cuts_;
     mutable QFont cacheFont_;
 };
