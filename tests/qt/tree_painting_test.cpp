@@ -1,8 +1,9 @@
-// The tree's rows are drawn from cached text layouts; on screen they must stay exactly
-// what the style painted when it laid each text out itself. A tree view is rendered in
-// the states a person brings about (a node clicked, the window left, pictures off, the
-// pane narrowed until names elide and wide again) with the style's whole painting and
-// with the tree's, and the two images compared pixel for pixel.
+// The tree's rows and badges are drawn from cached text layouts; on screen they must
+// stay exactly what the style and QPainter painted when they laid each text out
+// themselves. A tree view is rendered in the states a person brings about (a node
+// clicked, the window left, pictures off, the pane narrowed until names elide and wide
+// again) with the style's whole painting and with the tree's, and the two images
+// compared pixel for pixel.
 #include <gtest/gtest.h>
 #include <QApplication>
 #include <QPainter>
@@ -20,8 +21,33 @@
 namespace tabulon {
 namespace {
 
-// The painting before the cache: the style's item painted whole, the badge placed from
-// the style's own text rectangle and a fresh measure of the text.
+// The badge drawn whole by QPainter: a rounded box and the number drawn as text.
+void DrawnBadge(QPainter* painter, const QStyleOptionViewItem& item, const QRect& textRect,
+                int textWidth, int count) {
+    if (count <= 0) return;
+    const QString number = QString::number(count);
+    const QFontMetrics metrics(item.font);
+    const int height = metrics.height();
+    const QRect badge(textRect.left() + textWidth + 6, textRect.center().y() - height / 2,
+                      metrics.horizontalAdvance(number) + 8, height);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    const bool selected = item.state.testFlag(QStyle::State_Selected);
+    QPalette::ColorGroup group = QPalette::Disabled;
+    if (item.state.testFlag(QStyle::State_Enabled))
+        group = item.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
+    painter->setBrush(
+        item.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text));
+    painter->drawRoundedRect(badge, badge.height() / 2.0, badge.height() / 2.0);
+    painter->setPen(item.palette.color(group, selected ? QPalette::Highlight : QPalette::Base));
+    painter->setFont(item.font);
+    painter->drawText(badge, Qt::AlignCenter, number);
+    painter->restore();
+}
+
+// The painting before the caches: the style's item painted whole, the badge drawn whole,
+// placed from the style's own text rectangle and a fresh measure of the text.
 class StylePaintedBadge : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -33,8 +59,8 @@ public:
         initStyleOption(&item, index);
         const QRect text =
             item.widget->style()->subElementRect(QStyle::SE_ItemViewItemText, &item, item.widget);
-        PaintProblemBadge(painter, item, text, QFontMetrics(item.font).horizontalAdvance(item.text),
-                          index.data(kProblemCountRole).toInt());
+        DrawnBadge(painter, item, text, QFontMetrics(item.font).horizontalAdvance(item.text),
+                   index.data(kProblemCountRole).toInt());
     }
 };
 
@@ -60,6 +86,7 @@ TEST(TreePainting, RowsLookAsTheStylePaintsThemInEveryState) {
     building->appendRow(
         Node(QStringLiteral("Floor 1 with a name long enough to elide"), 1, Qt::red));
     building->appendRow(Node(QStringLiteral("Zone \u00d6sterfeld (g\u00fcltig)"), 123, Qt::green));
+    building->appendRow(Node(QStringLiteral("Zone 7"), 4071, Qt::green));
     model.appendRow(Node(QStringLiteral("Building 2"), 0, Qt::darkBlue));
 
     QTreeView view;

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QPainter>
+#include <string>
 
 namespace tabulon {
 
@@ -19,13 +20,12 @@ QString ProblemCountText(int count) {
 }
 
 void PaintProblemBadge(QPainter* painter, const QStyleOptionViewItem& item, const QRect& textRect,
-                       int textWidth, int count) {
+                       int textWidth, int count, const CellText& numbers) {
     if (count <= 0) return;
-    const QString number = QString::number(count);
-    const QFontMetrics metrics(item.font);
-    const int height = metrics.height();
+    const std::string number = std::to_string(count);
+    const int height = QFontMetrics(item.font).height();
     const QRect badge(textRect.left() + textWidth + kGap, textRect.center().y() - height / 2,
-                      metrics.horizontalAdvance(number) + 2 * kPadding, height);
+                      qRound(numbers.width(item.font, number)) + 2 * kPadding, height);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(Qt::NoPen);
@@ -38,7 +38,7 @@ void PaintProblemBadge(QPainter* painter, const QStyleOptionViewItem& item, cons
     painter->drawRoundedRect(badge, badge.height() / 2.0, badge.height() / 2.0);
     painter->setPen(item.palette.color(group, selected ? QPalette::Highlight : QPalette::Base));
     painter->setFont(item.font);
-    painter->drawText(badge, Qt::AlignCenter, number);
+    numbers.paint(*painter, badge, Qt::AlignCenter, number);
     painter->restore();
 }
 
@@ -48,7 +48,9 @@ void TreeProblemBadge::paint(QPainter* painter, const QStyleOptionViewItem& opti
     initStyleOption(&item, index);
     const QRect text = rows_.paint(painter, item);
     const int problems = index.data(kProblemCountRole).toInt();
-    if (problems > 0) PaintProblemBadge(painter, item, text, rows_.textWidth(item), problems);
+    if (problems > 0) {
+        PaintProblemBadge(painter, item, text, rows_.textWidth(item), problems, numbers_);
+    }
 }
 
 QSize TreeProblemBadge::sizeHint(const QStyleOptionViewItem& option,

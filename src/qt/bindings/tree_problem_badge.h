@@ -9,6 +9,7 @@
 #include <QString>
 #include <QStyledItemDelegate>
 
+#include "qt/bindings/cell_text.h"
 #include "qt/bindings/tree_row_painter.h"
 
 namespace tabulon {
@@ -20,9 +21,10 @@ inline constexpr int kProblemCountRole = Qt::UserRole + 1;
 QString ProblemCountText(int count);
 
 // The badge of a count above 0 for an item (a fully initialised option) whose text the
-// style places in textRect and is textWidth pixels wide.
+// style places in textRect and is textWidth pixels wide. The number is laid out by
+// numbers, which keeps what it laid out.
 void PaintProblemBadge(QPainter* painter, const QStyleOptionViewItem& item, const QRect& textRect,
-                       int textWidth, int count);
+                       int textWidth, int count, const CellText& numbers);
 
 class TreeProblemBadge : public QStyledItemDelegate {
     Q_OBJECT
@@ -36,6 +38,7 @@ public:
 
 private:
     mutable TreeRowPainter rows_;
+    CellText numbers_;
 };
 
 }  // namespace tabulon
