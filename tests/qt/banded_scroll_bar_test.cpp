@@ -39,6 +39,10 @@ TEST(BandedScrollBarPainting, LooksAsTheStylePaintsItInEveryState) {
              palette.setColor(QPalette::Button, QColor(40, 120, 200));
              bar.setPalette(palette);
          }},
+        {"a long thumb across bands",
+         [](QScrollBar& bar) { bar.setRange(0, 50), bar.setPageStep(40), bar.setValue(10); }},
+        {"the thumb moved along the same groove", [](QScrollBar& bar) { bar.setValue(31); }},
+        {"the thumb a step from the top", [](QScrollBar& bar) { bar.setValue(1); }},
         {"a band high and one more row",
          [](QScrollBar& bar) {
              bar.resize(17, BandedScrollBar::kBandPixels + 1);

@@ -29,25 +29,88 @@ BandedScrollBar::Key BandedScrollBar::keyOf(const QStyleOptionSlider& option, qr
             style()};
 }
 
-QImage BandedScrollBar::paintInBands(const QStyleOptionSlider& option, qreal ratio,
-                                     const QColor& ground) {
+void BandedScrollBar::paintInBands(QImage& image, const QStyleOptionSlider& option, int top,
+                                   int bottom, const QColor* ground) const {
+    const qreal ratio = image.devicePixelRatio();
     const int rows = kBandPixels / static_cast<int>(ratio);
-    QImage whole(option.rect.size() * ratio, QImage::Format_ARGB32_Premultiplied);
-    whole.setDevicePixelRatio(ratio);
-    QImage band(QSize(option.rect.width(), rows) * ratio, QImage::Format_ARGB32_Premultiplied);
-    band.setDevicePixelRatio(ratio);
-    QPainter wholePainter(&whole);
-    wholePainter.setCompositionMode(QPainter::CompositionMode_Source);
-    for (int top = 0; top < option.rect.height(); top += rows) {
-        band.fill(ground);
+    top = std::max(top, 0);
+    bottom = std::min(bottom, option.rect.height());
+    QPainter imagePainter(&image);
+    imagePainter.setCompositionMode(QPainter::CompositionMode_Source);
+    for (int at = top; at < bottom; at += rows) {
+        const QRect part(0, at, option.rect.width(), rows);
+        QImage band(part.size() * ratio, QImage::Format_ARGB32_Premultiplied);
+        band.setDevicePixelRatio(ratio);
+        if (ground != nullptr) {
+            band.fill(*ground);
+        } else {
+            QPainter copy(&band);
+            copy.setCompositionMode(QPainter::CompositionMode_Source);
+            copy.drawImage(QPoint(0, 0), image, QRectF(QPointF(0, at * ratio), band.size()));
+        }
         {
             QPainter bandPainter(&band);
-            bandPainter.translate(0, -top);
+            bandPainter.translate(0, -at);
             style()->drawComplexControl(QStyle::CC_ScrollBar, &option, &bandPainter, this);
         }
-        wholePainter.drawImage(QPoint(0, top), band);
+        imagePainter.drawImage(part.topLeft(), band);
     }
-    return whole;
+}
+
+const QImage& BandedScrollBar::look(std::vector<Look>& looks, const Key& key,
+                                    const std::function<QImage()>& paint) {
+    const auto kept = std::find_if(looks.begin(), looks.end(),
+                                   [&key](const Look& look) { return look.key == key; });
+    if (kept != looks.end()) {
+        std::rotate(looks.begin(), kept, kept + 1);
+    } else {
+        if (looks.size() == kLooksKept) looks.pop_back();
+        looks.insert(looks.begin(), Look{key, paint()});
+    }
+    return looks.front().image;
+}
+
+QImage BandedScrollBar::paintLook(const QStyleOptionSlider& option, qreal ratio,
+                                  const QColor& ground) {
+    QImage image(option.rect.size() * ratio, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    const auto part = [&](QStyle::SubControl control) {
+        return style()->subControlRect(QStyle::CC_ScrollBar, &option, control, this);
+    };
+    // The style's thumb may reach a little past its rectangle (an outline, a shadow).
+    constexpr int kReach = 4;
+    const QRect thumb = part(QStyle::SC_ScrollBarSlider);
+    const QRect reach = thumb.adjusted(0, -kReach, 0, kReach);
+    // Painted in one go, the thumb lies over the groove and under the arrows: away
+    // from the arrows it may be painted over a groove painted without it.
+    if (thumb.isEmpty() || reach.intersects(part(QStyle::SC_ScrollBarAddLine)) ||
+        reach.intersects(part(QStyle::SC_ScrollBarSubLine))) {
+        paintInBands(image, option, 0, option.rect.height(), &ground);
+        return image;
+    }
+    QStyleOptionSlider groove = option;
+    groove.subControls &= ~QStyle::SC_ScrollBarSlider;
+    Key grooveKey = keyOf(groove, ratio);
+    // Neither where the thumb is nor the range changes the groove; whether the range is
+    // empty and whether the thumb is at an end may change the arrows.
+    const auto end = [&option](int at) {
+        return at == option.minimum ? 0 : at == option.maximum ? 2 : 1;
+    };
+    grooveKey.minimum = 0;
+    grooveKey.maximum = option.maximum > option.minimum ? 1 : 0;
+    grooveKey.pageStep = grooveKey.singleStep = 0;
+    grooveKey.position = end(option.sliderPosition);
+    grooveKey.value = end(option.sliderValue);
+    image = look(grooves_, grooveKey, [&] {
+        QImage whole(option.rect.size() * ratio, QImage::Format_ARGB32_Premultiplied);
+        whole.setDevicePixelRatio(ratio);
+        paintInBands(whole, groove, 0, option.rect.height(), &ground);
+        return whole;
+    });
+    QStyleOptionSlider slider = option;
+    slider.subControls = QStyle::SC_ScrollBarSlider;
+    paintInBands(image, slider, reach.top(), reach.bottom() + 1, nullptr);
+    return image;
 }
 
 void BandedScrollBar::paintEvent(QPaintEvent* event) {
@@ -67,17 +130,10 @@ void BandedScrollBar::paintEvent(QPaintEvent* event) {
     initStyleOption(&option);
     option.subControls = QStyle::SC_All;
     option.activeSubControls = QStyle::SC_None;
-    const Key key = keyOf(option, ratio);
-    const auto kept = std::find_if(looks_.begin(), looks_.end(),
-                                   [&key](const Look& look) { return look.key == key; });
-    if (kept != looks_.end()) {
-        std::rotate(looks_.begin(), kept, kept + 1);
-    } else {
-        if (looks_.size() == kLooksKept) looks_.pop_back();
-        looks_.insert(looks_.begin(), Look{key, paintInBands(option, ratio, ground.color())});
-    }
+    const QImage& image = look(looks_, keyOf(option, ratio),
+                               [&] { return paintLook(option, ratio, ground.color()); });
     QPainter painter(this);
-    painter.drawImage(QPoint(0, 0), looks_.front().image);
+    painter.drawImage(QPoint(0, 0), image);
 }
 
 }  // namespace tabulon

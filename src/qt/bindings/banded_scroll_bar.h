@@ -8,19 +8,22 @@
 //
 // Each band is an image of the bar's width: filled with the bar's own background, then
 // painted by the style as the whole bar, moved up so that the band shows. The image's
-// edges bound every fill, whatever clip the style sets, and the pixels are those of
-// one paint of the whole bar. A look is kept under everything the style is given (size,
-// pixel ratio, state, range, position, steps, direction, palette, style) and painted
-// again when any of it changes. A bar under the pointer or with a button held paints
-// as QScrollBar does: only QScrollBar knows which part is hovered or pressed. So does
-// one whose background is not a plain colour, one at a fractional pixel ratio, one
-// that its style fades in and out, and a horizontal bar: its gradient runs down each
-// column, which Qt fills differently on an image than on the window, one level apart
-// in places.
+// edges bound every fill, whatever clip the style sets, and the pixels are those of one
+// paint of the whole bar. A thumb clear of the arrows is painted over the bar painted
+// without it (kept too), in the bands it covers only: a step that moves the thumb
+// repaints a few bands, not the whole bar. A look is kept under everything the style is
+// given (size, pixel ratio, state, range, position, steps, direction, palette, style)
+// and painted again when any of it changes. A bar under the pointer or with a button
+// held paints as QScrollBar does: only QScrollBar knows which part is hovered or
+// pressed. So does one whose background is not a plain colour, one at a fractional
+// pixel ratio, one that its style fades in and out, and a horizontal bar: its gradient
+// runs down each column, which Qt fills differently on an image than on the window, one
+// level apart in places.
 #pragma once
 
 #include <QImage>
 #include <QScrollBar>
+#include <functional>
 #include <vector>
 
 class QStyleOptionSlider;
@@ -59,9 +62,19 @@ private:
         QImage image;
     };
     Key keyOf(const QStyleOptionSlider& option, qreal ratio) const;
-    QImage paintInBands(const QStyleOptionSlider& option, qreal ratio, const QColor& ground);
+    // The look kept under key in looks, painted first when there is none.
+    static const QImage& look(std::vector<Look>& looks, const Key& key,
+                              const std::function<QImage()>& paint);
+    QImage paintLook(const QStyleOptionSlider& option, qreal ratio, const QColor& ground);
+    // Paints the rows top to bottom of image as the style paints the bar of option,
+    // band by band: each band on ground, or on what image holds there when null.
+    void paintInBands(QImage& image, const QStyleOptionSlider& option, int top, int bottom,
+                      const QColor* ground) const;
 
     std::vector<Look> looks_;
+    // The bar without its thumb, which is painted over it: a thumb moved along a
+    // groove already painted costs only its own bands.
+    std::vector<Look> grooves_;
 };
 
 }  // namespace tabulon
