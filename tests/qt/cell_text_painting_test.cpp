@@ -2,7 +2,8 @@
 // the whole text; on screen they must stay what QPainter::drawText paints. Texts a
 // person enters (numbers with units, names with kerned pairs, ligatures, inner and
 // outer spaces, one character) are painted both ways in several fonts and alignments,
-// in cells wide enough and too narrow, and the images compared pixel for pixel.
+// in cells wide enough and too narrow, and the images compared pixel for pixel; and
+// texts too wide are cut where Qt elides them.
 #include <gtest/gtest.h>
 #include <QApplication>
 #include <QFontMetricsF>
@@ -42,7 +43,7 @@ QImage Blank(QSize size) {
     return image;
 }
 
-TEST(CellTextPainting, LooksAsDrawTextPaintsItInEveryFontAndAlignment) {
+std::vector<QFont> Fonts() {
     QFont bold = QApplication::font();
     bold.setBold(true);
     QFont large = QApplication::font();
@@ -53,8 +54,11 @@ TEST(CellTextPainting, LooksAsDrawTextPaintsItInEveryFontAndAlignment) {
     spaced.setLetterSpacing(QFont::AbsoluteSpacing, 1.5);
     QFont underlined = QApplication::font();
     underlined.setUnderline(true);
-    const std::vector<QFont> fonts = {
-        QApplication::font(), bold, large, italic, spaced, underlined};
+    return {QApplication::font(), bold, large, italic, spaced, underlined};
+}
+
+TEST(CellTextPainting, LooksAsDrawTextPaintsItInEveryFontAndAlignment) {
+    const std::vector<QFont> fonts = Fonts();
     const std::vector<Qt::Alignment> alignments = {
         Qt::AlignLeft | Qt::AlignVCenter, Qt::AlignRight | Qt::AlignVCenter,
         Qt::AlignHCenter | Qt::AlignBottom, Qt::AlignLeft | Qt::AlignTop};
@@ -107,6 +111,25 @@ TEST(CellTextPainting, LooksAsDrawTextPaintsItInEveryFontAndAlignment) {
     }
     // The fonts here do kern some of these texts: the kerned ones were compared too.
     EXPECT_GT(kerned, 0);
+}
+
+// A text that does not fit is cut where Qt elides it, in every width from none to
+// enough (right-aligned numbers keep their digits on top of that, elsewhere).
+TEST(CellTextCutting, TextsAreCutWhereQtElidesThem) {
+    CellText cells;
+    for (const QFont& font : Fonts()) {
+        SCOPED_TRACE(font.toString().toStdString());
+        const QFontMetricsF metrics(font);
+        for (const std::string& text : Texts()) {
+            const QString whole = QString::fromStdString(text);
+            const int natural = static_cast<int>(metrics.horizontalAdvance(whole));
+            for (int width = 0; width <= natural + 1; ++width) {
+                ASSERT_EQ(cells.shown(font, width, Qt::AlignLeft, text),
+                          metrics.elidedText(whole, Qt::ElideRight, width))
+                    << text << " in " << width << " px";
+            }
+        }
+    }
 }
 
 }  // namespace

@@ -91,7 +91,9 @@ const QString& CellText::cut(const QFont& font, int available, bool right,
     if (cuts_.size() >= kCacheSize) cuts_.clear();
 
     const QFontMetricsF metrics(font);
-    QString shownText = metrics.elidedText(whole, Qt::ElideRight, available, Qt::TextSingleLine);
+    const std::optional<QString> elided = plain_.elidedRight(font, whole, available);
+    QString shownText =
+        elided ? *elided : metrics.elidedText(whole, Qt::ElideRight, available, Qt::TextSingleLine);
     const std::size_t number = NumericPrefixLength(text);
     if (right && number > 0) {
         // What is kept of the text before the ellipsis (a font without the ellipsis

@@ -96,37 +96,63 @@ const PlainLine::Pair& PlainLine::pair(char16_t first, char16_t second) {
     return entry;
 }
 
-std::optional<PlainLine::Line> PlainLine::layOut(const QFont& font, QStringView text) {
-    if (text.isEmpty() || text.front() == u' ' || text.back() == u' ') return std::nullopt;
+bool PlainLine::place(const QFont& font, QStringView text, QList<qreal>& edges) {
+    if (text.isEmpty() || text.front() == u' ' || text.back() == u' ') return false;
     for (const QChar c : text) {
-        if (Slot(c.unicode()) < 0) return std::nullopt;
+        if (Slot(c.unicode()) < 0) return false;
     }
     useFont(font);
-    if (!usable_) return std::nullopt;
-    if (!glyph(text.front().unicode()).plain) return std::nullopt;
+    if (!usable_ || !glyph(text.front().unicode()).plain) return false;
+    edges.clear();
+    edges.reserve(text.size() + 1);
+    qreal x = 0;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const char16_t c = text[i].unicode();
+        edges.append(x);
+        x += glyphs_[static_cast<std::size_t>(Slot(c))].advance;
+        if (i + 1 < text.size()) {
+            const Pair& next = pair(c, text[i + 1].unicode());
+            if (next.state != Pair::Apart) return false;
+            x += next.kerning;
+        }
+    }
+    edges.append(x);
+    return true;
+}
+
+std::optional<PlainLine::Line> PlainLine::layOut(const QFont& font, QStringView text) {
+    QList<qreal> edges;
+    if (!place(font, text, edges)) return std::nullopt;
     QList<quint32> indexes;
     QList<QPointF> positions;
     indexes.reserve(text.size());
     positions.reserve(text.size());
-    qreal x = 0;
     for (qsizetype i = 0; i < text.size(); ++i) {
-        const char16_t c = text[i].unicode();
-        const Glyph& entry = glyphs_[static_cast<std::size_t>(Slot(c))];
-        indexes.append(entry.index);
-        positions.append(QPointF(x, baseline_));
-        x += entry.advance;
-        if (i + 1 < text.size()) {
-            const Pair& next = pair(c, text[i + 1].unicode());
-            if (next.state != Pair::Apart) return std::nullopt;
-            x += next.kerning;
-        }
+        indexes.append(glyphs_[static_cast<std::size_t>(Slot(text[i].unicode()))].index);
+        positions.append(QPointF(edges[i], baseline_));
     }
     Line line;
     line.run.setRawFont(raw_);
     line.run.setGlyphIndexes(indexes);
     line.run.setPositions(positions);
-    line.size = QSizeF(x, height_);
+    line.size = QSizeF(edges.back(), height_);
     return line;
+}
+
+std::optional<QString> PlainLine::elidedRight(const QFont& font, QStringView text, qreal width) {
+    QList<qreal> edges;
+    if (!place(font, text, edges)) return std::nullopt;
+    const Glyph& ellipsis = glyph(kEllipsis);
+    if (!ellipsis.plain) return std::nullopt;
+    // As QFontMetricsF::elidedText cuts: nothing when it fits or is one character;
+    // else the characters before the one that reaches the room the ellipsis leaves.
+    if (edges.back() <= width || text.size() <= 1) return text.toString();
+    const qreal room = width - ellipsis.advance;
+    if (room < 0) return QString();
+    qsizetype kept = 0;
+    while (kept + 1 < text.size() && edges[kept + 1] < room)
+        ++kept;
+    return text.first(kept).toString() + QChar(kEllipsis);
 }
 
 }  // namespace tabulon

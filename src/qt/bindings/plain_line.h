@@ -10,12 +10,15 @@
 // puts them, and the line's width is the sum of those steps and the last advance, by
 // which drawText aligns it. Any other text (a joined pair, a glyph from another font,
 // spaces at either end, a font with letter or word spacing, a capitalisation or lines
-// drawn through it) is left to the caller, who lays it out whole.
+// drawn through it) is left to the caller, who lays it out whole. The same steps say
+// where such a text is cut to fit a width, as Qt's elision cuts it.
 #pragma once
 
 #include <QFont>
 #include <QGlyphRun>
+#include <QList>
 #include <QSizeF>
+#include <QString>
 #include <QStringView>
 #include <array>
 #include <cstddef>
@@ -33,6 +36,9 @@ public:
 
     // text laid out in font, or nothing when it is not a text this can lay out.
     std::optional<Line> layOut(const QFont& font, QStringView text);
+    // What QFontMetricsF(font).elidedText(text, Qt::ElideRight, width) gives, or nothing
+    // when text is not one this can lay out.
+    std::optional<QString> elidedRight(const QFont& font, QStringView text, qreal width);
 
 private:
     // Printable ASCII and the ellipsis a cut text ends with.
@@ -51,6 +57,9 @@ private:
     };
 
     void useFont(const QFont& font);
+    // The left edge of each glyph of text and, last, the line's width; false when text
+    // is not one this can lay out.
+    bool place(const QFont& font, QStringView text, QList<qreal>& edges);
     const Glyph& glyph(char16_t c);
     const Pair& pair(char16_t first, char16_t second);
 
