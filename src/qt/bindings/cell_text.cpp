@@ -44,17 +44,15 @@ const CellText::Laid* CellText::laidOut(const QFont& font, const QString& text) 
         if (cache_.size() >= kCacheSize) cache_.clear();
         Laid laid;
         if (std::optional<PlainLine::Line> line = plain_.layOut(font, text)) {
-            laid.glyphs = true;
             laid.run = std::move(line->run);
             laid.size = line->size;
         } else {
-            laid.whole.setText(text);
-            laid.whole.setTextFormat(Qt::PlainText);
-            laid.whole.prepare(QTransform(), font);
+            QStaticText& whole = laid.whole.emplace(text);
+            whole.setTextFormat(Qt::PlainText);
+            whole.prepare(QTransform(), font);
             // Aligned by its advance, as drawText aligns it: the static text's own width
             // also counts the ink of a last glyph that reaches past its advance ("V").
-            laid.size =
-                QSizeF(QFontMetricsF(font).horizontalAdvance(text), laid.whole.size().height());
+            laid.size = QSizeF(QFontMetricsF(font).horizontalAdvance(text), whole.size().height());
         }
         found = cache_.insert(text, laid);
     }
@@ -154,10 +152,10 @@ void CellText::paint(QPainter& painter, const QRect& rect, Qt::Alignment alignme
         painter.setClipRect(rect, Qt::IntersectClip);
     }
     const QPointF at(rect.x() + x, rect.y() + y);
-    if (layout->glyphs) {
-        painter.drawGlyphRun(at, layout->run);
+    if (layout->whole) {
+        painter.drawStaticText(at, *layout->whole);
     } else {
-        painter.drawStaticText(at, layout->whole);
+        painter.drawGlyphRun(at, layout->run);
     }
     if (clip) painter.restore();
 }

@@ -24,6 +24,7 @@
 #include <QRect>
 #include <QStaticText>
 #include <QString>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -53,11 +54,11 @@ public:
                const std::string& text) const;
 
 private:
-    // A text laid out: from its characters' glyphs, or else whole.
+    // A text laid out: from its characters' glyphs (run), or else whole (a static
+    // text allocates even when empty, so the others have none).
     struct Laid {
-        bool glyphs = false;
         QGlyphRun run;
-        QStaticText whole;
+        std::optional<QStaticText> whole;
         QSizeF size;
     };
 
