@@ -25,31 +25,40 @@ bool FileStamp::SameFileAs(const struct stat& info) const {
            size == static_cast<std::uint64_t>(info.st_size) && modifiedNs == ModifiedNs(info);
 }
 
+void ContentHasher::block(const char* bytes) {
+    for (std::size_t lane = 0; lane < kLanes; ++lane) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, bytes + lane * 8, sizeof word);
+        lanes_[lane] = Mix(lanes_[lane], word);
+    }
+}
+
 void ContentHasher::add(std::string_view bytes) {
-    std::size_t have = size_ % 8;
+    const std::size_t have = size_ % kBlock;
     size_ += bytes.size();
     if (have != 0) {
-        const std::size_t take = std::min(bytes.size(), 8 - have);
+        const std::size_t take = std::min(bytes.size(), kBlock - have);
         std::memcpy(pending_ + have, bytes.data(), take);
         bytes.remove_prefix(take);
-        if (have + take < 8) return;
-        std::uint64_t word = 0;
-        std::memcpy(&word, pending_, sizeof word);
-        hash_ = Mix(hash_, word);
+        if (have + take < kBlock) return;
+        block(pending_);
     }
-    for (; bytes.size() >= 8; bytes.remove_prefix(8)) {
-        std::uint64_t word = 0;
-        std::memcpy(&word, bytes.data(), sizeof word);
-        hash_ = Mix(hash_, word);
-    }
-    have = bytes.size();
-    if (have != 0) std::memcpy(pending_, bytes.data(), have);
+    for (; bytes.size() >= kBlock; bytes.remove_prefix(kBlock))
+        block(bytes.data());
+    if (!bytes.empty()) std::memcpy(pending_, bytes.data(), bytes.size());
 }
 
 std::uint64_t ContentHasher::finish() const {
-    std::uint64_t tail = 0;
-    std::memcpy(&tail, pending_, size_ % 8);
-    return Mix(Mix(hash_, tail), size_);
+    std::uint64_t hash = 0x243F6A8885A308D3ULL;
+    for (const std::uint64_t lane : lanes_)
+        hash = Mix(hash, lane);
+    const std::size_t have = size_ % kBlock;
+    for (std::size_t at = 0; at < have; at += 8) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, pending_ + at, std::min<std::size_t>(8, have - at));
+        hash = Mix(hash, word);
+    }
+    return Mix(hash, size_);
 }
 
 std::uint64_t ContentHash(std::string_view bytes) {

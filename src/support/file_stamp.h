@@ -4,6 +4,7 @@
 
 #include <sys/stat.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -24,16 +25,24 @@ struct FileStamp {
 
 // A 64-bit hash of bytes, to tell contents apart when size and time are equal (not a
 // cryptographic hash: it only has to notice another program's change). Fed in pieces,
-// so that a large file is hashed as it is read, without holding it.
+// so that a large file is hashed as it is read, without holding it. Consecutive words
+// go to four lanes hashed side by side, whose multiplications do not wait on each
+// other: a save hashes the old file and the new text, 50 MB each for a large document.
 class ContentHasher {
 public:
     void add(std::string_view bytes);
     std::uint64_t finish() const;
 
 private:
-    std::uint64_t hash_ = 0x243F6A8885A308D3ULL;
+    static constexpr std::size_t kLanes = 4;
+    static constexpr std::size_t kBlock = kLanes * 8;
+
+    void block(const char* bytes);
+
+    std::uint64_t lanes_[kLanes] = {0x243F6A8885A308D3ULL, 0x13198A2E03707344ULL,
+                                    0xA4093822299F31D0ULL, 0x082EFA98EC4E6C89ULL};
     std::uint64_t size_ = 0;
-    char pending_[8] = {};  // the bytes of a word not yet complete
+    char pending_[kBlock] = {};  // the bytes of a block not yet complete
 };
 
 std::uint64_t ContentHash(std::string_view bytes);
