@@ -14,8 +14,8 @@
 // kCacheSize of them, and painted pixel for pixel as QPainter::drawText paints them
 // (most from their characters' glyphs, see PlainLine), aligned by their advance as
 // drawText aligns them; other texts, and any text in an underlined, overlined or
-// struck-out font, are laid out on every paint. The cut form of a text for a width is kept too.
-// Both stores are emptied when full or when the font changes.
+// struck-out font, are laid out on every paint. The cut form of a text for a width is
+// kept too. Both stores are emptied when full or when the font changes.
 #pragma once
 
 #include <QFont>
