@@ -85,8 +85,9 @@ TEST(CellTextPainting, LooksAsDrawTextPaintsItInEveryFontAndAlignment) {
                                  std::to_string(alignment));
                     const QRect rect(3, 2, width, static_cast<int>(metrics.height()) + 5);
                     const QString shown = cells.shown(font, rect.width(), alignment, text);
-                    // drawText places a text wider than its rectangle its own way; the
-                    // only one shown is a single character, which elision leaves whole.
+                    // drawText places a text wider than its rectangle its own way; Qt's
+                    // elision can leave a cut form a little too wide (the kerning of the
+                    // character it removed).
                     if (metrics.horizontalAdvance(shown) > width) continue;
                     const QSize size(width + 6, rect.height() + 4);
                     QImage expected = Blank(size);
@@ -114,7 +115,8 @@ TEST(CellTextPainting, LooksAsDrawTextPaintsItInEveryFontAndAlignment) {
 }
 
 // A text that does not fit is cut where Qt elides it, in every width from none to
-// enough (right-aligned numbers keep their digits on top of that, elsewhere).
+// enough (right-aligned numbers keep their digits on top of that, elsewhere); a single
+// character, which Qt leaves whole, is cut to the ellipsis or to nothing.
 TEST(CellTextCutting, TextsAreCutWhereQtElidesThem) {
     CellText cells;
     for (const QFont& font : Fonts()) {
@@ -124,8 +126,13 @@ TEST(CellTextCutting, TextsAreCutWhereQtElidesThem) {
             const QString whole = QString::fromStdString(text);
             const int natural = static_cast<int>(metrics.horizontalAdvance(whole));
             for (int width = 0; width <= natural + 1; ++width) {
-                ASSERT_EQ(cells.shown(font, width, Qt::AlignLeft, text),
-                          metrics.elidedText(whole, Qt::ElideRight, width))
+                QString expected = metrics.elidedText(whole, Qt::ElideRight, width);
+                if (expected == whole && metrics.horizontalAdvance(whole) > width) {
+                    expected = metrics.horizontalAdvance(QChar(0x2026)) <= width
+                                   ? QString(QChar(0x2026))
+                                   : QString();
+                }
+                ASSERT_EQ(cells.shown(font, width, Qt::AlignLeft, text), expected)
                     << text << " in " << width << " px";
             }
         }

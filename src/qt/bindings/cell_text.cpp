@@ -92,6 +92,12 @@ const QString& CellText::cut(const QFont& font, int available, bool right,
     const std::optional<QString> elided = plain_.elidedRight(font, whole, available);
     QString shownText =
         elided ? *elided : metrics.elidedText(whole, Qt::ElideRight, available, Qt::TextSingleLine);
+    // Qt leaves a single character whole, however narrow the room: it is cut as any
+    // other text, to the ellipsis alone, or to nothing when not even that fits.
+    if (shownText == whole) {
+        shownText =
+            metrics.horizontalAdvance(kEllipsis) <= available ? QString(kEllipsis) : QString();
+    }
     const std::size_t number = NumericPrefixLength(text);
     if (right && number > 0) {
         // What is kept of the text before the ellipsis (a font without the ellipsis
