@@ -22,6 +22,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -279,12 +280,13 @@ bool RefreshCells(ControlCore& core, std::int16_t c, std::span<const xml::Node> 
     DocumentModel& doc = core.doc;
     FlexGrid& grid = core.form.msgGridView;
     if (doc.displayPassFaulted || c < 1 || c > doc.arrCellNodes.upperBound2()) return false;
+    // A set: an undone paste may bring back thousands of cells of a long column.
+    const std::unordered_set<xml::Node, xml::Node::Hash> changed(elements.begin(), elements.end());
     // Rows in order, so that a failing cell is the one the refill would fail at first.
     std::vector<std::pair<int, int>> cells;
     for (int r = 1; r < grid.rows() && r <= doc.arrCellNodes.upperBound1(); ++r) {
         const xml::Node shown = doc.arrCellNodes.at(r, c);
-        if (shown && std::find(elements.begin(), elements.end(), shown) != elements.end())
-            cells.emplace_back(r, c);
+        if (shown && changed.contains(shown)) cells.emplace_back(r, c);
     }
     const ScopedValue<bool> quiet(doc.blnGridLoaded, false);
     try {
