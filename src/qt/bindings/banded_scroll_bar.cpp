@@ -7,6 +7,7 @@
 #include <QStyleOptionSlider>
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 namespace tabulon {
 
@@ -31,29 +32,30 @@ BandedScrollBar::Key BandedScrollBar::keyOf(const QStyleOptionSlider& option, qr
 
 void BandedScrollBar::paintInBands(QImage& image, const QStyleOptionSlider& option, int top,
                                    int bottom, const QColor* ground) const {
-    const qreal ratio = image.devicePixelRatio();
-    const int rows = kBandPixels / static_cast<int>(ratio);
+    const int ratio = static_cast<int>(image.devicePixelRatio());
+    const int rows = kBandPixels / ratio;
     top = std::max(top, 0);
     bottom = std::min(bottom, option.rect.height());
-    QPainter imagePainter(&image);
-    imagePainter.setCompositionMode(QPainter::CompositionMode_Source);
+    QImage band(QSize(option.rect.width(), rows) * ratio, QImage::Format_ARGB32_Premultiplied);
+    band.setDevicePixelRatio(ratio);
+    const auto bytes = static_cast<std::size_t>(image.bytesPerLine());
     for (int at = top; at < bottom; at += rows) {
-        const QRect part(0, at, option.rect.width(), rows);
-        QImage band(part.size() * ratio, QImage::Format_ARGB32_Premultiplied);
-        band.setDevicePixelRatio(ratio);
+        // Device rows of the image this band covers (the last band may reach past it).
+        const int first = at * ratio;
+        const int count = std::min(rows, bottom - at) * ratio;
         if (ground != nullptr) {
             band.fill(*ground);
         } else {
-            QPainter copy(&band);
-            copy.setCompositionMode(QPainter::CompositionMode_Source);
-            copy.drawImage(QPoint(0, 0), image, QRectF(QPointF(0, at * ratio), band.size()));
+            for (int row = 0; row < count; ++row)
+                std::memcpy(band.scanLine(row), image.constScanLine(first + row), bytes);
         }
         {
             QPainter bandPainter(&band);
             bandPainter.translate(0, -at);
             style()->drawComplexControl(QStyle::CC_ScrollBar, &option, &bandPainter, this);
         }
-        imagePainter.drawImage(part.topLeft(), band);
+        for (int row = 0; row < count; ++row)
+            std::memcpy(image.scanLine(first + row), band.constScanLine(row), bytes);
     }
 }
 
@@ -72,8 +74,11 @@ const QImage& BandedScrollBar::look(std::vector<Look>& looks, const Key& key,
 
 QImage BandedScrollBar::paintLook(const QStyleOptionSlider& option, qreal ratio,
                                   const QColor& ground) {
-    QImage image(option.rect.size() * ratio, QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(ratio);
+    const auto blank = [&option, ratio] {
+        QImage image(option.rect.size() * ratio, QImage::Format_ARGB32_Premultiplied);
+        image.setDevicePixelRatio(ratio);
+        return image;
+    };
     const auto part = [&](QStyle::SubControl control) {
         return style()->subControlRect(QStyle::CC_ScrollBar, &option, control, this);
     };
@@ -85,6 +90,7 @@ QImage BandedScrollBar::paintLook(const QStyleOptionSlider& option, qreal ratio,
     // from the arrows it may be painted over a groove painted without it.
     if (thumb.isEmpty() || reach.intersects(part(QStyle::SC_ScrollBarAddLine)) ||
         reach.intersects(part(QStyle::SC_ScrollBarSubLine))) {
+        QImage image = blank();
         paintInBands(image, option, 0, option.rect.height(), &ground);
         return image;
     }
@@ -101,9 +107,8 @@ QImage BandedScrollBar::paintLook(const QStyleOptionSlider& option, qreal ratio,
     grooveKey.pageStep = grooveKey.singleStep = 0;
     grooveKey.position = end(option.sliderPosition);
     grooveKey.value = end(option.sliderValue);
-    image = look(grooves_, grooveKey, [&] {
-        QImage whole(option.rect.size() * ratio, QImage::Format_ARGB32_Premultiplied);
-        whole.setDevicePixelRatio(ratio);
+    QImage image = look(grooves_, grooveKey, [&] {
+        QImage whole = blank();
         paintInBands(whole, groove, 0, option.rect.height(), &ground);
         return whole;
     });
