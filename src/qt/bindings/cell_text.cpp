@@ -12,7 +12,7 @@ namespace tabulon {
 
 namespace {
 
-constexpr QChar kEllipsis(0x2026);
+constexpr QChar kEllipsis(PlainLine::kEllipsis);
 
 // Printable ASCII, and the ellipsis a cut text ends with: nothing whose direction,
 // tabs or line breaks could change how it is laid out.

@@ -23,8 +23,6 @@ QList<QGlyphRun> Shape(const QFont& font, const QString& text) {
     return layout.glyphRuns();
 }
 
-constexpr char16_t kEllipsis = 0x2026;
-
 }  // namespace
 
 int PlainLine::Slot(char16_t c) {

@@ -29,6 +29,9 @@ namespace tabulon {
 
 class PlainLine {
 public:
+    // What a cut text ends with.
+    static constexpr char16_t kEllipsis = 0x2026;
+
     struct Line {
         QGlyphRun run;  // drawn at the top left of where the text goes
         QSizeF size;
