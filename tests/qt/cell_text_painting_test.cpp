@@ -43,6 +43,27 @@ QImage Blank(QSize size) {
     return image;
 }
 
+// cells paints text into rect as drawText paints shown there.
+void ExpectDrawnAsDrawText(const CellText& cells, const QFont& font, const QRect& rect,
+                           Qt::Alignment alignment, const std::string& text, const QString& shown) {
+    const QSize size(rect.right() + 4, rect.bottom() + 4);
+    QImage expected = Blank(size);
+    QImage painted = Blank(size);
+    {
+        QPainter painter(&expected);
+        painter.setFont(font);
+        painter.setPen(Qt::darkBlue);
+        painter.drawText(rect, static_cast<int>(alignment) | Qt::TextSingleLine, shown);
+    }
+    {
+        QPainter painter(&painted);
+        painter.setFont(font);
+        painter.setPen(Qt::darkBlue);
+        cells.paint(painter, rect, alignment, text);
+    }
+    ASSERT_EQ(painted, expected);
+}
+
 std::vector<QFont> Fonts() {
     QFont bold = QApplication::font();
     bold.setBold(true);
@@ -89,29 +110,34 @@ TEST(CellTextPainting, LooksAsDrawTextPaintsItInEveryFontAndAlignment) {
                     // elision can leave a cut form a little too wide (the kerning of the
                     // character it removed).
                     if (metrics.horizontalAdvance(shown) > width) continue;
-                    const QSize size(width + 6, rect.height() + 4);
-                    QImage expected = Blank(size);
-                    QImage painted = Blank(size);
-                    {
-                        QPainter painter(&expected);
-                        painter.setFont(font);
-                        painter.setPen(Qt::darkBlue);
-                        painter.drawText(rect, static_cast<int>(alignment) | Qt::TextSingleLine,
-                                         shown);
-                    }
-                    {
-                        QPainter painter(&painted);
-                        painter.setFont(font);
-                        painter.setPen(Qt::darkBlue);
-                        cells.paint(painter, rect, alignment, text);
-                    }
-                    ASSERT_EQ(painted, expected);
+                    ASSERT_NO_FATAL_FAILURE(
+                        ExpectDrawnAsDrawText(cells, font, rect, alignment, text, shown));
                 }
             }
         }
     }
     // The fonts here do kern some of these texts: the kerned ones were compared too.
     EXPECT_GT(kerned, 0);
+}
+
+// The grid keeps what it laid out up to a bound and then starts afresh, as a person
+// goes through node after node of new values: a text met again, before and after
+// that, still looks as drawText paints it.
+TEST(CellTextPainting, TextsMetAgainAfterThousandsOfOthersLookTheSame) {
+    CellText cells;
+    const QFont font = QApplication::font();
+    const QRect rect(2, 1, 160, static_cast<int>(QFontMetricsF(font).height()) + 2);
+    const int count = static_cast<int>(CellText::kCacheSize) * 5 / 2;
+    for (int i = 0; i < count; ++i) {
+        for (const int shownAgain : {i, i * 7 / 8, i % 31}) {
+            const std::string text = "AHU-" + std::to_string(shownAgain * 37) + ".5 (cfm)";
+            SCOPED_TRACE(text + " after " + std::to_string(i) + " others");
+            ASSERT_EQ(cells.shown(font, rect.width(), Qt::AlignRight, text),
+                      QString::fromStdString(text));
+            ASSERT_NO_FATAL_FAILURE(ExpectDrawnAsDrawText(cells, font, rect, Qt::AlignRight, text,
+                                                          QString::fromStdString(text)));
+        }
+    }
 }
 
 // A text that does not fit is cut where Qt elides it, in every width from none to

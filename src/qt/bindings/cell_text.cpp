@@ -30,9 +30,16 @@ bool PlainAscii(const std::string& text) {
 
 void CellText::useFont(const QFont& font) const {
     if (font == cacheFont_) return;
-    cache_.clear();
+    clearLaid();
     cuts_.clear();
     cacheFont_ = font;
+    glyphFontSet_ = false;
+}
+
+void CellText::clearLaid() const {
+    cache_.clear();
+    glyphIndexes_.clear();
+    glyphPositions_.clear();
 }
 
 const CellText::Laid* CellText::laidOut(const QFont& font, const QString& text) const {
@@ -41,11 +48,15 @@ const CellText::Laid* CellText::laidOut(const QFont& font, const QString& text) 
     useFont(font);
     auto found = cache_.find(text);
     if (found == cache_.end()) {
-        if (cache_.size() >= kCacheSize) cache_.clear();
+        if (cache_.size() >= kCacheSize) clearLaid();
         Laid laid;
-        if (std::optional<PlainLine::Line> line = plain_.layOut(font, text)) {
-            laid.run = std::move(line->run);
-            laid.size = line->size;
+        laid.first = glyphIndexes_.size();
+        if (const std::optional<QSizeF> size =
+                plain_.layOut(font, text, {glyphIndexes_, glyphPositions_})) {
+            laid.count = static_cast<int>(glyphIndexes_.size() - laid.first);
+            laid.size = *size;
+            if (!glyphFontSet_) glyphRun_.setRawFont(plain_.rawFont());
+            glyphFontSet_ = true;
         } else {
             QStaticText& whole = laid.whole.emplace(text);
             whole.setTextFormat(Qt::PlainText);
@@ -161,7 +172,9 @@ void CellText::paint(QPainter& painter, const QRect& rect, Qt::Alignment alignme
     if (layout->whole) {
         painter.drawStaticText(at, *layout->whole);
     } else {
-        painter.drawGlyphRun(at, layout->run);
+        glyphRun_.setRawData(glyphIndexes_.data() + layout->first,
+                             glyphPositions_.data() + layout->first, layout->count);
+        painter.drawGlyphRun(at, glyphRun_);
     }
     if (clip) painter.restore();
 }

@@ -27,6 +27,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "qt/bindings/plain_line.h"
 
@@ -54,16 +55,20 @@ public:
                const std::string& text) const;
 
 private:
-    // A text laid out: from its characters' glyphs (run), or else whole (a static
-    // text allocates even when empty, so the others have none).
+    // A text laid out: from its characters' glyphs (count of them from first in the
+    // glyph arrays), or else whole (a static text allocates even when empty, so the
+    // others have none).
     struct Laid {
-        QGlyphRun run;
+        std::size_t first = 0;
+        int count = 0;
         std::optional<QStaticText> whole;
         QSizeF size;
     };
 
     // Empties the stores when the font is not the one they were made with.
     void useFont(const QFont& font) const;
+    // Empties the store of laid-out texts and their glyphs.
+    void clearLaid() const;
     // The laid-out form of a plain ASCII text in font; null for other texts.
     const Laid* laidOut(const QFont& font, const std::string& text) const;
     // The laid-out form of a text known to be simple.
@@ -72,6 +77,13 @@ private:
     const QString& cut(const QFont& font, int available, bool right, const std::string& text) const;
 
     mutable QHash<QString, Laid> cache_;
+    // The glyphs of every text in cache_ laid out from its characters, one after the
+    // other (a glyph run each would be several allocations a text), and the run that
+    // draws them in the cache's font.
+    mutable std::vector<quint32> glyphIndexes_;
+    mutable std::vector<QPointF> glyphPositions_;
+    mutable QGlyphRun glyphRun_;
+    mutable bool glyphFontSet_ = false;
     mutable PlainLine plain_;
     mutable QHash<std::pair<QString, int>, QString> cuts_;
     mutable QFont cacheFont_;

@@ -94,19 +94,19 @@ const PlainLine::Pair& PlainLine::pair(char16_t first, char16_t second) {
     return entry;
 }
 
-bool PlainLine::place(const QFont& font, QStringView text, QList<qreal>& edges) {
+bool PlainLine::place(const QFont& font, QStringView text) {
     if (text.isEmpty() || text.front() == u' ' || text.back() == u' ') return false;
     for (const QChar c : text) {
         if (Slot(c.unicode()) < 0) return false;
     }
     useFont(font);
     if (!usable_ || !glyph(text.front().unicode()).plain) return false;
+    std::vector<qreal>& edges = edges_;
     edges.clear();
-    edges.reserve(text.size() + 1);
     qreal x = 0;
     for (qsizetype i = 0; i < text.size(); ++i) {
         const char16_t c = text[i].unicode();
-        edges.append(x);
+        edges.push_back(x);
         x += glyphs_[static_cast<std::size_t>(Slot(c))].advance;
         if (i + 1 < text.size()) {
             const Pair& next = pair(c, text[i + 1].unicode());
@@ -114,32 +114,23 @@ bool PlainLine::place(const QFont& font, QStringView text, QList<qreal>& edges) 
             x += next.kerning;
         }
     }
-    edges.append(x);
+    edges.push_back(x);
     return true;
 }
 
-std::optional<PlainLine::Line> PlainLine::layOut(const QFont& font, QStringView text) {
-    QList<qreal> edges;
-    if (!place(font, text, edges)) return std::nullopt;
-    QList<quint32> indexes;
-    QList<QPointF> positions;
-    indexes.reserve(text.size());
-    positions.reserve(text.size());
+std::optional<QSizeF> PlainLine::layOut(const QFont& font, QStringView text, Glyphs glyphs) {
+    if (!place(font, text)) return std::nullopt;
     for (qsizetype i = 0; i < text.size(); ++i) {
-        indexes.append(glyphs_[static_cast<std::size_t>(Slot(text[i].unicode()))].index);
-        positions.append(QPointF(edges[i], baseline_));
+        const auto at = static_cast<std::size_t>(i);
+        glyphs.indexes.push_back(glyphs_[static_cast<std::size_t>(Slot(text[i].unicode()))].index);
+        glyphs.positions.emplace_back(edges_[at], baseline_);
     }
-    Line line;
-    line.run.setRawFont(raw_);
-    line.run.setGlyphIndexes(indexes);
-    line.run.setPositions(positions);
-    line.size = QSizeF(edges.back(), height_);
-    return line;
+    return QSizeF(edges_.back(), height_);
 }
 
 std::optional<QString> PlainLine::elidedRight(const QFont& font, QStringView text, qreal width) {
-    QList<qreal> edges;
-    if (!place(font, text, edges)) return std::nullopt;
+    if (!place(font, text)) return std::nullopt;
+    const std::vector<qreal>& edges = edges_;
     const Glyph& ellipsis = glyph(kEllipsis);
     if (!ellipsis.plain) return std::nullopt;
     // As QFontMetricsF::elidedText cuts: nothing when it fits or is one character;
@@ -148,7 +139,7 @@ std::optional<QString> PlainLine::elidedRight(const QFont& font, QStringView tex
     const qreal room = width - ellipsis.advance;
     if (room < 0) return QString();
     qsizetype kept = 0;
-    while (kept + 1 < text.size() && edges[kept + 1] < room)
+    while (kept + 1 < text.size() && edges[static_cast<std::size_t>(kept) + 1] < room)
         ++kept;
     return text.first(kept).toString() + QChar(kEllipsis);
 }

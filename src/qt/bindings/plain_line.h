@@ -15,8 +15,8 @@
 #pragma once
 
 #include <QFont>
-#include <QGlyphRun>
-#include <QList>
+#include <QPointF>
+#include <QRawFont>
 #include <QSizeF>
 #include <QString>
 #include <QStringView>
@@ -24,6 +24,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 namespace tabulon {
 
@@ -32,13 +33,19 @@ public:
     // What a cut text ends with.
     static constexpr char16_t kEllipsis = 0x2026;
 
-    struct Line {
-        QGlyphRun run;  // drawn at the top left of where the text goes
-        QSizeF size;
+    // Where a text's glyphs go: appended to the caller's arrays, positioned from the
+    // top left of where the text goes, to be drawn with rawFont() (a glyph run over the
+    // arrays, QGlyphRun::setRawData, allocates nothing per text).
+    struct Glyphs {
+        std::vector<quint32>& indexes;
+        std::vector<QPointF>& positions;
     };
 
-    // text laid out in font, or nothing when it is not a text this can lay out.
-    std::optional<Line> layOut(const QFont& font, QStringView text);
+    // text laid out in font into glyphs, its size returned; nothing (and nothing
+    // appended) when it is not a text this can lay out.
+    std::optional<QSizeF> layOut(const QFont& font, QStringView text, Glyphs glyphs);
+    // The face of the glyphs the last layOut gave.
+    const QRawFont& rawFont() const { return raw_; }
     // What QFontMetricsF(font).elidedText(text, Qt::ElideRight, width) gives, or nothing
     // when text is not one this can lay out.
     std::optional<QString> elidedRight(const QFont& font, QStringView text, qreal width);
@@ -60,9 +67,9 @@ private:
     };
 
     void useFont(const QFont& font);
-    // The left edge of each glyph of text and, last, the line's width; false when text
-    // is not one this can lay out.
-    bool place(const QFont& font, QStringView text, QList<qreal>& edges);
+    // The left edge of each glyph of text and, last, the line's width, into edges_;
+    // false when text is not one this can lay out.
+    bool place(const QFont& font, QStringView text);
     const Glyph& glyph(char16_t c);
     const Pair& pair(char16_t first, char16_t second);
 
@@ -74,6 +81,7 @@ private:
     qreal height_ = 0;
     std::array<Glyph, kSlots> glyphs_{};
     std::array<Pair, kSlots * kSlots> pairs_{};
+    std::vector<qreal> edges_;  // place()'s answer, kept to spare an allocation a text
 };
 
 }  // namespace tabulon
