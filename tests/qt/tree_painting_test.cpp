@@ -140,14 +140,18 @@ TEST(TreePainting, RowsLookAsTheStylePaintsThemInEveryState) {
         view.setItemDelegate(style);
         const QImage expected = view.grab().toImage();
         view.setItemDelegate(tree);
-        const QImage painted = view.grab().toImage();
-        ASSERT_EQ(painted.size(), expected.size());
-        int differing = 0;
-        for (int y = 0; y < painted.height(); ++y) {
-            for (int x = 0; x < painted.width(); ++x)
-                differing += painted.pixel(x, y) != expected.pixel(x, y) ? 1 : 0;
+        // Painted again, as a pane is: the second and third time from kept pixels.
+        for (const char* time : {"first", "second", "third"}) {
+            SCOPED_TRACE(std::string(time) + " painting");
+            const QImage painted = view.grab().toImage();
+            ASSERT_EQ(painted.size(), expected.size());
+            int differing = 0;
+            for (int y = 0; y < painted.height(); ++y) {
+                for (int x = 0; x < painted.width(); ++x)
+                    differing += painted.pixel(x, y) != expected.pixel(x, y) ? 1 : 0;
+            }
+            EXPECT_EQ(differing, 0);
         }
-        EXPECT_EQ(differing, 0);
     }
     // The narrow states did elide: the long name is wider than the pane.
     EXPECT_GT(QFontMetrics(view.font()).horizontalAdvance(floor.data().toString()), 130);

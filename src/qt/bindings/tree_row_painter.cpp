@@ -11,6 +11,7 @@ namespace tabulon {
 namespace {
 
 constexpr qsizetype kMostLayouts = 512;
+constexpr std::size_t kMostKeptBytes = std::size_t{8} << 20;
 
 const QStyle& StyleOf(const QStyleOptionViewItem& item) {
     return item.widget != nullptr ? *item.widget->style() : *QApplication::style();
@@ -60,9 +61,16 @@ bool TreeRowPainter::Fits(const Layout& layout, const QStyleOptionViewItem& item
 
 const TreeRowPainter::Layout& TreeRowPainter::layoutFor(const QStyleOptionViewItem& item,
                                                         int width) {
+    if (keptBytes_ > kMostKeptBytes) {
+        layouts_.clear();
+        keptBytes_ = 0;
+    }
     const auto found = layouts_.constFind(item.text);
     if (found != layouts_.constEnd() && Fits(*found, item, width)) return *found;
-    if (layouts_.size() >= kMostLayouts) layouts_.clear();
+    if (layouts_.size() >= kMostLayouts) {
+        layouts_.clear();
+        keptBytes_ = 0;
+    }
 
     Layout entry;
     entry.font = item.font;
@@ -89,6 +97,7 @@ const TreeRowPainter::Layout& TreeRowPainter::layoutFor(const QStyleOptionViewIt
     line.setTextOption(option);
     LayOut(line, width);
     entry.runs = line.glyphRuns();
+    entry.stamp = TextStamp(entry.runs);
     return *layouts_.insert(item.text, entry);
 }
 
@@ -109,8 +118,7 @@ void TreeRowPainter::drawText(QPainter* painter, const QStyleOptionViewItem& ite
     const Layout& layout = layoutFor(item, rect.width());
     const QRect placed =
         QStyle::alignedRect(Qt::LayoutDirectionAuto, item.displayAlignment, layout.bounds, rect);
-    for (const QGlyphRun& run : layout.runs)
-        painter->drawGlyphRun(QPointF(rect.x(), placed.top()), run);
+    keptBytes_ += layout.stamp.draw(*painter, QPointF(rect.x(), placed.top()), layout.runs);
 }
 
 QRect TreeRowPainter::paint(QPainter* painter, const QStyleOptionViewItem& item) {

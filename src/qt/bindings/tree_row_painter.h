@@ -18,6 +18,9 @@
 #include <QSize>
 #include <QStyleOptionViewItem>
 #include <QTextLayout>
+#include <cstddef>
+
+#include "qt/bindings/text_stamp.h"
 
 class QPainter;
 class QStyle;
@@ -44,6 +47,7 @@ private:
         // run again), the height the style centres, the natural width of the whole
         // text and its advance.
         QList<QGlyphRun> runs;
+        mutable TextStamp stamp;  // the runs drawn again as pixels
         QSize bounds;
         qreal natural = 0;
         bool elided = false;
@@ -56,8 +60,10 @@ private:
     void drawText(QPainter* painter, const QStyleOptionViewItem& item, const QStyle& style,
                   const QRect& textRect);
 
-    // By text; a few screens of rows at most, cleared when it grows beyond that.
+    // By text; a few screens of rows at most, cleared when it grows beyond that or
+    // keeps more pixels than a few screens of rows.
     QHash<QString, Layout> layouts_;
+    std::size_t keptBytes_ = 0;
 };
 
 }  // namespace tabulon
