@@ -95,7 +95,7 @@ TEST(TextStamp, TextDrawnFromKeptPixelsLooksAsItsGlyphsDrawn) {
     // Pixels kept for each case (drawn twice), offered to every other case.
     int differing = 0;
     for (std::size_t kept = 0; kept < cases.size(); ++kept) {
-        TextStamp stamp(runs);
+        TextStamp stamp;
         for (int time = 0; time < 3; ++time) {
             if (!drawn(stamp, kept)) {
                 ADD_FAILURE() << cases[kept].name() << ", drawn " << time + 1 << " times";

@@ -110,15 +110,17 @@ bool Unclipped(QPainter& painter, const QRect& area) {
 
 }  // namespace
 
-TextStamp::TextStamp(const QList<QGlyphRun>& runs) {
+QRectF TextStamp::Ink(const QList<QGlyphRun>& runs) {
+    QRectF ink;
     for (const QGlyphRun& run : runs) {
         const QRawFont font = run.rawFont();
         const QList<quint32> glyphs = run.glyphIndexes();
         const QList<QPointF> positions = run.positions();
         for (qsizetype i = 0; i < glyphs.size() && i < positions.size(); ++i)
-            ink_ |= font.boundingRect(glyphs[i]).translated(positions[i]);
+            ink |= font.boundingRect(glyphs[i]).translated(positions[i]);
     }
-    if (!ink_.isEmpty()) ink_.adjust(-kMargin, -kMargin, kMargin, kMargin);
+    if (!ink.isEmpty()) ink.adjust(-kMargin, -kMargin, kMargin, kMargin);
+    return ink;
 }
 
 std::size_t TextStamp::draw(QPainter& painter, QPointF at, const QList<QGlyphRun>& runs) {
@@ -128,7 +130,8 @@ std::size_t TextStamp::draw(QPainter& painter, QPointF at, const QList<QGlyphRun
         DrawRuns(painter, at, runs);
         return 0;
     }
-    const std::optional<Target> target = ink_.isEmpty() ? std::nullopt : PlainTarget(painter);
+    if (!ink_) ink_ = Ink(runs);
+    const std::optional<Target> target = ink_->isEmpty() ? std::nullopt : PlainTarget(painter);
     const std::optional<QRect> clip =
         target ? ClipRect(painter, *target->image, target->offset) : std::nullopt;
     if (!clip) {
@@ -141,7 +144,7 @@ std::size_t TextStamp::draw(QPainter& painter, QPointF at, const QList<QGlyphRun
     const QPointF placed = at + target->offset;
     const QPoint origin(static_cast<int>(std::floor(placed.x())),
                         static_cast<int>(std::floor(placed.y())));
-    const QRect reach = ink_.translated(placed).toAlignedRect();
+    const QRect reach = ink_->translated(placed).toAlignedRect();
     const QRect area = reach & *clip;
     const std::optional<QRgb> ground = area.isEmpty() ? std::nullopt : Ground(image, area);
     if (!ground) {

@@ -19,6 +19,7 @@
 #include <QPointF>
 #include <QRectF>
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 class QPainter;
@@ -27,11 +28,8 @@ namespace tabulon {
 
 class TextStamp {
 public:
-    TextStamp() = default;
-    explicit TextStamp(const QList<QGlyphRun>& runs);
-
-    // Draws runs (those given to the constructor) at at, as QPainter::drawGlyphRun
-    // does; returns the bytes of pixels it kept doing so (0 mostly).
+    // Draws runs (the same ones each time) at at, as QPainter::drawGlyphRun does;
+    // returns the bytes of pixels it kept doing so (0 mostly).
     std::size_t draw(QPainter& painter, QPointF at, const QList<QGlyphRun>& runs);
 
 private:
@@ -45,7 +43,10 @@ private:
         QImage pixels;
     };
 
-    QRectF ink_;  // every pixel the glyphs may reach, from where they are drawn
+    // Every pixel the glyphs may reach, from where they are drawn.
+    static QRectF Ink(const QList<QGlyphRun>& runs);
+
+    std::optional<QRectF> ink_;  // known from the second drawing on
     bool drawnBefore_ = false;
     std::vector<Kept> kept_;
 };

@@ -97,7 +97,6 @@ const TreeRowPainter::Layout& TreeRowPainter::layoutFor(const QStyleOptionViewIt
     line.setTextOption(option);
     LayOut(line, width);
     entry.runs = line.glyphRuns();
-    entry.stamp = TextStamp(entry.runs);
     return *layouts_.insert(item.text, entry);
 }
 
