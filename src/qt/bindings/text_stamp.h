@@ -7,10 +7,10 @@
 // A copy is used only where it gives the same pixels as the glyphs: the painter
 // paints straight into an image of 32-bit pixels (a widget's backing store, a grab),
 // moved by whole pixels, one device pixel per pixel, SourceOver at full opacity, with
-// a solid pen; and every pixel the text's ink may reach is one opaque colour, which
-// the copy was drawn on at the same fraction of a pixel. Pixels are kept from the
-// second drawing of a text on: a text drawn once (the next screen of a long tree)
-// costs nothing more: it is not looked at.
+// a solid pen and a clip of at most one rectangle; and every pixel the text's ink may
+// reach is one opaque colour, which the copy was drawn on at the same fraction of a
+// pixel, in the same pen and clip. Pixels are kept from the second drawing of a text
+// on; a text drawn once (the next screen of a long tree) is not looked at.
 #pragma once
 
 #include <QGlyphRun>
@@ -39,7 +39,7 @@ private:
         QPointF phase;  // the fractions of a pixel the text was drawn at
         QRect area;     // the pixels kept, from the whole pixel it was drawn at
         QImage::Format format = QImage::Format_Invalid;
-        int hints = 0;
+        int hints = 0;  // the painter's render hints, and whether it paints a widget
         QImage pixels;
     };
 
