@@ -1,6 +1,7 @@
 #include "view/cell_problems.h"
 
 #include <algorithm>
+#include <functional>
 #include <unordered_set>
 
 #include "document/validation_scan.h"
@@ -22,7 +23,7 @@ bool IsValid(const xml::Node& cellValue) {
 
 // Puts the key's count on every tree node that shows it.
 void MarkNodes(ControlCore& core, const std::string& key) {
-    core.form.treTreeView.setProblemCounts(core.problems.nodesFor(key),
+    core.form.treTreeView.setProblemCounts(core.problems.nodesFor(key, core.doc.udtTreeNodes),
                                            core.problems.countFor(key));
 }
 
@@ -45,7 +46,7 @@ void CellProblems::clear() {
 
 void CellProblems::clearCounts() {
     counts_.clear();
-    nodesByKey_.clear();
+    nodes_.clear();
     total_ = 0;
 }
 
@@ -62,14 +63,24 @@ void CellProblems::addToCount(const std::string& key, int delta) {
     total_ += delta;
 }
 
-const std::vector<int>& CellProblems::nodesFor(const std::string& key) const {
-    static const std::vector<int> kNone;
-    const auto found = nodesByKey_.find(key);
-    return found == nodesByKey_.end() ? kNone : found->second;
+std::vector<int> CellProblems::nodesFor(std::string_view key, const TreeRecords& records) const {
+    const std::size_t hash = std::hash<std::string_view>{}(key);
+    std::vector<int> nodes;
+    for (auto at = std::lower_bound(nodes_.begin(), nodes_.end(), KeyedNode{hash, 0});
+         at != nodes_.end() && at->hash == hash; ++at) {
+        const auto record = static_cast<std::size_t>(at->node - 1);
+        if (record < records.size() && records.text(record, TreeField::GridValueKey) == key)
+            nodes.push_back(at->node);
+    }
+    return nodes;
 }
 
-void CellProblems::addNode(const std::string& key, int index) {
-    nodesByKey_[key].push_back(index);
+void CellProblems::addNode(std::string_view key, int index) {
+    nodes_.push_back({std::hash<std::string_view>{}(key), index});
+}
+
+void CellProblems::sortNodes() {
+    std::sort(nodes_.begin(), nodes_.end());
 }
 
 void ClearProblems(ControlCore& core) {
@@ -102,6 +113,7 @@ void CountProblems(ControlCore& core) {
         problems.addNode(key, n);
         tree.setProblemCount(n, problems.countFor(key));
     }
+    problems.sortNodes();
     problems.changed();
 }
 

@@ -29,7 +29,7 @@ std::string KeyOf(const xml::Node& cellValues) {
 }
 
 Viewer ViewerOf(ControlCore& core, const std::string& key) {
-    const std::vector<int>& nodes = core.problems.nodesFor(key);
+    const std::vector<int> nodes = core.problems.nodesFor(key, core.doc.udtTreeNodes);
     if (nodes.empty()) return {};
     const int selected = core.form.treTreeView.selectedIndex();
     const bool onScreen = std::find(nodes.begin(), nodes.end(), selected) != nodes.end();
