@@ -4,7 +4,6 @@
 #include <QPainter>
 #include <QRawFont>
 #include <QRegion>
-#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <optional>
@@ -60,37 +59,37 @@ const QRgb* Line(const QImage& image, int y) {
     return reinterpret_cast<const QRgb*>(image.constScanLine(y));
 }
 
-// The one opaque colour of every pixel of area.
-std::optional<QRgb> Ground(const QImage& image, const QRect& area) {
-    const QRgb ground = Line(image, area.top())[area.left()];
-    if (qAlpha(ground) != 255) return std::nullopt;
+// Whether every pixel of area is ground.
+bool AllGround(const QImage& image, const QRect& area, QRgb ground) {
     // Each line compared with a line of the ground, as memory (the fastest compare).
     thread_local std::vector<QRgb> plain;
     plain.assign(static_cast<std::size_t>(area.width()), ground);
     const std::size_t bytes = plain.size() * sizeof(QRgb);
     for (int y = area.top(); y <= area.bottom(); ++y) {
-        if (std::memcmp(Line(image, y) + area.left(), plain.data(), bytes) != 0)
-            return std::nullopt;
+        if (std::memcmp(Line(image, y) + area.left(), plain.data(), bytes) != 0) return false;
     }
+    return true;
+}
+
+// The one opaque colour of every pixel of area.
+std::optional<QRgb> Ground(const QImage& image, const QRect& area) {
+    const QRgb ground = Line(image, area.top())[area.left()];
+    if (qAlpha(ground) != 255 || !AllGround(image, area, ground)) return std::nullopt;
     return ground;
 }
 
 // Whether the pixels along the sides of area marked in sides are all ground.
 bool SidesAreGround(const QImage& image, const QRect& area, QRgb ground, Qt::Edges sides) {
-    const auto row = [&](int y) {
-        const QRgb* line = Line(image, y) + area.left();
-        return std::all_of(line, line + area.width(), [ground](QRgb p) { return p == ground; });
-    };
-    const auto column = [&](int x) {
-        for (int y = area.top(); y <= area.bottom(); ++y) {
-            if (Line(image, y)[x] != ground) return false;
-        }
-        return true;
-    };
-    return (!sides.testFlag(Qt::TopEdge) || row(area.top())) &&
-           (!sides.testFlag(Qt::BottomEdge) || row(area.bottom())) &&
-           (!sides.testFlag(Qt::LeftEdge) || column(area.left())) &&
-           (!sides.testFlag(Qt::RightEdge) || column(area.right()));
+    const int width = area.width();
+    const int height = area.height();
+    return (!sides.testFlag(Qt::TopEdge) ||
+            AllGround(image, QRect(area.left(), area.top(), width, 1), ground)) &&
+           (!sides.testFlag(Qt::BottomEdge) ||
+            AllGround(image, QRect(area.left(), area.bottom(), width, 1), ground)) &&
+           (!sides.testFlag(Qt::LeftEdge) ||
+            AllGround(image, QRect(area.left(), area.top(), 1, height), ground)) &&
+           (!sides.testFlag(Qt::RightEdge) ||
+            AllGround(image, QRect(area.right(), area.top(), 1, height), ground));
 }
 
 // The painter's clip in device pixels: the image when it has none; nothing when it is
