@@ -61,16 +61,9 @@ bool TreeRowPainter::Fits(const Layout& layout, const QStyleOptionViewItem& item
 
 const TreeRowPainter::Layout& TreeRowPainter::layoutFor(const QStyleOptionViewItem& item,
                                                         int width) {
-    if (keptBytes_ > kMostKeptBytes) {
-        layouts_.clear();
-        keptBytes_ = 0;
-    }
     const auto found = layouts_.constFind(item.text);
     if (found != layouts_.constEnd() && Fits(*found, item, width)) return *found;
-    if (layouts_.size() >= kMostLayouts) {
-        layouts_.clear();
-        keptBytes_ = 0;
-    }
+    if (layouts_.size() >= kMostLayouts) clearLayouts();
 
     Layout entry;
     entry.font = item.font;
@@ -100,6 +93,11 @@ const TreeRowPainter::Layout& TreeRowPainter::layoutFor(const QStyleOptionViewIt
     return *layouts_.insert(item.text, entry);
 }
 
+void TreeRowPainter::clearLayouts() {
+    layouts_.clear();
+    keptBytes_ = 0;
+}
+
 int TreeRowPainter::textWidth(const QStyleOptionViewItem& item) {
     const auto found = layouts_.constFind(item.text);
     if (found != layouts_.constEnd() && found->font == item.font) return found->advance;
@@ -118,6 +116,7 @@ void TreeRowPainter::drawText(QPainter* painter, const QStyleOptionViewItem& ite
     const QRect placed =
         QStyle::alignedRect(Qt::LayoutDirectionAuto, item.displayAlignment, layout.bounds, rect);
     keptBytes_ += layout.stamp.draw(*painter, QPointF(rect.x(), placed.top()), layout.runs);
+    if (keptBytes_ > kMostKeptBytes) clearLayouts();
 }
 
 QRect TreeRowPainter::paint(QPainter* painter, const QStyleOptionViewItem& item) {

@@ -57,6 +57,7 @@ private:
     static bool Handles(const QStyleOptionViewItem& item);
     static bool Fits(const Layout& layout, const QStyleOptionViewItem& item, int width);
     const Layout& layoutFor(const QStyleOptionViewItem& item, int width);
+    void clearLayouts();
     void drawText(QPainter* painter, const QStyleOptionViewItem& item, const QStyle& style,
                   const QRect& textRect);
 
