@@ -99,9 +99,13 @@ void AppendEscaped(std::string& out, std::string_view text, Context context) {
     out.append(text.data() + run, size - run);
 }
 
-bool HasTextChild(pugi::xml_node node) {
-    for (pugi::xml_node child : node.children()) {
-        if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata) return true;
+// Each call into the library is a real call, and the writer makes tens of millions of
+// them on a large document: nodes are walked with first/next, and what one call
+// returned is not asked again.
+bool HasTextChild(pugi::xml_node first) {
+    for (pugi::xml_node child = first; child; child = child.next_sibling()) {
+        const pugi::xml_node_type type = child.type();
+        if (type == pugi::node_pcdata || type == pugi::node_cdata) return true;
     }
     return false;
 }
@@ -111,7 +115,7 @@ public:
     explicit Writer(std::string& out) : out_(out) {}
 
     void Document(pugi::xml_node document) {
-        const bool inlineAll = HasTextChild(document);
+        const bool inlineAll = HasTextChild(document.first_child());
         for (pugi::xml_node child : document.children()) {
             Subtree(child, inlineAll);
             if (!inlineAll) out_ += '\n';
@@ -124,19 +128,22 @@ public:
         pugi::xml_node node = top;
         for (;;) {
             const pugi::xml_node_type type = node.type();
-            if (type == pugi::node_element && node.first_child()) {
+            const pugi::xml_node first =
+                type == pugi::node_element ? node.first_child() : pugi::xml_node();
+            if (first) {
                 const bool inlineContent = (inline_.empty() ? inlineAll : inline_.back()) ||
                                            inline_.size() >= kMaxIndentedDepth ||
-                                           HasTextChild(node);
+                                           HasTextChild(first);
                 StartTag(node);
                 out_ += '>';
                 inline_.push_back(inlineContent);
-                node = node.first_child();
+                node = first;
                 if (!inlineContent) NewLine();
                 continue;
             }
             Leaf(node, type);
-            while (node != top && !node.next_sibling()) {
+            pugi::xml_node next;
+            while (node != top && !(next = node.next_sibling())) {
                 node = node.parent();
                 const bool inlineContent = inline_.back();
                 inline_.pop_back();
@@ -146,7 +153,7 @@ public:
                 out_ += '>';
             }
             if (node == top) return;
-            node = node.next_sibling();
+            node = next;
             if (!inline_.back()) NewLine();
         }
     }
@@ -158,7 +165,8 @@ private:
     }
 
     void Attributes(pugi::xml_node node) {
-        for (pugi::xml_attribute attribute : node.attributes()) {
+        for (pugi::xml_attribute attribute = node.first_attribute(); attribute;
+             attribute = attribute.next_attribute()) {
             out_ += ' ';
             out_ += attribute.name();
             out_ += "=\"";
