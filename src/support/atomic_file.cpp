@@ -18,13 +18,6 @@
 #include "support/descriptor.h"
 #include "support/file_attributes.h"
 
-// Test builds define this (tests/reliability): called while a new file is written,
-// with the bytes written so far and the total, so that a test can stop the process
-// there. Shipped builds do not have it, and the reference is hidden: only an object
-// linked into the program can define it, never a library loaded at run time.
-extern "C" __attribute__((weak, visibility("hidden"))) void TabulonSaveFaultPoint(
-    std::size_t written, std::size_t total);
-
 namespace tabulon {
 
 namespace {
@@ -61,7 +54,6 @@ mode_t CurrentUmask() {
 // Writes in pieces of at most 1 MiB: a test's fault point sees the write progress.
 int WriteAll(int fd, std::string_view data, off_t offset) {
     constexpr std::size_t kPiece = std::size_t{1} << 20;
-    const std::size_t total = data.size();
     while (!data.empty()) {
         const ssize_t written = pwrite(fd, data.data(), std::min(data.size(), kPiece), offset);
         if (written < 0) {
@@ -70,9 +62,31 @@ int WriteAll(int fd, std::string_view data, off_t offset) {
         }
         data.remove_prefix(static_cast<std::size_t>(written));
         offset += written;
-        if (TabulonSaveFaultPoint != nullptr) TabulonSaveFaultPoint(total - data.size(), total);
     }
     return 0;
+}
+
+// What WriteContent wrote: its size and hash, or the errno that stopped it.
+struct Written {
+    int error = 0;
+    off_t size = 0;
+    std::uint64_t hash = 0;
+};
+
+// The content from the start of fd, hashed as it goes (for the stamp of the saved file).
+Written WriteContent(int fd, const ContentSource& content) {
+    Written result;
+    ContentHasher hasher;
+    const bool complete = content([&](std::string_view piece) {
+        result.error = WriteAll(fd, piece, result.size);
+        if (result.error != 0) return false;
+        hasher.add(piece);
+        result.size += static_cast<off_t>(piece.size());
+        return true;
+    });
+    if (!complete && result.error == 0) result.error = EIO;
+    result.hash = hasher.finish();
+    return result;
 }
 
 // Reads the file at path piece by piece into each(piece); returns 0 or an errno.
@@ -204,17 +218,17 @@ void RemoveStaleTemporaries(const Target& target) {
     closedir(dir);
 }
 
-FileStamp WrittenStamp(int fd, std::string_view data, bool throughLink) {
+FileStamp WrittenStamp(int fd, std::uint64_t contentHash, bool throughLink) {
     struct stat info {};
     if (fstat(fd, &info) != 0) return FileStamp{};
-    return StampOf(info, data, throughLink);
+    return StampOf(info, contentHash, throughLink);
 }
 
 enum class Outcome { Done, Failed, InPlace };
 
 // A new file beside the target, renamed over it. InPlace when that cannot keep the
 // target what it was or cannot be done; the new file is then gone.
-Outcome ReplaceByRename(const std::string& path, const Target& target, std::string_view data,
+Outcome ReplaceByRename(const std::string& path, const Target& target, const ContentSource& content,
                         std::string* reason, FileStamp* written) {
     if (target.exists && target.info.st_nlink > 1) return Outcome::InPlace;
     std::string temporary = target.folder + "." + target.name + std::string(kTemporaryMark) +
@@ -241,11 +255,12 @@ Outcome ReplaceByRename(const std::string& path, const Target& target, std::stri
     } else if (fchmod(fd.get(), 0666 & ~CurrentUmask()) != 0) {
         return discard(Outcome::Failed, "Cannot write " + path + ": " + ErrnoText(errno));
     }
-    int error = WriteAll(fd.get(), data, 0);
+    const Written wrote = WriteContent(fd.get(), content);
+    int error = wrote.error;
     if (error == 0 && fsync(fd.get()) != 0) error = errno;
     if (error != 0)
         return discard(Outcome::Failed, "Cannot write " + path + ": " + ErrnoText(error));
-    const FileStamp stamp = WrittenStamp(fd.get(), data, target.throughLink);
+    const FileStamp stamp = WrittenStamp(fd.get(), wrote.hash, target.throughLink);
     // Renamed while still open and locked, so that no other save takes it for stale.
     if (rename(temporary.c_str(), target.path.c_str()) != 0) {
         error = errno;
@@ -279,7 +294,7 @@ std::string WriteBackup(const Target& target, std::string_view content) {
 }
 
 // Rewrites the target itself, its old content kept in a backup file meanwhile.
-bool RewriteInPlace(const std::string& path, const Target& target, std::string_view data,
+bool RewriteInPlace(const std::string& path, const Target& target, const ContentSource& content,
                     std::string* reason, FileStamp* written) {
     std::string old;
     if (const int error = ReadAll(target.path, old); error != 0) {
@@ -292,11 +307,12 @@ bool RewriteInPlace(const std::string& path, const Target& target, std::string_v
     }
     Descriptor fd(open(target.path.c_str(), O_WRONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
     int error = fd.get() < 0 ? errno : 0;
-    if (error == 0) error = WriteAll(fd.get(), data, 0);
-    if (error == 0 && ftruncate(fd.get(), static_cast<off_t>(data.size())) != 0) error = errno;
+    Written wrote;
+    if (error == 0) error = (wrote = WriteContent(fd.get(), content)).error;
+    if (error == 0 && ftruncate(fd.get(), wrote.size) != 0) error = errno;
     if (error == 0 && fsync(fd.get()) != 0) error = errno;
     if (error == 0) {
-        const FileStamp stamp = WrittenStamp(fd.get(), data, target.throughLink);
+        const FileStamp stamp = WrittenStamp(fd.get(), wrote.hash, target.throughLink);
         if (const int closing = fd.close(); closing == 0) {
             unlink(backup.c_str());
             if (written != nullptr) *written = stamp;
@@ -321,13 +337,19 @@ bool RewriteInPlace(const std::string& path, const Target& target, std::string_v
 
 bool WriteFileAtomically(const std::string& path, std::string_view data, std::string* reason,
                          const FileStamp* expected, FileStamp* written) {
+    return WriteFileAtomically(
+        path, [data](const PieceSink& sink) { return sink(data); }, reason, expected, written);
+}
+
+bool WriteFileAtomically(const std::string& path, const ContentSource& content, std::string* reason,
+                         const FileStamp* expected, FileStamp* written) {
     if (path.empty()) return Fail(reason, "No file name to save to");
     Target target;
     if (!Resolve(path, expected, target, reason)) return false;
     if (expected != nullptr && !Unchanged(path, target, *expected, reason)) return false;
     if (!Writable(path, target, reason)) return false;
     RemoveStaleTemporaries(target);
-    switch (ReplaceByRename(path, target, data, reason, written)) {
+    switch (ReplaceByRename(path, target, content, reason, written)) {
         case Outcome::Done:
             return true;
         case Outcome::Failed:
@@ -335,7 +357,7 @@ bool WriteFileAtomically(const std::string& path, std::string_view data, std::st
         case Outcome::InPlace:
             break;
     }
-    return RewriteInPlace(path, target, data, reason, written);
+    return RewriteInPlace(path, target, content, reason, written);
 }
 
 }  // namespace tabulon

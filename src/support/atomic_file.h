@@ -30,6 +30,7 @@
 // target is then as it was.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -37,10 +38,23 @@
 
 namespace tabulon {
 
+// Takes the content part by part; false when a part could not be written.
+using PieceSink = std::function<bool(std::string_view piece)>;
+// Gives the whole content to a sink, part by part, and the same bytes at every call: a
+// save that has to fall back on rewriting the target in place asks again. Returns
+// false when the sink refused a part.
+using ContentSource = std::function<bool(const PieceSink& sink)>;
+
 // expected: the target as it was read (nullptr: no such condition). written: when
 // given, receives the stamp of the file as saved (to be the expected stamp of the
 // next save).
 [[nodiscard]] bool WriteFileAtomically(const std::string& path, std::string_view data,
+                                       std::string* reason, const FileStamp* expected = nullptr,
+                                       FileStamp* written = nullptr);
+
+// The same, the content written as the source makes it, so that a large document is
+// not held whole a second time to be saved.
+[[nodiscard]] bool WriteFileAtomically(const std::string& path, const ContentSource& content,
                                        std::string* reason, const FileStamp* expected = nullptr,
                                        FileStamp* written = nullptr);
 

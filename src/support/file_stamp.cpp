@@ -68,6 +68,10 @@ std::uint64_t ContentHash(std::string_view bytes) {
 }
 
 FileStamp StampOf(const struct stat& info, std::string_view content, bool throughLink) {
+    return StampOf(info, ContentHash(content), throughLink);
+}
+
+FileStamp StampOf(const struct stat& info, std::uint64_t contentHash, bool throughLink) {
     FileStamp stamp;
     stamp.known = true;
     stamp.throughLink = throughLink;
@@ -75,7 +79,7 @@ FileStamp StampOf(const struct stat& info, std::string_view content, bool throug
     stamp.inode = static_cast<std::uint64_t>(info.st_ino);
     stamp.size = static_cast<std::uint64_t>(info.st_size);
     stamp.modifiedNs = ModifiedNs(info);
-    stamp.contentHash = ContentHash(content);
+    stamp.contentHash = contentHash;
     return stamp;
 }
 

@@ -49,5 +49,7 @@ std::uint64_t ContentHash(std::string_view bytes);
 
 // The stamp of the file described by info, holding content.
 FileStamp StampOf(const struct stat& info, std::string_view content, bool throughLink);
+// The same, for content whose ContentHash is known.
+FileStamp StampOf(const struct stat& info, std::uint64_t contentHash, bool throughLink);
 
 }  // namespace tabulon

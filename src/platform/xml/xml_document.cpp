@@ -334,7 +334,10 @@ std::string Document::Serialize() const {
 
 bool Document::SaveAtomic(const std::string& path, std::string* reason, const FileStamp* expected,
                           FileStamp* written) const {
-    return WriteFileAtomically(path, Serialize(), reason, expected, written);
+    const Node node = root();
+    return WriteFileAtomically(
+        path, [&node](const PieceSink& piece) { return node.serialize(piece); }, reason, expected,
+        written);
 }
 
 }  // namespace tabulon::xml

@@ -128,6 +128,10 @@ public:
     // expectedBytes, when known (the size of the text parsed), is made room for at
     // once instead of growing the text as it is written.
     std::string serialize(std::size_t expectedBytes = 0) const;
+    // The same text handed to piece in parts of about 256 KB as it is written, so that
+    // a large document is never held whole a second time. Stops at the first part
+    // piece refuses (returns false), and then returns false.
+    bool serialize(const std::function<bool(std::string_view)>& piece) const;
 
 private:
     friend class Document;
@@ -206,12 +210,12 @@ public:
     // (unknown after Parse or a failed LoadFile).
     const FileStamp& fileStamp() const;
 
-    // Writes Serialize() to path with WriteFileAtomically (support/atomic_file.h): a
-    // new file renamed over the target, or the target rewritten in place behind a
-    // backup copy; owner, group, permissions and extended attributes kept; links,
-    // folders, FIFOs, devices, read-only files refused. With expected, the target must
-    // still be that file, unchanged. written receives the stamp of the saved file.
-    // Returns false and a reason on failure; the target is then as it was.
+    // Writes Serialize() to path, part by part as it is written, with
+    // WriteFileAtomically (support/atomic_file.h): a new file renamed over the
+    // target, or the target rewritten in place behind a backup copy; owner, group, permissions and
+    // extended attributes kept; links, folders, FIFOs, devices, read-only files refused. With
+    // expected, the target must still be that file, unchanged. written receives the stamp of the
+    // saved file. Returns false and a reason on failure; the target is then as it was.
     [[nodiscard]] bool SaveAtomic(const std::string& path, std::string* reason = nullptr,
                                   const FileStamp* expected = nullptr,
                                   FileStamp* written = nullptr) const;

@@ -11,6 +11,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -112,14 +113,28 @@ bool HasTextChild(pugi::xml_node first) {
 
 class Writer {
 public:
-    explicit Writer(std::string& out) : out_(out) {}
+    using Piece = std::function<bool(std::string_view)>;
+
+    // With piece, the text is handed on in parts as it is written and out only holds
+    // the part not yet handed on.
+    explicit Writer(std::string& out, const Piece* piece = nullptr) : out_(out), piece_(piece) {}
 
     void Document(pugi::xml_node document) {
         const bool inlineAll = HasTextChild(document.first_child());
-        for (pugi::xml_node child : document.children()) {
+        for (pugi::xml_node child = document.first_child(); child && !failed_;
+             child = child.next_sibling()) {
             Subtree(child, inlineAll);
             if (!inlineAll) out_ += '\n';
         }
+    }
+
+    // Hands on what is pending (with last, even a short part). False once piece
+    // refused a part: nothing more is written.
+    bool HandOn(bool last) {
+        if (piece_ == nullptr || failed_ || (!last && out_.size() < kPieceBytes)) return !failed_;
+        failed_ = !out_.empty() && !(*piece_)(out_);
+        out_.clear();
+        return !failed_;
     }
 
     // Iterative, so that documents nested thousands of levels deep cannot exhaust
@@ -127,6 +142,7 @@ public:
     void Subtree(pugi::xml_node top, bool inlineAll) {
         pugi::xml_node node = top;
         for (;;) {
+            if (!HandOn(false)) return;
             const pugi::xml_node_type type = node.type();
             const pugi::xml_node first =
                 type == pugi::node_element ? node.first_child() : pugi::xml_node();
@@ -238,9 +254,23 @@ private:
         }
     }
 
+    // Large enough that handing on costs nothing beside the writing, small enough to
+    // stay in the processor's cache until it is written out.
+    static constexpr std::size_t kPieceBytes = std::size_t{256} << 10;
+
     std::string& out_;
+    const Piece* piece_;
+    bool failed_ = false;
     std::vector<bool> inline_;
 };
+
+void Write(Writer& writer, pugi::xml_node node) {
+    if (node.type() == pugi::node_document) {
+        writer.Document(node);
+    } else if (node) {
+        writer.Subtree(node, false);
+    }
+}
 
 }  // namespace
 
@@ -248,14 +278,16 @@ std::string Node::serialize(std::size_t expectedBytes) const {
     std::string out;
     // A little over: the text written may be longer than the text read.
     out.reserve(expectedBytes + expectedBytes / 16);
-    const pugi::xml_node node(static_cast<pugi::xml_node_struct*>(handle_));
     Writer writer(out);
-    if (node.type() == pugi::node_document) {
-        writer.Document(node);
-    } else if (node) {
-        writer.Subtree(node, false);
-    }
+    Write(writer, pugi::xml_node(static_cast<pugi::xml_node_struct*>(handle_)));
     return out;
+}
+
+bool Node::serialize(const std::function<bool(std::string_view)>& piece) const {
+    std::string pending;
+    Writer writer(pending, &piece);
+    Write(writer, pugi::xml_node(static_cast<pugi::xml_node_struct*>(handle_)));
+    return writer.HandOn(true);
 }
 
 }  // namespace tabulon::xml
