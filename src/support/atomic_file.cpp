@@ -326,6 +326,10 @@ bool RewriteInPlace(const std::string& path, const Target& target, const Content
     if (fd.get() >= 0) {
         restored = WriteAll(fd.get(), old, 0) == 0 &&
                    ftruncate(fd.get(), static_cast<off_t>(old.size())) == 0 && fsync(fd.get()) == 0;
+        // Its time too, so that the next save does not take it for another program's
+        // change (only the owner may set it; the content is back either way).
+        const timespec times[2] = {target.info.st_atim, target.info.st_mtim};
+        if (restored) futimens(fd.get(), times);
     }
     if (restored || fd.get() < 0) unlink(backup.c_str());
     std::string text = "Cannot write " + path + ": " + ErrnoText(error);

@@ -6,15 +6,18 @@
 // random moments of the save of a TABULON_KILL_SAVE_MB document (default 50; 5 kills of
 // 10 MB under the sanitizers, which slow every save several times).
 #include <signal.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <random>
 #include <string>
+#include <vector>
 
 #include "common/control_harness.h"
 #include "common/documents.h"
@@ -110,11 +113,67 @@ protected:
         core().doc.xmlFileStamp = StampOf(original_, oldText_, false);
     }
 
+    // In a child process whose files may not grow beyond limit bytes, presses OK;
+    // exits with 0 when the user was told the save failed, for that reason.
+    pid_t SaveInChildWithFileLimit(rlim_t limit) {
+        const pid_t pid = fork();
+        if (pid != 0) return pid;
+        signal(SIGXFSZ, SIG_IGN);
+        const rlimit bound{limit, limit};
+        if (setrlimit(RLIMIT_FSIZE, &bound) != 0) _exit(6);
+        sink.clear();
+        form().cmdOK.userClick();
+        const bool told =
+            sink.messages() == std::vector{Critical("Unable the save the XML file.")} &&
+            control().LastSaveError().find("File too large") != std::string::npos;
+        _exit(told ? 0 : 5);
+    }
+
+    // The entries of the document's folder.
+    std::vector<std::string> FolderEntries() const {
+        std::vector<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(path_.parent_path()))
+            names.push_back(entry.path().filename().string());
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+
     std::filesystem::path path_;
     std::string oldText_;
     std::string newText_;
     struct stat original_ {};
 };
+
+// The document is written as it is serialised: a save that runs out of room part way
+// fails whole, whether the file is replaced by a new one or, with a second link,
+// rewritten in place, and a save that went through can be followed by another.
+TEST_F(CrashSafeSave, ASaveCutShortByTheFileSystemLeavesTheOldFileAndTheNextSaveGoesThrough) {
+    SetUpDocument(3);
+    ASSERT_GT(newText_.size(), oldText_.size());
+    const std::vector<std::string> entries = FolderEntries();
+    const rlim_t limit = (oldText_.size() + newText_.size()) / 2;
+    for (const bool linked : {false, true}) {
+        SCOPED_TRACE(linked ? "rewritten in place" : "replaced");
+        const std::filesystem::path other = path_.parent_path() / "second-link.xml";
+        if (linked) std::filesystem::create_hard_link(path_, other);
+        int status = 0;
+        const pid_t pid = SaveInChildWithFileLimit(limit);
+        ASSERT_EQ(waitpid(pid, &status, 0), pid);
+        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
+        ExpectOldOrNew("cut short");
+        EXPECT_TRUE(ReadFileBytes(path_) == oldText_);
+        if (linked) std::filesystem::remove(other);
+        EXPECT_EQ(FolderEntries(), entries);
+    }
+
+    for (int save = 1; save <= 2; ++save) {
+        sink.clear();
+        form().cmdOK.userClick();
+        EXPECT_EQ(sink.messages(), std::vector<RecordedMessage>{}) << "save " << save;
+        EXPECT_EQ(control().LastSaveError(), "");
+        EXPECT_TRUE(ReadFileBytes(path_) == newText_);
+    }
+}
 
 TEST_F(CrashSafeSave, KilledAtRandomMomentsOfTheSaveTheFileIsOldOrNew) {
     SetUpDocument(EnvironmentNumber("TABULON_KILL_SAVE_MB", kDefaultMegabytes));
