@@ -103,10 +103,13 @@ void AppendEscaped(std::string& out, std::string_view text, Context context) {
 // Each call into the library is a real call, and the writer makes tens of millions of
 // them on a large document: nodes are walked with first/next, and what one call
 // returned is not asked again.
+bool IsText(pugi::xml_node_type type) {
+    return type == pugi::node_pcdata || type == pugi::node_cdata;
+}
+
 bool HasTextChild(pugi::xml_node first) {
     for (pugi::xml_node child = first; child; child = child.next_sibling()) {
-        const pugi::xml_node_type type = child.type();
-        if (type == pugi::node_pcdata || type == pugi::node_cdata) return true;
+        if (IsText(child.type())) return true;
     }
     return false;
 }
@@ -138,46 +141,50 @@ public:
     }
 
     // Iterative, so that documents nested thousands of levels deep cannot exhaust
-    // the stack; inline_ holds, per open element, whether its content stays on its line.
+    // the stack; open_ holds the elements open above the node being written.
     void Subtree(pugi::xml_node top, bool inlineAll) {
         pugi::xml_node node = top;
+        // The type of node when a look at its siblings already asked for it.
+        pugi::xml_node_type known = pugi::node_null;
         for (;;) {
             if (!HandOn(false)) return;
-            const pugi::xml_node_type type = node.type();
+            const pugi::xml_node_type type = known != pugi::node_null ? known : node.type();
+            known = pugi::node_null;
             const pugi::xml_node first =
                 type == pugi::node_element ? node.first_child() : pugi::xml_node();
             if (first) {
-                const bool inlineContent = (inline_.empty() ? inlineAll : inline_.back()) ||
-                                           inline_.size() >= kMaxIndentedDepth ||
-                                           HasTextChild(first);
-                StartTag(node);
+                known = first.type();
+                const bool inlineContent =
+                    (open_.empty() ? inlineAll : open_.back().inlineContent) ||
+                    open_.size() >= kMaxIndentedDepth || IsText(known) ||
+                    HasTextChild(first.next_sibling());
+                open_.push_back({node, StartTag(node), inlineContent});
                 out_ += '>';
-                inline_.push_back(inlineContent);
                 node = first;
                 if (!inlineContent) NewLine();
                 continue;
             }
             Leaf(node, type);
             pugi::xml_node next;
-            while (node != top && !(next = node.next_sibling())) {
-                node = node.parent();
-                const bool inlineContent = inline_.back();
-                inline_.pop_back();
-                if (!inlineContent) NewLine();
+            while (!open_.empty() && !(next = node.next_sibling())) {
+                const Open closed = open_.back();
+                open_.pop_back();
+                node = closed.element;
+                if (!closed.inlineContent) NewLine();
                 out_ += "</";
-                out_ += node.name();
+                out_.append(closed.name);
                 out_ += '>';
             }
-            if (node == top) return;
+            if (open_.empty()) return;
             node = next;
-            if (!inline_.back()) NewLine();
+            if (!open_.back().inlineContent) NewLine();
         }
     }
 
 private:
     void NewLine() {
         out_ += '\n';
-        out_.append(2 * inline_.size(), ' ');
+        out_.append(2 * open_.size(), ' ');
     }
 
     void Attributes(pugi::xml_node node) {
@@ -191,10 +198,13 @@ private:
         }
     }
 
-    void StartTag(pugi::xml_node element) {
+    // Returns the element's name, for its end tag.
+    std::string_view StartTag(pugi::xml_node element) {
+        const std::string_view name = element.name();
         out_ += '<';
-        out_ += element.name();
+        out_.append(name);
         Attributes(element);
+        return name;
     }
 
     void CData(std::string_view text) {
@@ -261,7 +271,12 @@ private:
     std::string& out_;
     const Piece* piece_;
     bool failed_ = false;
-    std::vector<bool> inline_;
+    struct Open {
+        pugi::xml_node element;
+        std::string_view name;
+        bool inlineContent;  // its content stays on its line
+    };
+    std::vector<Open> open_;
 };
 
 void Write(Writer& writer, pugi::xml_node node) {
