@@ -51,7 +51,7 @@ mode_t CurrentUmask() {
     return mask;
 }
 
-// Writes in pieces of at most 1 MiB: a test's fault point sees the write progress.
+// Writes all of data at offset, in pieces of at most 1 MiB; returns 0 or an errno.
 int WriteAll(int fd, std::string_view data, off_t offset) {
     constexpr std::size_t kPiece = std::size_t{1} << 20;
     while (!data.empty()) {

@@ -211,11 +211,12 @@ public:
     const FileStamp& fileStamp() const;
 
     // Writes Serialize() to path, part by part as it is written, with
-    // WriteFileAtomically (support/atomic_file.h): a new file renamed over the
-    // target, or the target rewritten in place behind a backup copy; owner, group, permissions and
-    // extended attributes kept; links, folders, FIFOs, devices, read-only files refused. With
-    // expected, the target must still be that file, unchanged. written receives the stamp of the
-    // saved file. Returns false and a reason on failure; the target is then as it was.
+    // WriteFileAtomically (support/atomic_file.h): a new file renamed over the target,
+    // or the target rewritten in place behind a backup copy; owner, group,
+    // permissions and extended attributes kept; links, folders, FIFOs, devices,
+    // read-only files refused. With expected, the target must still be that file,
+    // unchanged. written receives the stamp of the saved file. Returns false and a
+    // reason on failure; the target is then as it was.
     [[nodiscard]] bool SaveAtomic(const std::string& path, std::string* reason = nullptr,
                                   const FileStamp* expected = nullptr,
                                   FileStamp* written = nullptr) const;
