@@ -13,10 +13,6 @@ namespace tabulon {
 
 namespace {
 
-std::string KeyOf(const xml::Node& cellValues) {
-    return Trim(cellValues.attribute("GridValueKey").value());
-}
-
 bool IsValid(const xml::Node& cellValue) {
     return cellValue.attribute("Valid").value() == "1";
 }
@@ -83,6 +79,10 @@ void CellProblems::sortNodes() {
     std::sort(nodes_.begin(), nodes_.end());
 }
 
+std::string ProblemKey(const xml::Node& cellValues) {
+    return Trim(cellValues.attribute("GridValueKey").value());
+}
+
 void ClearProblems(ControlCore& core) {
     core.problems.clear();
     core.problems.changed();
@@ -98,7 +98,7 @@ void CountProblems(ControlCore& core) {
             const ValidityIndex::Row& row = index.rows[column.firstRow + r];
             if (row.element && row.valid.value() != "1") ++invalid;
         }
-        if (invalid != 0) problems.addToCount(KeyOf(column.element), invalid);
+        if (invalid != 0) problems.addToCount(ProblemKey(column.element), invalid);
     }
     // Only nodes whose layout exists show a grid to carry the mark.
     const std::vector<std::string>& headers = core.doc.arrGridHeaderKeys;
@@ -132,7 +132,7 @@ void NoteRangeCheck(ControlCore& core, int row, int col, xml::Node cellValue, bo
         problems.setSessionNote(cellValue, problem);
     }
     if (wasValid == problem.empty()) return;
-    const std::string key = KeyOf(cellValue.parent());
+    const std::string key = ProblemKey(cellValue.parent());
     problems.addToCount(key, problem.empty() ? -1 : 1);
     MarkNodes(core, key);
     problems.changed();
@@ -165,7 +165,7 @@ bool ValidityWatch::Look(std::vector<Seen>& seen) const {
     };
     const auto column = [&cell](const xml::Node& cellValues) {
         if (cellValues.type() != xml::NodeType::Element) return;
-        const std::string key = KeyOf(cellValues);
+        const std::string key = ProblemKey(cellValues);
         for (xml::Node c = cellValues.firstChild(); c; c = c.nextSibling())
             cell(c, key);
     };
@@ -176,7 +176,7 @@ bool ValidityWatch::Look(std::vector<Seen>& seen) const {
         } else if (isGridValue.contains(element.parent())) {
             column(element);
         } else if (isGridValue.contains(element.parent().parent())) {
-            cell(element, KeyOf(element.parent()));
+            cell(element, ProblemKey(element.parent()));
         } else {
             return false;
         }

@@ -77,6 +77,10 @@ private:
     int total_ = 0;
 };
 
+// The key a CellValues element's problems are counted under: its GridValueKey,
+// trimmed.
+std::string ProblemKey(const xml::Node& cellValues);
+
 // Forgets everything (a new document is coming); tells the observers.
 void ClearProblems(ControlCore& core);
 // Counts the invalid values of the loaded document (the validity index must be

@@ -6,8 +6,8 @@
 #include <unordered_map>
 
 #include "document/validation_scan.h"
-#include "support/text.h"
 #include "view/cell_editors.h"
+#include "view/cell_problems.h"
 #include "view/commit.h"
 #include "view/go_to_cell.h"
 #include "view/grid_fill.h"
@@ -23,10 +23,6 @@ struct Viewer {
     int node = 0;
     std::optional<Layout> layout;
 };
-
-std::string KeyOf(const xml::Node& cellValues) {
-    return Trim(cellValues.attribute("GridValueKey").value());
-}
 
 Viewer ViewerOf(ControlCore& core, const std::string& key) {
     const std::vector<int> nodes = core.problems.nodesFor(key, core.doc.udtTreeNodes);
@@ -119,7 +115,7 @@ std::vector<ProblemCell> ListProblems(ControlCore& core) {
     Viewers viewers(core);
     std::vector<ProblemCell> problems;
     for (const ValidityIndex::Column& column : doc.validityIndex.columns) {
-        const std::string key = KeyOf(column.element);
+        const std::string key = ProblemKey(column.element);
         std::size_t i = 0;
         for (xml::Node cell = column.element.firstChild(); cell; cell = cell.nextSibling(), ++i) {
             if (cell.type() != xml::NodeType::Element) continue;
@@ -169,7 +165,7 @@ bool GoToProblem(ControlCore& core, bool forward) {
         const ValidityIndex::Row& row = index.rows[f];
         if (!row.element || row.valid.value() == "1") continue;
         const ValidityIndex::Column& column = ColumnAt(index, f);
-        const std::string key = KeyOf(column.element);
+        const std::string key = ProblemKey(column.element);
         const std::size_t i = f - column.firstRow;
         const Viewer& viewer = viewers.of(key);
         if (!Shows(core, viewer, column.gridValue, column.element, key, i)) continue;
