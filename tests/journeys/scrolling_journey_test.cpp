@@ -2,6 +2,7 @@
 // scroll bars and the wheel, types into its first, last and middle cells and saves.
 #include <QScreen>
 #include <QWheelEvent>
+#include <functional>
 #include <sstream>
 #include <string>
 
@@ -64,10 +65,11 @@ TEST_F(Scrolling, BarsAndWheelReachEveryCellAndTheLastColumnClearsTheVerticalBar
                        std::to_string(general.lngColWidthMin) + "\n");
 }
 
-// Scrolling moves the pixels that stay in view and paints only what comes in. After
-// every step the screen must show what painting the whole window afresh shows: with
-// rows and columns on whole pixels (moved) and between them (painted afresh), with and
-// without an open editor, by bar, wheel and keys.
+// Scrolling moves the pixels that stay in view and paints only what comes in, and the
+// rows (columns) whose edges land a pixel off from where the moved pixels put them.
+// After every step the screen must show what painting the whole window afresh shows:
+// with rows and columns on whole pixels, and between them (all alike, and rows of
+// mixed heights), with and without an open editor, by bar, wheel and keys.
 TEST_F(Scrolling, AfterEveryStepTheScreenShowsWhatAFreshPaintShows) {
     // What the window shows (its backing store), and the window painted afresh.
     const auto shown = [this] {
@@ -84,12 +86,23 @@ TEST_F(Scrolling, AfterEveryStepTheScreenShowsWhatAFreshPaintShows) {
         "hscroll +1\nhscroll +1\nvscroll +1\nvscroll +1\nwheel -3\nhscroll -1\nvscroll -1\n"
         "wheel 3\nclick 9 4\nhscroll +1\nvscroll +1\nkey Escape\nhscroll +1\nkey Tab\n"
         "key Tab\nkey Tab\nkey Tab\nkey Tab\nkey Tab\nkey Down shift\nvscroll +1\n"
-        "hscroll -1\n";
-    gGeneralProperty_type general = widget().GeneralProperty();
-    general.intScrollBars = 1;
-    general.lngColWidthMin = 1200;
-    widget().setGeneralProperty(general);
-    for (const char* height : {"Height=\"360\"", "Height=\"350\""}) {
+        "hscroll -1\nvscroll +1\nvscroll +1\nwheel -6\n";
+    struct Layout {
+        const char* name;
+        std::function<int(int)> rowHeight;
+        std::int16_t colWidth;
+    };
+    const std::vector<Layout> layouts = {
+        {"whole pixels", [](int) { return 360; }, 1200},
+        {"between pixels", [](int) { return 350; }, 1210},
+        {"mixed rows", [](int r) { return r % 3 == 0 ? 350 : 355 + 20 * (r % 4); }, 1200},
+    };
+    for (const Layout& layout : layouts) {
+        events.clear();  // the session plays the last layout only
+        gGeneralProperty_type general = widget().GeneralProperty();
+        general.intScrollBars = 1;
+        general.lngColWidthMin = layout.colWidth;
+        widget().setGeneralProperty(general);
         std::vector<std::string> columns;
         for (int c = 1; c <= kCols; ++c) {
             std::vector<CellData> cells;
@@ -99,11 +112,16 @@ TEST_F(Scrolling, AfterEveryStepTheScreenShowsWhatAFreshPaintShows) {
                                    true, r % 5 != 0, false);
             columns.push_back(Column(cells));
         }
-        Start(Document(std::vector<std::string>(kRows, Row("TextBox", height)), columns));
+        std::vector<std::string> rows;
+        for (int r = 1; r <= kRows; ++r) {
+            rows.push_back(
+                Row("TextBox", "Height=\"" + std::to_string(layout.rowHeight(r)) + "\""));
+        }
+        Start(Document(rows, columns));
         std::istringstream lines(steps);
         for (std::string line; std::getline(lines, line);) {
             Play(line);
-            EXPECT_TRUE(shown() == fresh()) << height << ", after " << line;
+            EXPECT_TRUE(shown() == fresh()) << layout.name << ", after " << line;
         }
     }
     Finish(steps, "set-general intScrollBars=1 lngColWidthMin=1200\n");

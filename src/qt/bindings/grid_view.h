@@ -42,6 +42,7 @@
 // - Text sits 2 pixels inside the cell (and 1 before its grid line), on one line.
 #pragma once
 
+#include <QRegion>
 #include <QString>
 #include <QWidget>
 #include <optional>
@@ -95,9 +96,9 @@ public:
     // current cell (a Tab, Enter, a click), else the whole view.
     void updateCurrent();
     // Repaints what a change of TopRow or LeftCol changed: the pixels that stay in view
-    // are moved and only what comes into view is painted, when the move is a whole
-    // number of pixels along one axis and nothing else waits to be painted in full;
-    // else the whole view.
+    // are moved and only what comes into view is painted, with the rows (columns) whose
+    // edges do not move by the same whole number of pixels as most, when the move is
+    // along one axis and nothing else waits to be painted in full; else the whole view.
     void updateScroll();
 
     // What the cell shows of its text: the text itself, or its cut form when it does
@@ -171,7 +172,13 @@ private:
     Place place_;
     Place placeNow() const;
     QRect uncoveredRect() const;
-    bool shiftInPixels(bool cols, int from, int* pixels) const;
+    // How far the pixels in view move when the first scrollable row (column) was
+    // `from`, and the cells that moving them does not show as painting would.
+    struct PixelShift {
+        int pixels = 0;
+        QRegion redrawn;
+    };
+    PixelShift shiftInPixels(bool cols, int from) const;
     QRect wholeCells(QRect band, bool cols) const;
 };
 

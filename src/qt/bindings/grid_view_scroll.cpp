@@ -10,10 +10,10 @@
 
 namespace tabulon {
 
-// Every edge seen both before and after the scroll must move by the same whole number
-// of pixels, or moved pixels would not meet the painted ones: twips do not always land
-// on whole pixels.
-bool GridView::shiftInPixels(bool cols, int from, int* pixels) const {
+// Twips do not always land on whole pixels: a step over rows of 350 twips moves some
+// edges 23 pixels and others 24. The pixels move as most edges do, and a row (column)
+// with an edge that moves otherwise is painted afresh, whole, over what was moved.
+GridView::PixelShift GridView::shiftInPixels(bool cols, int from) const {
     const TwipsScale& scale = host_.scale();
     const auto pos = [&](int i) -> std::int64_t {
         return cols ? grid_.colPos(i) : grid_.rowPos(i);
@@ -28,14 +28,36 @@ bool GridView::shiftInPixels(bool cols, int from, int* pixels) const {
     const int count = cols ? grid_.cols() : grid_.rows();
     const int end = cols ? width() : height();
     const std::int64_t shift = pos(from) - pos(first);
-    const int both = std::max(first, from);
-    *pixels = toPixels(pos(both)) - toPixels(pos(both) - shift);
-    for (int i = both; i < count && toPixels(pos(i)) < end; ++i) {
-        for (const std::int64_t edge : {pos(i), pos(i) + extent(i)}) {
-            if (toPixels(edge) - toPixels(edge - shift) != *pixels) return false;
-        }
+    const auto moved = [&](std::int64_t edge) { return toPixels(edge) - toPixels(edge - shift); };
+    struct Seen {
+        int first, end, topMove, bottomMove;
+    };
+    std::vector<Seen> seen;
+    // From the first row in view: a row that comes in shares its edge with one that
+    // was in view, and the pixels moved there cover its last line.
+    for (int i = first; i < count && toPixels(pos(i)) < end; ++i) {
+        const std::int64_t edge = pos(i) + extent(i);
+        seen.push_back({toPixels(pos(i)), toPixels(edge), moved(pos(i)), moved(edge)});
     }
-    return true;
+    PixelShift result;
+    if (seen.empty()) return result;
+    // Every edge moves by the shift's pixels rounded down or up: two candidates.
+    int lower = seen.front().topMove;
+    for (const Seen& s : seen) {
+        lower = std::min({lower, s.topMove, s.bottomMove});
+    }
+    int lowerEdges = 0;
+    for (const Seen& s : seen) {
+        lowerEdges += (s.topMove == lower) + (s.bottomMove == lower);
+    }
+    // Half of the 2 * size edges or more.
+    result.pixels = lowerEdges >= static_cast<int>(seen.size()) ? lower : lower + 1;
+    for (const Seen& s : seen) {
+        if (s.topMove == result.pixels && s.bottomMove == result.pixels) continue;
+        result.redrawn += cols ? QRect(s.first, 0, s.end - s.first, height())
+                               : QRect(0, s.first, width(), s.end - s.first);
+    }
+    return result;
 }
 
 GridView::Place GridView::placeNow() const {
@@ -84,20 +106,22 @@ void GridView::updateScroll() {
         updateAll();
         return;
     }
-    const bool uniform =
-        rowsMoved ? shiftInPixels(false, was.top, &dy) : shiftInPixels(true, was.left, &dx);
+    const PixelShift shift =
+        rowsMoved ? shiftInPixels(false, was.top) : shiftInPixels(true, was.left);
+    (rowsMoved ? dy : dx) = shift.pixels;
     const QRect uncovered = uncoveredRect();
     QRect moving = uncovered;
     // The fixed rows stay put when rows scroll, the fixed columns when columns do.
     if (rowsMoved) moving.setTop(scale.toPixelsY(grid_.rowPos(now.top)));
     if (colsMoved) moving.setLeft(scale.toPixelsX(grid_.colPos(now.left)));
-    if (!uniform || moving.isEmpty() || std::abs(dx) >= moving.width() ||
-        std::abs(dy) >= moving.height()) {
+    // Moving the pixels pays even when most rows in view are painted again.
+    if (moving.isEmpty() || std::abs(dx) >= moving.width() || std::abs(dy) >= moving.height()) {
         updateAll();
         return;
     }
     movePending_ = true;
     scroll(dx, dy, moving);
+    update(shift.redrawn & moving);
     // Under the bars nothing moved; Qt drops what a sibling covers from the repaint.
     update(QRegion(rect()) - uncovered);
     // Where a text is cut depends on where its cell ends against the view's edge and
