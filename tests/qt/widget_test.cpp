@@ -5,6 +5,7 @@
 #include <QClipboard>
 #include <QGroupBox>
 #include <QLineEdit>
+#include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
 #include <fstream>
@@ -296,6 +297,59 @@ TEST_F(WidgetBehaviour, TheGridIsDarkGreyWhereNoCellLiesAndOnlyThere) {
         }
         EXPECT_EQ(wrong, 0) << rows << " x " << cols;
     }
+}
+
+// Every cell shows its own colour (grey where it cannot be edited, red where its value
+// is invalid), tinted where it is selected, and its grid lines along its right and
+// bottom edge: dark on the fixed cells, light on the others.
+TEST_F(WidgetBehaviour, EveryCellShowsItsColourItsSelectionAndItsGridLines) {
+    std::vector<std::string> columns;
+    for (int c = 1; c <= 4; ++c) {
+        std::vector<CellData> cells;
+        for (int r = 1; r <= 8; ++r)
+            cells.emplace_back(std::to_string(r * c), (r + c) % 3 != 0, (r * c) % 4 != 1);
+        columns.push_back(Column(cells));
+    }
+    ASSERT_TRUE(widget().LoadXML(
+        QString::fromStdString(Document(std::vector<std::string>(8, Row("TextBox")), columns))));
+    ProcessEvents();
+    ClickCell(2, 1);
+    QTest::keyClick(widget().focusWidget(), Qt::Key_Escape);
+    QTest::mouseClick(&view(), Qt::LeftButton, Qt::ShiftModifier, CellCentre(5, 3));
+    ProcessEvents();
+    const FlexGrid& grid = form().msgGridView;
+    ASSERT_EQ(grid.rowSel(), 5);
+    ASSERT_EQ(grid.colSel(), 3);
+
+    const QImage painted = view().grab().toImage();
+    const auto tinted = [this](QColor back) {
+        QImage pixel(1, 1, QImage::Format_RGB32);
+        pixel.fill(back);
+        QPainter painter(&pixel);
+        painter.fillRect(0, 0, 1, 1, GridView::SelectionTint(view().palette()));
+        painter.end();
+        return pixel.pixel(0, 0);
+    };
+    int selected = 0;
+    for (const int row : view().rowsInView()) {
+        for (const int col : view().colsInView()) {
+            const QRect rect = view().cellRect(row, col);
+            const bool fixed = row < grid.fixedRows() || col < grid.fixedCols();
+            const QColor back = QColor::fromRgb(static_cast<QRgb>(grid.cellBackColor(row, col)));
+            const bool inSelection = !fixed && row >= 2 && row <= 5 && col >= 1 && col <= 3;
+            selected += inSelection;
+            // Beside the text, below the problem mark and the current cell's focus frame.
+            const QPoint ground(rect.left() + 1, rect.bottom() - 1);
+            if (row != grid.row() || col != grid.col()) {
+                EXPECT_EQ(painted.pixel(ground), inSelection ? tinted(back) : back.rgb())
+                    << row << ", " << col;
+            }
+            const QRgb line = fixed ? 0xFF808080 : 0xFFC0C0C0;
+            EXPECT_EQ(painted.pixel(rect.right(), rect.center().y()), line) << row << ", " << col;
+            EXPECT_EQ(painted.pixel(rect.center().x(), rect.bottom()), line) << row << ", " << col;
+        }
+    }
+    EXPECT_EQ(selected, 12);
 }
 
 }  // namespace

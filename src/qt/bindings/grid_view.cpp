@@ -2,13 +2,10 @@
 
 #include <QApplication>
 #include <QMouseEvent>
-#include <QPaintEvent>
-#include <QPainter>
 #include <QWheelEvent>
 #include <algorithm>
 
 #include "qt/bindings/grid_accessibility.h"
-#include "qt/bindings/problem_mark.h"
 #include "qt/key_translation.h"
 #include "support/numeric.h"
 #include "support/text.h"
@@ -18,10 +15,6 @@ namespace tabulon {
 namespace {
 
 constexpr int kWheelNotch = 120;
-
-QColor ToColor(Rgb rgb) {
-    return QColor::fromRgb(static_cast<QRgb>(rgb));
-}
 
 // The platform's mouse button bits: 1 left, 2 right, 4 middle.
 int ButtonBits(Qt::MouseButtons buttons) {
@@ -165,46 +158,6 @@ bool GridView::selected(int row, int col) const {
     return row >= top && row <= bottom && col >= left && col <= right;
 }
 
-void GridView::paintCell(QPainter& painter, int row, int col, const QRect& rect) const {
-    const bool fixed = row < grid_.fixedRows() || col < grid_.fixedCols();
-    const GridCell& cell = grid_.cell(row, col);
-    const QColor back = ToColor(grid_.cellBackColor(row, col));
-    QColor fore = ToColor(cell.foreColor);
-    if (!isEnabled()) fore = palette().color(QPalette::Disabled, QPalette::Text);
-    painter.fillRect(rect, back);
-    // Over the cell's own colour, so that a red (invalid) cell stays red when selected.
-    if (!fixed && selected(row, col)) painter.fillRect(rect, SelectionTint(palette()));
-
-    const QColor line = ToColor(fixed ? kFixedGridLineColor : kGridLineColor);
-    painter.fillRect(QRect(rect.right(), rect.top(), 1, rect.height()), line);
-    painter.fillRect(QRect(rect.left(), rect.bottom(), rect.width(), 1), line);
-
-    if (!fixed && !cell.note.empty()) {
-        PaintProblemMark(painter, rect.adjusted(0, 0, -1, -1), back,
-                         ProblemMarkSize(rect.height()));
-    }
-    if (cell.text.empty()) return;
-    painter.setPen(fore);
-    text_.paint(painter, textArea(cell, rect), TextAlignment(cell.alignment, cell.text), cell.text);
-}
-
-QColor GridView::SelectionTint(const QPalette& palette) {
-    QColor tint = palette.color(QPalette::Highlight);
-    tint.setAlpha(kSelectionAlpha);
-    return tint;
-}
-
-void GridView::paintFocusRect(QPainter& painter) const {
-    if (grid_.row() < grid_.fixedRows() || grid_.col() < grid_.fixedCols()) return;
-    const QRect rect = cellRect(grid_.row(), grid_.col());
-    if (rect.width() < 4 || rect.height() < 4) return;
-    QPen pen(palette().color(QPalette::WindowText));
-    pen.setStyle(Qt::DotLine);
-    painter.setPen(pen);
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRect(rect.adjusted(1, 1, -3, -3));
-}
-
 std::vector<GridView::Span> GridView::spansInView(bool columns) const {
     std::vector<Span> spans;
     for (const int index : columns ? colsInView() : rowsInView()) {
@@ -213,58 +166,6 @@ std::vector<GridView::Span> GridView::spansInView(bool columns) const {
                                 : Span{index, rect.top(), rect.bottom() + 1});
     }
     return spans;
-}
-
-// The pixels that the spans cover, merged.
-std::vector<std::pair<int, int>> GridView::CoveredSpans(const std::vector<Span>& spans) {
-    std::vector<std::pair<int, int>> sorted;
-    for (const Span& span : spans) {
-        if (span.end > span.first) sorted.emplace_back(span.first, span.end);
-    }
-    std::sort(sorted.begin(), sorted.end());
-    std::vector<std::pair<int, int>> merged;
-    for (const auto& span : sorted) {
-        if (!merged.empty() && span.first <= merged.back().second) {
-            merged.back().second = std::max(merged.back().second, span.second);
-        } else {
-            merged.push_back(span);
-        }
-    }
-    return merged;
-}
-
-// Every cell paints its whole rectangle with an opaque colour, so the dark background
-// is only painted where no cell is: the strips between and past the columns and rows.
-void GridView::paintBackground(QPainter& painter, const QRect& area, const std::vector<Span>& rows,
-                               const std::vector<Span>& cols) const {
-    const QColor background = ToColor(kBackgroundColor);
-    const auto fillGaps = [&](const std::vector<std::pair<int, int>>& spans, bool columns,
-                              const QRect& band) {
-        int from = columns ? band.left() : band.top();
-        const int end = (columns ? band.right() : band.bottom()) + 1;
-        auto fill = [&](int first, int last) {
-            if (first >= last) return;
-            painter.fillRect(columns ? QRect(first, band.top(), last - first, band.height())
-                                     : QRect(band.left(), first, band.width(), last - first),
-                             background);
-        };
-        for (const auto& [first, last] : spans) {
-            fill(from, std::min(first, end));
-            from = std::max(from, last);
-        }
-        fill(from, end);
-    };
-    const std::vector<std::pair<int, int>> colSpans = CoveredSpans(cols);
-    fillGaps(colSpans, true, area);
-    // Beside the columns every row gap is already painted: the rows' gaps only between
-    // the first column's left and the last one's right (a short grid leaves most of
-    // the view dark, and that area was painted twice).
-    if (colSpans.empty()) return;
-    QRect band = area;
-    band.setLeft(std::max(area.left(), colSpans.front().first));
-    band.setRight(std::min(area.right(), colSpans.back().second - 1));
-    if (band.isEmpty()) return;
-    fillGaps(CoveredSpans(rows), false, band);
 }
 
 GridView::Marked GridView::currentNow() const {
@@ -295,36 +196,6 @@ void GridView::updateCell(int row, int col) {
     if (wholeUpdatePending_) return;
     const QRect rect = cellRect(row, col);
     if (!rect.isEmpty()) update(rect);
-}
-
-void GridView::paintEvent(QPaintEvent* event) {
-    wholeUpdatePending_ = false;
-    movePending_ = false;
-    place_ = placeNow();
-    QPainter painter(this);
-    if (grid_.rows() == 0 || grid_.cols() == 0) {
-        painter.fillRect(event->rect(), ToColor(kBackgroundColor));
-        return;
-    }
-    const std::vector<Span> rows = spansInView(false);
-    const std::vector<Span> cols = spansInView(true);
-    paintBackground(painter, event->rect(), rows, cols);
-    // Only the rows and columns the repaint touches are gone through (an edit
-    // repaints a cell or a column).
-    const QRect touched = event->rect();
-    std::vector<Span> touchedCols;
-    for (const Span& col : cols) {
-        if (col.end > touched.left() && col.first <= touched.right()) touchedCols.push_back(col);
-    }
-    for (const Span& row : rows) {
-        if (row.end <= touched.top() || row.first > touched.bottom()) continue;
-        for (const Span& col : touchedCols) {
-            const QRect rect(QPoint(col.first, row.first), QPoint(col.end - 1, row.end - 1));
-            if (event->region().intersects(rect)) paintCell(painter, row.index, col.index, rect);
-        }
-    }
-    paintFocusRect(painter);
-    borderDrag_.paint(painter);
 }
 
 void GridView::pointerAt(const QPoint& position, Qt::MouseButtons buttons,

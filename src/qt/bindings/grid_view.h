@@ -123,6 +123,7 @@ private:
     bool rowInView(int row) const;
     bool colInView(int col) const;
     QRect unclippedCellRect(int row, int col) const;
+    // A cell's problem mark and text, over its colour and grid lines.
     void paintCell(QPainter& painter, int row, int col, const QRect& rect) const;
     // Where a cell's text is laid out: its padded rectangle when the text is wholly
     // seen there; else the part of that rectangle that is seen (the view's right edge
@@ -142,6 +143,9 @@ private:
     };
     std::vector<Span> spansInView(bool columns) const;
     static std::vector<std::pair<int, int>> CoveredSpans(const std::vector<Span>& spans);
+    // The colours and grid lines of the cells of these rows and columns.
+    void paintCellGrounds(QPainter& painter, const std::vector<Span>& rows,
+                          const std::vector<Span>& cols) const;
     void paintBackground(QPainter& painter, const QRect& area, const std::vector<Span>& rows,
                          const std::vector<Span>& cols) const;
     bool selected(int row, int col) const;
