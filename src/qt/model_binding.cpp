@@ -66,9 +66,13 @@ void ModelBinding::onChange(const ChangeInfo& change) {
 void ModelBinding::applyState(const ChangeInfo& /*change*/) {}
 
 void ModelBinding::placeWidget(const TwipsScale& scale, bool enabled) {
-    const Mirroring mirroring(*this);
     const Component& m = model_;
-    widget_->setGeometry(scale.toPixels(m.left(), m.top(), m.width(), m.height()));
+    placeWidget(scale.toPixels(m.left(), m.top(), m.width(), m.height()), enabled);
+}
+
+void ModelBinding::placeWidget(const QRect& pixels, bool enabled) {
+    const Mirroring mirroring(*this);
+    widget_->setGeometry(pixels);
     widget_->setEnabled(enabled);
 }
 

@@ -55,9 +55,10 @@ protected:
     // Mirrors content (text, items, values); the default does nothing.
     virtual void applyState(const ChangeInfo& change);
 
-    // The model's position and size into the widget, with scale, and enabled as
-    // given; the caller shows or hides it.
+    // The model's position and size into the widget, with scale (or as given in
+    // pixels), and enabled as given; the caller shows or hides it.
     void placeWidget(const TwipsScale& scale, bool enabled);
+    void placeWidget(const QRect& pixels, bool enabled);
 
     // True while the binding writes into its widgets: signals raised by those writes
     // are not gestures.

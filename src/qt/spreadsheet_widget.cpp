@@ -54,6 +54,7 @@ public:
     const TwipsScale& scale() const override { return scale_; }
     void syncFocusToModel() override;
     void wheelOverGrid(const QWheelEvent& event) override;
+    int gridRowEdge(std::int64_t y) const override;
     void runGesture(const std::function<void()>& gesture) override;
     void mirrorLater(QObject* binding, std::function<void()> mirror) override;
     // Runs the mirrors put off until now.
@@ -511,6 +512,13 @@ void SpreadsheetWidget::Private::wheelOverGrid(const QWheelEvent& event) {
                           event.pixelDelta(), event.angleDelta(), event.buttons(),
                           event.modifiers(), event.phase(), event.inverted(), event.source());
     QApplication::sendEvent(grid, &forwarded);
+}
+
+int SpreadsheetWidget::Private::gridRowEdge(std::int64_t y) const {
+    const FlexGrid& grid = FormOf(*control_).msgGridView;
+    const auto* binding = dynamic_cast<const GridBinding*>(bindingFor(grid));
+    if (binding == nullptr) return scale_.toPixelsY(y);
+    return scale_.toPixelsY(grid.top()) + binding->view()->rowEdge(y - grid.top());
 }
 
 void SpreadsheetWidget::Private::runGesture(const std::function<void()>& gesture) {

@@ -122,6 +122,15 @@ TEST_F(Scrolling, AfterEveryStepTheScreenShowsWhatAFreshPaintShows) {
         for (std::string line; std::getline(lines, line);) {
             Play(line);
             EXPECT_TRUE(shown() == fresh()) << layout.name << ", after " << line;
+            // An open editor lies on its cell's rows of pixels.
+            const QWidget* editor = widget().widgetFor(form().txtTextBoxControl);
+            if (editor->isVisible()) {
+                const FlexGrid& grid = form().msgGridView;
+                const QRect cell = view().cellRect(grid.row(), grid.col()).translated(view().pos());
+                EXPECT_EQ(editor->geometry().top(), cell.top()) << layout.name << ", " << line;
+                EXPECT_EQ(editor->geometry().bottom(), cell.bottom())
+                    << layout.name << ", " << line;
+            }
         }
     }
     Finish(steps, "set-general intScrollBars=1 lngColWidthMin=1200\n");

@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QObject>
 #include <QWheelEvent>
+#include <cstdint>
 #include <functional>
 
 #include "control/generic_sp_control.h"
@@ -37,6 +38,10 @@ public:
     // range emptied and filled again): Qt repaints it on every change. Messages and
     // host events let the put-off mirrors catch up first.
     virtual void mirrorLater(QObject* binding, std::function<void()> mirror) = 0;
+
+    // The pixel row in the host widget of a height in twips from the control's top
+    // that lies on the grid, by the grid's rows (GridView::rowEdge).
+    virtual int gridRowEdge(std::int64_t y) const { return scale().toPixelsY(y); }
 
     // The wheel turned over a cell editor, which lies on the grid: the grid scrolls
     // as if the wheel were over it.

@@ -51,7 +51,14 @@ void ComponentBinding::applyGeometry() {
     QWidget* w = widget();
     if (w == nullptr) return;
     const Mirroring mirroring(*this);
-    placeWidget(host_.scale(), model().enabled());
+    const Component& m = model();
+    QRect pixels = host_.scale().toPixels(m.left(), m.top(), m.width(), m.height());
+    // A cell editor lies on the pixels of the grid's rows, as its cell does.
+    if (FormOf(host_.control()).isCellEditor(m)) {
+        pixels.setTop(host_.gridRowEdge(m.top()));
+        pixels.setBottom(host_.gridRowEdge(std::int64_t{m.top()} + m.height()) - 1);
+    }
+    placeWidget(pixels, m.enabled());
     const bool hadFocus = w->hasFocus() || w->isAncestorOf(QApplication::focusWidget());
     w->setVisible(model().visible());
     if (hadFocus && !model().visible()) host_.syncFocusToModel();

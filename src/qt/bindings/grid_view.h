@@ -77,6 +77,12 @@ public:
     // The cell's rectangle in widget pixels; empty when the cell is not in view or
     // the indices are out of range.
     QRect cellRect(int row, int col) const;
+    // The pixel row of a height in twips from the grid's top. Below the fixed rows
+    // the pixels are counted from the first scrollable row, scrolled out or not, so
+    // that each row keeps its height in pixels wherever it is scrolled to and a scroll
+    // moves every row in view by the same whole number of pixels. (Counted from the
+    // view's top, rows 350 twips high would be 23 pixels here and 24 there.)
+    int rowEdge(std::int64_t y) const;
     // The row / column in view under a widget coordinate; -1 outside every one.
     int rowAt(int y) const;
     int colAt(int x) const;
@@ -123,6 +129,11 @@ private:
     bool rowInView(int row) const;
     bool colInView(int col) const;
     QRect unclippedCellRect(int row, int col) const;
+    // The twips of scrollable rows scrolled out above the view; rowEdge as it was when
+    // that many were.
+    std::int64_t scrolledAbove() const;
+    std::int64_t fixedRowsHeight() const;
+    int rowEdge(std::int64_t y, std::int64_t above) const;
     // A cell's problem mark and text, over its colour and grid lines.
     void paintCell(QPainter& painter, int row, int col, const QRect& rect) const;
     // Where a cell's text is laid out: its padded rectangle when the text is wholly

@@ -10,9 +10,10 @@
 
 namespace tabulon {
 
-// Twips do not always land on whole pixels: a step over rows of 350 twips moves some
-// edges 23 pixels and others 24. The pixels move as most edges do, and a row (column)
-// with an edge that moves otherwise is painted afresh, whole, over what was moved.
+// Twips do not always land on whole pixels: a step over columns 1210 twips wide moves
+// some edges 80 pixels and others 81 (rows are laid so that they all move alike, see
+// rowEdge). The pixels move as most edges do, and a column (row) with an edge that
+// moves otherwise is painted afresh, whole, over what was moved.
 GridView::PixelShift GridView::shiftInPixels(bool cols, int from) const {
     const TwipsScale& scale = host_.scale();
     const auto pos = [&](int i) -> std::int64_t {
@@ -21,39 +22,49 @@ GridView::PixelShift GridView::shiftInPixels(bool cols, int from) const {
     const auto extent = [&](int i) -> std::int64_t {
         return cols ? grid_.colWidth(i) : grid_.rowHeight(i);
     };
-    const auto toPixels = [&](std::int64_t twips) {
-        return cols ? scale.toPixelsX(twips) : scale.toPixelsY(twips);
-    };
     const int first = cols ? grid_.leftCol() : grid_.topRow();
     const int count = cols ? grid_.cols() : grid_.rows();
     const int end = cols ? width() : height();
     const std::int64_t shift = pos(from) - pos(first);
-    const auto moved = [&](std::int64_t edge) { return toPixels(edge) - toPixels(edge - shift); };
+    // Where an edge lies now, and where it lay before the scroll.
+    const std::int64_t above = cols ? 0 : scrolledAbove();
+    const auto toPixels = [&](std::int64_t twips) {
+        return cols ? scale.toPixelsX(twips) : rowEdge(twips, above);
+    };
+    const auto moved = [&](std::int64_t edge) {
+        const std::int64_t was = edge - shift;
+        return toPixels(edge) - (cols ? scale.toPixelsX(was) : rowEdge(was, above + shift));
+    };
     struct Seen {
         int first, end, topMove, bottomMove;
+        bool cameIn;  // lay before the view's first row (column): nothing of it moved
     };
     std::vector<Seen> seen;
     // From the first row in view: a row that comes in shares its edge with one that
     // was in view, and the pixels moved there cover its last line.
     for (int i = first; i < count && toPixels(pos(i)) < end; ++i) {
         const std::int64_t edge = pos(i) + extent(i);
-        seen.push_back({toPixels(pos(i)), toPixels(edge), moved(pos(i)), moved(edge)});
+        seen.push_back({toPixels(pos(i)), toPixels(edge), moved(pos(i)), moved(edge), i < from});
     }
     PixelShift result;
-    if (seen.empty()) return result;
+    const auto stayed = [](const Seen& s) { return !s.cameIn; };
+    const auto any = std::find_if(seen.begin(), seen.end(), stayed);
+    if (any == seen.end()) return result;
     // Every edge moves by the shift's pixels rounded down or up: two candidates.
-    int lower = seen.front().topMove;
+    int lower = any->topMove;
+    int edges = 0;
     for (const Seen& s : seen) {
-        lower = std::min({lower, s.topMove, s.bottomMove});
+        if (stayed(s)) lower = std::min({lower, s.topMove, s.bottomMove});
     }
     int lowerEdges = 0;
     for (const Seen& s : seen) {
+        if (!stayed(s)) continue;
+        edges += 2;
         lowerEdges += (s.topMove == lower) + (s.bottomMove == lower);
     }
-    // Half of the 2 * size edges or more.
-    result.pixels = lowerEdges >= static_cast<int>(seen.size()) ? lower : lower + 1;
+    result.pixels = 2 * lowerEdges >= edges ? lower : lower + 1;
     for (const Seen& s : seen) {
-        if (s.topMove == result.pixels && s.bottomMove == result.pixels) continue;
+        if (stayed(s) && s.topMove == result.pixels && s.bottomMove == result.pixels) continue;
         result.redrawn += cols ? QRect(s.first, 0, s.end - s.first, height())
                                : QRect(0, s.first, width(), s.end - s.first);
     }
@@ -112,7 +123,7 @@ void GridView::updateScroll() {
     const QRect uncovered = uncoveredRect();
     QRect moving = uncovered;
     // The fixed rows stay put when rows scroll, the fixed columns when columns do.
-    if (rowsMoved) moving.setTop(scale.toPixelsY(grid_.rowPos(now.top)));
+    if (rowsMoved) moving.setTop(rowEdge(grid_.rowPos(now.top)));
     if (colsMoved) moving.setLeft(scale.toPixelsX(grid_.colPos(now.left)));
     // Moving the pixels pays even when most rows in view are painted again.
     if (moving.isEmpty() || std::abs(dx) >= moving.width() || std::abs(dy) >= moving.height()) {
