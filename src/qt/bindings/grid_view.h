@@ -4,8 +4,9 @@
 // and columns, then the scrollable ones from TopRow/LeftCol until the widget's edge,
 // each with its back and fore colour, its alignment code and its grid lines, the
 // selection and a focus rectangle on the current cell. Every coordinate is a whole
-// device-independent pixel taken from the model's twips edges, so lines stay one pixel wide and
-// crisp at every whole-number device pixel ratio.
+// device-independent pixel taken from the model's twips edges (rows below the fixed
+// ones counted from the first scrollable row, see rowEdge), so lines stay one pixel
+// wide and crisp at every whole-number device pixel ratio.
 //
 // Gestures, all into the model: a left press -> userMouseMove then userClick on the
 // cell under the pointer (only the mouse move when the pointer is outside every row
@@ -102,9 +103,10 @@ public:
     // current cell (a Tab, Enter, a click), else the whole view.
     void updateCurrent();
     // Repaints what a change of TopRow or LeftCol changed: the pixels that stay in view
-    // are moved and only what comes into view is painted, with the rows (columns) whose
-    // edges do not move by the same whole number of pixels as most, when the move is
-    // along one axis and nothing else waits to be painted in full; else the whole view.
+    // are moved and only what comes into view is painted, with the columns whose edges
+    // do not move by the same whole number of pixels as most (rows all move alike,
+    // see rowEdge), when the move is along one axis and nothing else waits to be
+    // painted in full; else the whole view.
     void updateScroll();
 
     // What the cell shows of its text: the text itself, or its cut form when it does
