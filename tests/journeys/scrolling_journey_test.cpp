@@ -3,6 +3,7 @@
 #include <QScreen>
 #include <QWheelEvent>
 #include <functional>
+#include <map>
 #include <sstream>
 #include <string>
 
@@ -66,10 +67,11 @@ TEST_F(Scrolling, BarsAndWheelReachEveryCellAndTheLastColumnClearsTheVerticalBar
 }
 
 // Scrolling moves the pixels that stay in view and paints only what comes in, and the
-// rows (columns) whose edges land a pixel off from where the moved pixels put them.
-// After every step the screen must show what painting the whole window afresh shows:
-// with rows and columns on whole pixels, and between them (all alike, and rows of
-// mixed heights), with and without an open editor, by bar, wheel and keys.
+// columns whose edges land a pixel off from where the moved pixels put them. After
+// every step the screen must show what painting the whole window afresh shows, every
+// row keeps its height in pixels, and an open editor lies on its cell: with rows and
+// columns on whole pixels, and between them (all alike, and rows of mixed heights),
+// with and without an open editor, by bar, wheel and keys.
 TEST_F(Scrolling, AfterEveryStepTheScreenShowsWhatAFreshPaintShows) {
     // What the window shows (its backing store), and the window painted afresh.
     const auto shown = [this] {
@@ -98,6 +100,7 @@ TEST_F(Scrolling, AfterEveryStepTheScreenShowsWhatAFreshPaintShows) {
         {"mixed rows", [](int r) { return r % 3 == 0 ? 350 : 355 + 20 * (r % 4); }, 1200},
     };
     for (const Layout& layout : layouts) {
+        std::map<int, int> pixelHeights;
         events.clear();  // the session plays the last layout only
         gGeneralProperty_type general = widget().GeneralProperty();
         general.intScrollBars = 1;
@@ -122,6 +125,11 @@ TEST_F(Scrolling, AfterEveryStepTheScreenShowsWhatAFreshPaintShows) {
         for (std::string line; std::getline(lines, line);) {
             Play(line);
             EXPECT_TRUE(shown() == fresh()) << layout.name << ", after " << line;
+            for (const int row : view().rowsInView()) {
+                const int height = view().cellRect(row, 0).height();
+                const auto [seen, first] = pixelHeights.emplace(row, height);
+                EXPECT_EQ(height, seen->second) << layout.name << ", row " << row << ", " << line;
+            }
             // An open editor lies on its cell's rows of pixels.
             const QWidget* editor = widget().widgetFor(form().txtTextBoxControl);
             if (editor->isVisible()) {
