@@ -54,7 +54,8 @@ public:
     const TwipsScale& scale() const override { return scale_; }
     void syncFocusToModel() override;
     void wheelOverGrid(const QWheelEvent& event) override;
-    int gridRowEdge(std::int64_t y) const override;
+    QRect onGridPixels(std::int32_t left, std::int32_t top, std::int32_t width,
+                       std::int32_t height) const override;
     void runGesture(const std::function<void()>& gesture) override;
     void mirrorLater(QObject* binding, std::function<void()> mirror) override;
     // Runs the mirrors put off until now.
@@ -514,11 +515,26 @@ void SpreadsheetWidget::Private::wheelOverGrid(const QWheelEvent& event) {
     QApplication::sendEvent(grid, &forwarded);
 }
 
-int SpreadsheetWidget::Private::gridRowEdge(std::int64_t y) const {
-    const FlexGrid& grid = FormOf(*control_).msgGridView;
+QRect SpreadsheetWidget::Private::onGridPixels(std::int32_t left, std::int32_t top,
+                                               std::int32_t width, std::int32_t height) const {
+    const Form& form = FormOf(*control_);
+    const FlexGrid& grid = form.msgGridView;
+    const QRect plain = scale_.toPixels(left, top, width, height);
     const auto* binding = dynamic_cast<const GridBinding*>(bindingFor(grid));
-    if (binding == nullptr) return scale_.toPixelsY(y);
-    return scale_.toPixelsY(grid.top()) + binding->view()->rowEdge(y - grid.top());
+    if (binding == nullptr) return plain;
+    const GridView& view = *binding->view();
+    const int x0 = scale_.toPixelsX(grid.left());
+    const int y0 = scale_.toPixelsY(grid.top());
+    const std::int64_t right = std::int64_t{left} + std::max<std::int32_t>(width, 0);
+    const std::int64_t bottom = std::int64_t{top} + std::max<std::int32_t>(height, 0);
+    QRect rect(QPoint(x0 + view.colEdge(left - grid.left()), y0 + view.rowEdge(top - grid.top())),
+               QPoint(x0 + view.colEdge(right - grid.left()) - 1,
+                      y0 + view.rowEdge(bottom - grid.top()) - 1));
+    // An edge the control cut back at one of the grid's own bars ends where the bar
+    // begins.
+    if (form.vscGrid.visible() && right == form.vscGrid.left()) rect.setRight(plain.right());
+    if (form.hscGrid.visible() && bottom == form.hscGrid.top()) rect.setBottom(plain.bottom());
+    return rect;
 }
 
 void SpreadsheetWidget::Private::runGesture(const std::function<void()>& gesture) {

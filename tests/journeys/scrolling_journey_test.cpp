@@ -31,6 +31,35 @@ protected:
             << "no column width puts the last column under the bar";
         return best;
     }
+
+    // Every row and column in view has the size in pixels it had when first seen
+    // (sizes holds columns at their index, rows at -1 - row).
+    void ExpectSizesKept(std::map<int, int>& sizes, const std::string& where) {
+        for (const int row : view().rowsInView()) {
+            const int height = view().cellRect(row, 0).height();
+            EXPECT_EQ(height, sizes.emplace(-1 - row, height).first->second)
+                << where << ", row " << row;
+        }
+        for (const int col : view().colsInView()) {
+            const int width = view().cellRect(0, col).width();
+            EXPECT_EQ(width, sizes.emplace(col, width).first->second) << where << ", col " << col;
+        }
+    }
+
+    // An open editor lies on its cell's pixels, up to the bars it is cut at.
+    void ExpectEditorOnItsCell(const std::string& where) {
+        const QWidget* editor = widget().widgetFor(form().txtTextBoxControl);
+        if (!editor->isVisible()) return;
+        const FlexGrid& grid = form().msgGridView;
+        const QRect cell = view().cellRect(grid.row(), grid.col()).translated(view().pos());
+        const QRect right = widget().widgetFor(form().vscGrid)->geometry();
+        const QRect below = widget().widgetFor(form().hscGrid)->geometry();
+        const QRect at = editor->geometry();
+        EXPECT_EQ(at.left(), cell.left()) << where;
+        EXPECT_EQ(at.top(), cell.top()) << where;
+        EXPECT_EQ(at.right(), std::min(cell.right(), right.left() - 1)) << where;
+        EXPECT_EQ(at.bottom(), std::min(cell.bottom(), below.top() - 1)) << where;
+    }
 };
 
 TEST_F(Scrolling, BarsAndWheelReachEveryCellAndTheLastColumnClearsTheVerticalBar) {
@@ -66,12 +95,11 @@ TEST_F(Scrolling, BarsAndWheelReachEveryCellAndTheLastColumnClearsTheVerticalBar
                        std::to_string(general.lngColWidthMin) + "\n");
 }
 
-// Scrolling moves the pixels that stay in view and paints only what comes in, and the
-// columns whose edges land a pixel off from where the moved pixels put them. After
+// Scrolling moves the pixels that stay in view and paints only what comes in. After
 // every step the screen must show what painting the whole window afresh shows, every
-// row keeps its height in pixels, and an open editor lies on its cell: with rows and
-// columns on whole pixels, and between them (all alike, and rows of mixed heights),
-// with and without an open editor, by bar, wheel and keys.
+// row and column keeps its size in pixels, and an open editor lies on its cell: with
+// rows and columns on whole pixels, and between them (all alike, and rows of mixed
+// heights), with and without an open editor, by bar, wheel and keys.
 TEST_F(Scrolling, AfterEveryStepTheScreenShowsWhatAFreshPaintShows) {
     // What the window shows (its backing store), and the window painted afresh.
     const auto shown = [this] {
@@ -100,7 +128,7 @@ TEST_F(Scrolling, AfterEveryStepTheScreenShowsWhatAFreshPaintShows) {
         {"mixed rows", [](int r) { return r % 3 == 0 ? 350 : 355 + 20 * (r % 4); }, 1200},
     };
     for (const Layout& layout : layouts) {
-        std::map<int, int> pixelHeights;
+        std::map<int, int> pixelSizes;
         events.clear();  // the session plays the last layout only
         gGeneralProperty_type general = widget().GeneralProperty();
         general.intScrollBars = 1;
@@ -125,20 +153,24 @@ TEST_F(Scrolling, AfterEveryStepTheScreenShowsWhatAFreshPaintShows) {
         for (std::string line; std::getline(lines, line);) {
             Play(line);
             EXPECT_TRUE(shown() == fresh()) << layout.name << ", after " << line;
-            for (const int row : view().rowsInView()) {
-                const int height = view().cellRect(row, 0).height();
-                const auto [seen, first] = pixelHeights.emplace(row, height);
-                EXPECT_EQ(height, seen->second) << layout.name << ", row " << row << ", " << line;
-            }
-            // An open editor lies on its cell's rows of pixels.
-            const QWidget* editor = widget().widgetFor(form().txtTextBoxControl);
-            if (editor->isVisible()) {
-                const FlexGrid& grid = form().msgGridView;
-                const QRect cell = view().cellRect(grid.row(), grid.col()).translated(view().pos());
-                EXPECT_EQ(editor->geometry().top(), cell.top()) << layout.name << ", " << line;
-                EXPECT_EQ(editor->geometry().bottom(), cell.bottom())
-                    << layout.name << ", " << line;
-            }
+            ExpectSizesKept(pixelSizes, layout.name + (", " + line));
+            ExpectEditorOnItsCell(layout.name + (", " + line));
+        }
+        if (&layout == &layouts.back()) break;  // the session plays the steps alone
+        // The column (row) the vertical (horizontal) bar lies over: its editor is cut
+        // where the bar begins, at three scroll positions (pixels land differently).
+        for (int step = 0; step < 3; ++step) {
+            const int col = view().colAt(widget().widgetFor(form().vscGrid)->x() - view().x());
+            const int row = view().rowAt(widget().widgetFor(form().hscGrid)->y() - view().y());
+            ASSERT_GE(col, 1) << layout.name;
+            ASSERT_GE(row, 1) << layout.name;
+            Play("click " + std::to_string(form().msgGridView.topRow()) + " " +
+                 std::to_string(col) + "\n");
+            ExpectEditorOnItsCell(std::string(layout.name) + ", under the vertical bar");
+            Play("click " + std::to_string(row) + " " +
+                 std::to_string(form().msgGridView.leftCol()) + "\n");
+            ExpectEditorOnItsCell(std::string(layout.name) + ", under the horizontal bar");
+            Play("hscroll -1\nvscroll +1\n");
         }
     }
     Finish(steps, "set-general intScrollBars=1 lngColWidthMin=1200\n");

@@ -39,9 +39,12 @@ public:
     // host events let the put-off mirrors catch up first.
     virtual void mirrorLater(QObject* binding, std::function<void()> mirror) = 0;
 
-    // The pixel row in the host widget of a height in twips from the control's top
-    // that lies on the grid, by the grid's rows (GridView::rowEdge).
-    virtual int gridRowEdge(std::int64_t y) const { return scale().toPixelsY(y); }
+    // The pixels in the host widget of a rectangle in the control's twips that lies on
+    // the grid, laid on the grid's rows and columns (GridView::rowEdge, colEdge).
+    virtual QRect onGridPixels(std::int32_t left, std::int32_t top, std::int32_t width,
+                               std::int32_t height) const {
+        return scale().toPixels(left, top, width, height);
+    }
 
     // The wheel turned over a cell editor, which lies on the grid: the grid scrolls
     // as if the wheel were over it.

@@ -52,12 +52,10 @@ void ComponentBinding::applyGeometry() {
     if (w == nullptr) return;
     const Mirroring mirroring(*this);
     const Component& m = model();
-    QRect pixels = host_.scale().toPixels(m.left(), m.top(), m.width(), m.height());
-    // A cell editor lies on the pixels of the grid's rows, as its cell does.
-    if (FormOf(host_.control()).isCellEditor(m)) {
-        pixels.setTop(host_.gridRowEdge(m.top()));
-        pixels.setBottom(host_.gridRowEdge(std::int64_t{m.top()} + m.height()) - 1);
-    }
+    // A cell editor lies on the pixels of the grid's rows and columns, as its cell does.
+    const QRect pixels = FormOf(host_.control()).isCellEditor(m)
+                             ? host_.onGridPixels(m.left(), m.top(), m.width(), m.height())
+                             : host_.scale().toPixels(m.left(), m.top(), m.width(), m.height());
     placeWidget(pixels, m.enabled());
     const bool hadFocus = w->hasFocus() || w->isAncestorOf(QApplication::focusWidget());
     w->setVisible(model().visible());

@@ -124,33 +124,10 @@ std::vector<int> GridView::colsInView() const {
 }
 
 QRect GridView::unclippedCellRect(int row, int col) const {
-    QRect rect = host_.scale().toPixels(grid_.colPos(col), 0, grid_.colWidth(col), 0);
+    const std::int64_t left = grid_.colPos(col);
     const std::int64_t top = grid_.rowPos(row);
-    rect.setTop(rowEdge(top));
-    rect.setBottom(rowEdge(top + grid_.rowHeight(row)) - 1);
-    return rect;
-}
-
-std::int64_t GridView::scrolledAbove() const {
-    if (grid_.rows() <= grid_.fixedRows()) return 0;
-    const int top = std::max(grid_.topRow(), grid_.fixedRows());
-    return std::int64_t{grid_.rowPos(top)} - grid_.rowPos(grid_.fixedRows());
-}
-
-std::int64_t GridView::fixedRowsHeight() const {
-    const int last = std::min(grid_.fixedRows(), grid_.rows()) - 1;
-    return last < 0 ? 0 : std::int64_t{grid_.rowPos(last)} + grid_.rowHeight(last);
-}
-
-int GridView::rowEdge(std::int64_t y) const {
-    return rowEdge(y, scrolledAbove());
-}
-
-int GridView::rowEdge(std::int64_t y, std::int64_t above) const {
-    const TwipsScale& scale = host_.scale();
-    const std::int64_t fixed = fixedRowsHeight();
-    if (y <= fixed || grid_.rows() <= grid_.fixedRows()) return scale.toPixelsY(y);
-    return scale.toPixelsY(fixed) + scale.toPixelsY(y - fixed + above) - scale.toPixelsY(above);
+    return {QPoint(colEdge(left), rowEdge(top)), QPoint(colEdge(left + grid_.colWidth(col)) - 1,
+                                                        rowEdge(top + grid_.rowHeight(row)) - 1)};
 }
 
 QRect GridView::cellRect(int row, int col) const {

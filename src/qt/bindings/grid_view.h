@@ -4,9 +4,9 @@
 // and columns, then the scrollable ones from TopRow/LeftCol until the widget's edge,
 // each with its back and fore colour, its alignment code and its grid lines, the
 // selection and a focus rectangle on the current cell. Every coordinate is a whole
-// device-independent pixel taken from the model's twips edges (rows below the fixed
-// ones counted from the first scrollable row, see rowEdge), so lines stay one pixel
-// wide and crisp at every whole-number device pixel ratio.
+// device-independent pixel taken from the model's twips edges (the scrollable rows
+// and columns counted from the first scrollable one, grid_view_pixels.cpp), so lines
+// stay one pixel wide and crisp at every whole-number device pixel ratio.
 //
 // Gestures, all into the model: a left press -> userMouseMove then userClick on the
 // cell under the pointer (only the mouse move when the pointer is outside every row
@@ -43,7 +43,6 @@
 // - Text sits 2 pixels inside the cell (and 1 before its grid line), on one line.
 #pragma once
 
-#include <QRegion>
 #include <QString>
 #include <QWidget>
 #include <optional>
@@ -78,12 +77,10 @@ public:
     // The cell's rectangle in widget pixels; empty when the cell is not in view or
     // the indices are out of range.
     QRect cellRect(int row, int col) const;
-    // The pixel row of a height in twips from the grid's top. Below the fixed rows
-    // the pixels are counted from the first scrollable row, scrolled out or not, so
-    // that each row keeps its height in pixels wherever it is scrolled to and a scroll
-    // moves every row in view by the same whole number of pixels. (Counted from the
-    // view's top, rows 350 twips high would be 23 pixels here and 24 there.)
+    // The pixel row (column) of a height (width) in twips from the grid's top (left),
+    // by the rows and columns as they lie now (grid_view_pixels.cpp).
     int rowEdge(std::int64_t y) const;
+    int colEdge(std::int64_t x) const;
     // The row / column in view under a widget coordinate; -1 outside every one.
     int rowAt(int y) const;
     int colAt(int x) const;
@@ -103,10 +100,8 @@ public:
     // current cell (a Tab, Enter, a click), else the whole view.
     void updateCurrent();
     // Repaints what a change of TopRow or LeftCol changed: the pixels that stay in view
-    // are moved and only what comes into view is painted, with the columns whose edges
-    // do not move by the same whole number of pixels as most (rows all move alike,
-    // see rowEdge), when the move is along one axis and nothing else waits to be
-    // painted in full; else the whole view.
+    // are moved and only what comes into view is painted, when the move is along one
+    // axis and nothing else waits to be painted in full; else the whole view.
     void updateScroll();
 
     // What the cell shows of its text: the text itself, or its cut form when it does
@@ -131,11 +126,15 @@ private:
     bool rowInView(int row) const;
     bool colInView(int col) const;
     QRect unclippedCellRect(int row, int col) const;
-    // The twips of scrollable rows scrolled out above the view; rowEdge as it was when
-    // that many were.
-    std::int64_t scrolledAbove() const;
-    std::int64_t fixedRowsHeight() const;
-    int rowEdge(std::int64_t y, std::int64_t above) const;
+    // Along the columns (cols) or the rows: a position and extent in twips, twips in
+    // pixels, whether any row (column) scrolls, the twips scrolled out before the
+    // view, and an edge's pixel when that many were.
+    std::int64_t axisPos(bool cols, int index) const;
+    std::int64_t axisExtent(bool cols, int index) const;
+    int axisToPixels(bool cols, std::int64_t twips) const;
+    bool scrollable(bool cols) const;
+    std::int64_t scrolledBefore(bool cols) const;
+    int axisEdge(bool cols, std::int64_t twips, std::int64_t before) const;
     // A cell's problem mark and text, over its colour and grid lines.
     void paintCell(QPainter& painter, int row, int col, const QRect& rect) const;
     // Where a cell's text is laid out: its padded rectangle when the text is wholly
@@ -190,12 +189,8 @@ private:
     Place placeNow() const;
     QRect uncoveredRect() const;
     // How far the pixels in view move when the first scrollable row (column) was
-    // `from`, and the cells that moving them does not show as painting would.
-    struct PixelShift {
-        int pixels = 0;
-        QRegion redrawn;
-    };
-    PixelShift shiftInPixels(bool cols, int from) const;
+    // `from`: all of them alike.
+    int shiftInPixels(bool cols, int from) const;
     QRect wholeCells(QRect band, bool cols) const;
 };
 
