@@ -124,10 +124,9 @@ std::vector<int> GridView::colsInView() const {
 }
 
 QRect GridView::unclippedCellRect(int row, int col) const {
-    const std::int64_t left = grid_.colPos(col);
-    const std::int64_t top = grid_.rowPos(row);
-    return {QPoint(colEdge(left), rowEdge(top)), QPoint(colEdge(left + grid_.colWidth(col)) - 1,
-                                                        rowEdge(top + grid_.rowHeight(row)) - 1)};
+    const Span rows = spanOf(axisPixels(false), row);
+    const Span cols = spanOf(axisPixels(true), col);
+    return {QPoint(cols.first, rows.first), QPoint(cols.end - 1, rows.end - 1)};
 }
 
 QRect GridView::cellRect(int row, int col) const {
@@ -136,17 +135,16 @@ QRect GridView::cellRect(int row, int col) const {
 }
 
 int GridView::rowAt(int y) const {
-    for (const int row : rowsInView()) {
-        const QRect rect = unclippedCellRect(row, 0);
-        if (y >= rect.top() && y <= rect.bottom()) return row;
-    }
-    return -1;
+    return indexAt(false, y);
 }
 
 int GridView::colAt(int x) const {
-    for (const int col : colsInView()) {
-        const QRect rect = unclippedCellRect(0, col);
-        if (x >= rect.left() && x <= rect.right()) return col;
+    return indexAt(true, x);
+}
+
+int GridView::indexAt(bool cols, int pixel) const {
+    for (const Span& span : spansInView(cols)) {
+        if (pixel >= span.first && pixel < span.end) return span.index;
     }
     return -1;
 }
@@ -161,11 +159,10 @@ bool GridView::selected(int row, int col) const {
 }
 
 std::vector<GridView::Span> GridView::spansInView(bool columns) const {
+    const AxisPixels axis = axisPixels(columns);
     std::vector<Span> spans;
     for (const int index : columns ? colsInView() : rowsInView()) {
-        const QRect rect = columns ? unclippedCellRect(0, index) : unclippedCellRect(index, 0);
-        spans.push_back(columns ? Span{index, rect.left(), rect.right() + 1}
-                                : Span{index, rect.top(), rect.bottom() + 1});
+        spans.push_back(spanOf(axis, index));
     }
     return spans;
 }

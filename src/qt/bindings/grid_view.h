@@ -126,15 +126,11 @@ private:
     bool rowInView(int row) const;
     bool colInView(int col) const;
     QRect unclippedCellRect(int row, int col) const;
-    // Along the columns (cols) or the rows: a position and extent in twips, twips in
-    // pixels, whether any row (column) scrolls, the twips scrolled out before the
-    // view, and an edge's pixel when that many were.
+    // Along the columns (cols) or the rows: a position and extent in twips, and twips
+    // in pixels.
     std::int64_t axisPos(bool cols, int index) const;
     std::int64_t axisExtent(bool cols, int index) const;
     int axisToPixels(bool cols, std::int64_t twips) const;
-    bool scrollable(bool cols) const;
-    std::int64_t scrolledBefore(bool cols) const;
-    int axisEdge(bool cols, std::int64_t twips, std::int64_t before) const;
     // A cell's problem mark and text, over its colour and grid lines.
     void paintCell(QPainter& painter, int row, int col, const QRect& rect) const;
     // Where a cell's text is laid out: its padded rectangle when the text is wholly
@@ -154,6 +150,20 @@ private:
         int index, first, end;
     };
     std::vector<Span> spansInView(bool columns) const;
+    // The row (column) in view under a pixel; -1 outside every one.
+    int indexAt(bool cols, int pixel) const;
+    // How an axis lies in pixels now, worked out once for all the edges a use needs:
+    // the twips of the fixed rows (columns) and of those scrolled out before the view,
+    // and both in pixels.
+    struct AxisPixels {
+        bool cols = false;
+        bool scrollable = false;
+        std::int64_t fixed = 0, before = 0;
+        int fixedPixels = 0, beforePixels = 0;
+    };
+    AxisPixels axisPixels(bool cols) const;
+    int edge(const AxisPixels& axis, std::int64_t twips) const;
+    Span spanOf(const AxisPixels& axis, int index) const;
     static std::vector<std::pair<int, int>> CoveredSpans(const std::vector<Span>& spans);
     // The colours and grid lines of the cells of these rows and columns.
     void paintCellGrounds(QPainter& painter, const std::vector<Span>& rows,

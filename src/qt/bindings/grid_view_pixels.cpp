@@ -26,39 +26,45 @@ int GridView::axisToPixels(bool cols, std::int64_t twips) const {
     return cols ? host_.scale().toPixelsX(twips) : host_.scale().toPixelsY(twips);
 }
 
-bool GridView::scrollable(bool cols) const {
-    return cols ? grid_.cols() > grid_.fixedCols() : grid_.rows() > grid_.fixedRows();
-}
-
-std::int64_t GridView::scrolledBefore(bool cols) const {
-    if (!scrollable(cols)) return 0;
+// The fixed ones end where the first scrollable one in view begins.
+GridView::AxisPixels GridView::axisPixels(bool cols) const {
+    AxisPixels axis;
+    axis.cols = cols;
     const int fixed = cols ? grid_.fixedCols() : grid_.fixedRows();
+    axis.scrollable = (cols ? grid_.cols() : grid_.rows()) > fixed;
+    if (!axis.scrollable) return axis;
     const int first = std::max(cols ? grid_.leftCol() : grid_.topRow(), fixed);
-    return axisPos(cols, first) - axisPos(cols, fixed);
+    axis.fixed = axisPos(cols, first);
+    axis.before = axis.fixed - axisPos(cols, fixed);
+    axis.fixedPixels = axisToPixels(cols, axis.fixed);
+    axis.beforePixels = axisToPixels(cols, axis.before);
+    return axis;
 }
 
-int GridView::axisEdge(bool cols, std::int64_t twips, std::int64_t before) const {
-    const int fixedCount = cols ? grid_.fixedCols() : grid_.fixedRows();
-    const int last = std::min(fixedCount, cols ? grid_.cols() : grid_.rows()) - 1;
-    const std::int64_t fixed = last < 0 ? 0 : axisPos(cols, last) + axisExtent(cols, last);
-    if (twips <= fixed || !scrollable(cols)) return axisToPixels(cols, twips);
-    return axisToPixels(cols, fixed) + axisToPixels(cols, twips - fixed + before) -
-           axisToPixels(cols, before);
+int GridView::edge(const AxisPixels& axis, std::int64_t twips) const {
+    if (!axis.scrollable || twips <= axis.fixed) return axisToPixels(axis.cols, twips);
+    return axis.fixedPixels + axisToPixels(axis.cols, twips - axis.fixed + axis.before) -
+           axis.beforePixels;
+}
+
+GridView::Span GridView::spanOf(const AxisPixels& axis, int index) const {
+    const std::int64_t first = axisPos(axis.cols, index);
+    return {index, edge(axis, first), edge(axis, first + axisExtent(axis.cols, index))};
 }
 
 int GridView::rowEdge(std::int64_t y) const {
-    return axisEdge(false, y, scrolledBefore(false));
+    return edge(axisPixels(false), y);
 }
 
 int GridView::colEdge(std::int64_t x) const {
-    return axisEdge(true, x, scrolledBefore(true));
+    return edge(axisPixels(true), x);
 }
 
 int GridView::shiftInPixels(bool cols, int from) const {
-    const std::int64_t before = scrolledBefore(cols);
+    const AxisPixels axis = axisPixels(cols);
     const int first = cols ? grid_.leftCol() : grid_.topRow();
     const std::int64_t shift = axisPos(cols, from) - axisPos(cols, first);
-    return axisToPixels(cols, before + shift) - axisToPixels(cols, before);
+    return axisToPixels(cols, axis.before + shift) - axis.beforePixels;
 }
 
 }  // namespace tabulon
