@@ -128,9 +128,10 @@ public:
     // expectedBytes, when known (the size of the text parsed), is made room for at
     // once instead of growing the text as it is written.
     std::string serialize(std::size_t expectedBytes = 0) const;
-    // The same text handed to piece in parts of about 256 KB as it is written, so that
-    // a large document is never held whole a second time. Stops at the first part
-    // piece refuses (returns false), and then returns false.
+    // The same text handed to piece in parts, in order, as it is written (on every
+    // processor: platform/xml/parallel_writing.h), so that a large document is never
+    // held whole a second time. Stops at the first part piece refuses (returns false),
+    // and then returns false.
     bool serialize(const std::function<bool(std::string_view)>& piece) const;
 
 private:

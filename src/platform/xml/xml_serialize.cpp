@@ -15,7 +15,9 @@
 #include <string>
 #include <vector>
 
+#include "platform/xml/parallel_writing.h"
 #include "platform/xml/xml_document.h"
+#include "platform/xml/xml_writer.h"
 
 namespace tabulon::xml {
 
@@ -100,209 +102,165 @@ void AppendEscaped(std::string& out, std::string_view text, Context context) {
     out.append(text.data() + run, size - run);
 }
 
-// Each call into the library is a real call, and the writer makes tens of millions of
-// them on a large document: nodes are walked with first/next, and what one call
-// returned is not asked again.
 bool IsText(pugi::xml_node_type type) {
     return type == pugi::node_pcdata || type == pugi::node_cdata;
 }
 
-bool HasTextChild(pugi::xml_node first) {
+}  // namespace
+
+// Each call into the library is a real call, and the writer makes tens of millions of
+// them on a large document: nodes are walked with first/next, and what one call
+// returned is not asked again.
+bool Writer::HasTextChild(pugi::xml_node first) {
     for (pugi::xml_node child = first; child; child = child.next_sibling()) {
         if (IsText(child.type())) return true;
     }
     return false;
 }
 
-class Writer {
-public:
-    using Piece = std::function<bool(std::string_view)>;
+bool Writer::InlineContent(bool parentInline, std::size_t depth, pugi::xml_node first,
+                           pugi::xml_node_type firstType) {
+    return parentInline || depth >= kMaxIndentedDepth || IsText(firstType) ||
+           HasTextChild(first.next_sibling());
+}
 
-    // With piece, the text is handed on in parts as it is written and out only holds
-    // the part not yet handed on.
-    explicit Writer(std::string& out, const Piece* piece = nullptr) : out_(out), piece_(piece) {}
+inline void Writer::NewLine() {
+    out_ += '\n';
+    out_.append(2 * open_.size(), ' ');
+}
 
-    void Document(pugi::xml_node document) {
-        const bool inlineAll = HasTextChild(document.first_child());
-        for (pugi::xml_node child = document.first_child(); child && !failed_;
-             child = child.next_sibling()) {
-            Subtree(child, inlineAll);
-            if (!inlineAll) out_ += '\n';
-        }
-    }
-
-    // Hands on what is pending (with last, even a short part). False once piece
-    // refused a part: nothing more is written.
-    bool HandOn(bool last) {
-        if (piece_ == nullptr || failed_ || (!last && out_.size() < kPieceBytes)) return !failed_;
-        failed_ = !out_.empty() && !(*piece_)(out_);
-        out_.clear();
-        return !failed_;
-    }
-
-    // Iterative, so that documents nested thousands of levels deep cannot exhaust
-    // the stack; open_ holds the elements open above the node being written.
-    void Subtree(pugi::xml_node top, bool inlineAll) {
-        pugi::xml_node node = top;
-        // The type of node when a look at its siblings already asked for it.
-        pugi::xml_node_type known = pugi::node_null;
-        for (;;) {
-            if (!HandOn(false)) return;
-            const pugi::xml_node_type type = known != pugi::node_null ? known : node.type();
-            known = pugi::node_null;
-            const pugi::xml_node first =
-                type == pugi::node_element ? node.first_child() : pugi::xml_node();
-            if (first) {
-                known = first.type();
-                const bool inlineContent =
-                    (open_.empty() ? inlineAll : open_.back().inlineContent) ||
-                    open_.size() >= kMaxIndentedDepth || IsText(known) ||
-                    HasTextChild(first.next_sibling());
-                open_.push_back({node, StartTag(node), inlineContent});
-                out_ += '>';
-                node = first;
-                if (!inlineContent) NewLine();
-                continue;
-            }
-            Leaf(node, type);
-            pugi::xml_node next;
-            while (!open_.empty() && !(next = node.next_sibling())) {
-                const Open closed = open_.back();
-                open_.pop_back();
-                node = closed.element;
-                if (!closed.inlineContent) NewLine();
-                out_ += "</";
-                out_.append(closed.name);
-                out_ += '>';
-            }
-            if (open_.empty()) return;
-            node = next;
-            if (!open_.back().inlineContent) NewLine();
-        }
-    }
-
-private:
-    void NewLine() {
-        out_ += '\n';
-        out_.append(2 * open_.size(), ' ');
-    }
-
-    void Attributes(pugi::xml_node node) {
-        for (pugi::xml_attribute attribute = node.first_attribute(); attribute;
-             attribute = attribute.next_attribute()) {
-            out_ += ' ';
-            out_ += attribute.name();
-            out_ += "=\"";
-            AppendEscaped(out_, attribute.value(), Context::Attribute);
-            out_ += '"';
-        }
-    }
-
-    // Returns the element's name, for its end tag.
-    std::string_view StartTag(pugi::xml_node element) {
-        const std::string_view name = element.name();
-        out_ += '<';
-        out_.append(name);
-        Attributes(element);
-        return name;
-    }
-
-    void CData(std::string_view text) {
-        out_ += "<![CDATA[";
-        // "]]>" cannot stand inside one section: close after "]]" and reopen.
-        for (std::size_t at = text.find("]]>"); at != std::string_view::npos;
-             at = text.find("]]>")) {
-            out_.append(text.substr(0, at + 2));
-            out_ += "]]><![CDATA[";
-            text.remove_prefix(at + 2);
-        }
-        out_.append(text);
-        out_ += "]]>";
-    }
-
-    void Leaf(pugi::xml_node node, pugi::xml_node_type type) {
-        // Elements have no value: not asked for (each call crosses into the library).
-        const std::string_view value = type == pugi::node_element ? "" : node.value();
-        switch (type) {
-            case pugi::node_element:
-                StartTag(node);
-                out_ += "/>";
-                break;
-            case pugi::node_pcdata:
-                AppendEscaped(out_, value, Context::Text);
-                break;
-            case pugi::node_cdata:
-                CData(value);
-                break;
-            case pugi::node_comment:
-                out_ += "<!--";
-                out_.append(value);
-                out_ += "-->";
-                break;
-            case pugi::node_pi:
-                out_ += "<?";
-                out_ += node.name();
-                if (!value.empty()) {
-                    out_ += ' ';
-                    out_.append(value);
-                }
-                out_ += "?>";
-                break;
-            case pugi::node_declaration:
-                out_ += "<?xml";
-                Attributes(node);
-                out_ += "?>";
-                break;
-            case pugi::node_doctype:
-                out_ += "<!DOCTYPE ";
-                out_.append(value);
-                out_ += '>';
-                break;
-            case pugi::node_document:
-            case pugi::node_null:
-                break;
-        }
-    }
-
-    // Large enough that handing on costs nothing beside the writing, small enough to
-    // stay in the processor's cache until it is written out.
-    static constexpr std::size_t kPieceBytes = std::size_t{256} << 10;
-
-    std::string& out_;
-    const Piece* piece_;
-    bool failed_ = false;
-    struct Open {
-        pugi::xml_node element;
-        std::string_view name;
-        bool inlineContent;  // its content stays on its line
-    };
-    std::vector<Open> open_;
-};
-
-void Write(Writer& writer, pugi::xml_node node) {
-    if (node.type() == pugi::node_document) {
-        writer.Document(node);
-    } else if (node) {
-        writer.Subtree(node, false);
+inline void Writer::Attributes(pugi::xml_node node) {
+    for (pugi::xml_attribute attribute = node.first_attribute(); attribute;
+         attribute = attribute.next_attribute()) {
+        out_ += ' ';
+        out_ += attribute.name();
+        out_ += "=\"";
+        AppendEscaped(out_, attribute.value(), Context::Attribute);
+        out_ += '"';
     }
 }
 
-}  // namespace
+inline std::string_view Writer::StartTag(pugi::xml_node element) {
+    const std::string_view name = element.name();
+    out_ += '<';
+    out_.append(name);
+    Attributes(element);
+    return name;
+}
+
+inline void Writer::CData(std::string_view text) {
+    out_ += "<![CDATA[";
+    // "]]>" cannot stand inside one section: close after "]]" and reopen.
+    for (std::size_t at = text.find("]]>"); at != std::string_view::npos; at = text.find("]]>")) {
+        out_.append(text.substr(0, at + 2));
+        out_ += "]]><![CDATA[";
+        text.remove_prefix(at + 2);
+    }
+    out_.append(text);
+    out_ += "]]>";
+}
+
+inline void Writer::Leaf(pugi::xml_node node, pugi::xml_node_type type) {
+    // Elements have no value: not asked for (each call crosses into the library).
+    const std::string_view value = type == pugi::node_element ? "" : node.value();
+    switch (type) {
+        case pugi::node_element:
+            StartTag(node);
+            out_ += "/>";
+            break;
+        case pugi::node_pcdata:
+            AppendEscaped(out_, value, Context::Text);
+            break;
+        case pugi::node_cdata:
+            CData(value);
+            break;
+        case pugi::node_comment:
+            out_ += "<!--";
+            out_.append(value);
+            out_ += "-->";
+            break;
+        case pugi::node_pi:
+            out_ += "<?";
+            out_ += node.name();
+            if (!value.empty()) {
+                out_ += ' ';
+                out_.append(value);
+            }
+            out_ += "?>";
+            break;
+        case pugi::node_declaration:
+            out_ += "<?xml";
+            Attributes(node);
+            out_ += "?>";
+            break;
+        case pugi::node_doctype:
+            out_ += "<!DOCTYPE ";
+            out_.append(value);
+            out_ += '>';
+            break;
+        case pugi::node_document:
+        case pugi::node_null:
+            break;
+    }
+}
+
+void Writer::WriteStretch(std::string& out, const Resume& from, pugi::xml_node stop,
+                          bool inlineAll) {
+    Writer writer(out);
+    writer.open_ = from.open;
+    writer.Walk(from.node, inlineAll, stop);
+}
+
+void Writer::Walk(pugi::xml_node node, bool inlineAll, pugi::xml_node stop) {
+    // The type of node when a look at its siblings already asked for it.
+    pugi::xml_node_type known = pugi::node_null;
+    for (;;) {
+        if (node == stop) return;
+        const pugi::xml_node_type type = known != pugi::node_null ? known : node.type();
+        known = pugi::node_null;
+        const pugi::xml_node first =
+            type == pugi::node_element ? node.first_child() : pugi::xml_node();
+        if (first) {
+            known = first.type();
+            const bool inlineContent = InlineContent(
+                open_.empty() ? inlineAll : open_.back().inlineContent, open_.size(), first, known);
+            open_.push_back({node, StartTag(node), inlineContent});
+            out_ += '>';
+            node = first;
+            if (!inlineContent) NewLine();
+            continue;
+        }
+        Leaf(node, type);
+        pugi::xml_node next;
+        while (!open_.empty() && !(next = node.next_sibling())) {
+            const Open closed = open_.back();
+            open_.pop_back();
+            node = closed.element;
+            if (!closed.inlineContent) NewLine();
+            out_ += "</";
+            out_.append(closed.name);
+            out_ += '>';
+        }
+        if (open_.empty()) return;
+        node = next;
+        if (!open_.back().inlineContent) NewLine();
+    }
+}
 
 std::string Node::serialize(std::size_t expectedBytes) const {
     std::string out;
     // A little over: the text written may be longer than the text read.
     out.reserve(expectedBytes + expectedBytes / 16);
-    Writer writer(out);
-    Write(writer, pugi::xml_node(static_cast<pugi::xml_node_struct*>(handle_)));
+    WriteInParallel(pugi::xml_node(static_cast<pugi::xml_node_struct*>(handle_)),
+                    [&out](std::string_view piece) {
+                        out.append(piece);
+                        return true;
+                    });
     return out;
 }
 
 bool Node::serialize(const std::function<bool(std::string_view)>& piece) const {
-    std::string pending;
-    Writer writer(pending, &piece);
-    Write(writer, pugi::xml_node(static_cast<pugi::xml_node_struct*>(handle_)));
-    return writer.HandOn(true);
+    return WriteInParallel(pugi::xml_node(static_cast<pugi::xml_node_struct*>(handle_)), piece);
 }
 
 }  // namespace tabulon::xml
