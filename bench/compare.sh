@@ -382,7 +382,7 @@ cpu=$(awk -F': ' '/model name/ { print $2; exit }' /proc/cpuinfo 2>/dev/null || 
         echo "to a SpreadsheetWidget and timed until its repaint is done; the stock anchor is a"
         echo "QTreeWidget beside a QTableView over a QStandardItemModel holding the same tree and"
         echo "grid. Milliseconds, median / 95th percentile; CPU: the median processor time of"
-        echo "the application's thread at 1 MB / 50 MB. Goals at 50 MB: p95 < 16 ms, p95 <= the"
+        echo "the application's threads at 1 MB / 50 MB. Goals at 50 MB: p95 < 16 ms, p95 <= the"
         echo "stock anchor's, processor time within 1.5x of the 1 MB one. Each figure is the"
         echo "median over $WIDGET_RUNS runs of the bench, taking the sizes smallest first and"
         echo "largest first in turn."

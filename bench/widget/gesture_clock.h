@@ -19,7 +19,7 @@ long long DeliveredPaints();
 void Settle();
 
 // What a gesture took: wall-clock milliseconds, and the milliseconds of processor time
-// the application's thread used meanwhile (on a busy machine the wall clock also
+// the application's threads used meanwhile (on a busy machine the wall clock also
 // counts the time other processes had the processor).
 struct GestureTime {
     double ms = 0;
