@@ -13,6 +13,8 @@
 #include <fstream>
 #include <mutex>
 #include <string_view>
+#include <system_error>
+#include <thread>
 #include <utility>
 
 #include "support/descriptor.h"
@@ -235,6 +237,27 @@ FileStamp WrittenStamp(int fd, std::uint64_t contentHash, bool throughLink) {
     return StampOf(info, contentHash, throughLink);
 }
 
+// A file's blocks are freed when the last descriptor of the file closes: when nothing
+// else holds the replaced file, in the rename itself (13 ms for 50 MB on ext4, with
+// the person waiting). A large one is held open over the rename and closed on a
+// thread of its own.
+constexpr off_t kCloseApartBytes = off_t{4} << 20;
+
+Descriptor HoldIfLarge(const Target& target) {
+    if (!target.exists || target.info.st_size < kCloseApartBytes) return Descriptor(-1);
+    return Descriptor(open(target.path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+}
+
+void CloseApart(Descriptor& held) {
+    if (held.get() < 0) return;
+    const int fd = held.release();
+    try {
+        std::thread([fd] { ::close(fd); }).detach();
+    } catch (const std::system_error&) {
+        ::close(fd);  // no thread to be had: here, as without it
+    }
+}
+
 enum class Outcome { Done, Failed, InPlace };
 
 // A new file beside the target, renamed over it. InPlace when that cannot keep the
@@ -272,6 +295,7 @@ Outcome ReplaceByRename(const std::string& path, const Target& target, const Con
     if (error != 0)
         return discard(Outcome::Failed, "Cannot write " + path + ": " + ErrnoText(error));
     const FileStamp stamp = WrittenStamp(fd.get(), wrote.hash, target.throughLink);
+    Descriptor replaced = HoldIfLarge(target);
     // Renamed while still open and locked, so that no other save takes it for stale.
     if (rename(temporary.c_str(), target.path.c_str()) != 0) {
         error = errno;
@@ -281,6 +305,7 @@ Outcome ReplaceByRename(const std::string& path, const Target& target, const Con
         return discard(Outcome::Failed, "Cannot replace " + path + ": " + ErrnoText(error));
     }
     fd.close();
+    CloseApart(replaced);
     SyncFolder(target.folder.empty() ? "." : target.folder);
     if (written != nullptr) *written = stamp;
     return Outcome::Done;

@@ -17,15 +17,16 @@
 // target's owner, group, permissions (setuid and setgid bits included, set after the
 // owner) and extended attributes (ACLs among them), sent on to the disk every few
 // megabytes as it is written, flushed, then renamed over the target: the target holds
-// the old or the new content whatever happens, a SIGKILL included. When that cannot
-// keep the file what it was (a target with several hard links, an owner or attribute
-// the process cannot give a new file) or cannot be done (a folder where no file can be
-// created or renamed: read-only, sticky), the target is rewritten in place instead,
-// after a copy of its old content was written to a backup file in the temporary folder
-// ($TMPDIR or /tmp); the backup is removed once the new content is flushed, and kept
-// (its path in the reason) if the old content could not be put back after a failure.
-// Temporary files that an earlier, killed save of the same target left beside it are
-// removed first (those no process holds).
+// the old or the new content whatever happens, a SIGKILL included (a large old file's
+// space is freed on a thread of its own, the caller does not wait for it). When that
+// cannot keep the file what it was (a target with several hard links, an owner or
+// attribute the process cannot give a new file) or cannot be done (a folder where no
+// file can be created or renamed: read-only, sticky), the target is rewritten in place
+// instead, after a copy of its old content was written to a backup file in the
+// temporary folder ($TMPDIR or /tmp); the backup is removed once the new content is
+// flushed, and kept (its path in the reason) if the old content could not be put back
+// after a failure. Temporary files that an earlier, killed save of the same target left
+// beside it are removed first (those no process holds).
 //
 // Returns false and a precise reason naming the path on any refusal or failure; the
 // target is then as it was.

@@ -23,6 +23,13 @@ public:
         return result == 0 ? 0 : errno;
     }
 
+    // Gives the descriptor up without closing it.
+    int release() {
+        const int fd = fd_;
+        fd_ = -1;
+        return fd;
+    }
+
 private:
     int fd_;
 };

@@ -1,9 +1,12 @@
-// Reading documents from files in any encoding, and the mode of a new file. Replacing
-// files is checked where OK is pressed (tests/reliability/save_safety_test.cpp,
-// crash_safe_save_test.cpp).
+// Reading documents from files in any encoding, the mode of a new file, and that a save
+// lets go of the file it replaced. Replacing files is checked where OK is pressed
+// (tests/reliability/save_safety_test.cpp, crash_safe_save_test.cpp).
 #include <sys/stat.h>
 
+#include <chrono>
+#include <filesystem>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "common/files.h"
@@ -91,6 +94,36 @@ TEST(SaveAtomic, ANewFileHasTheDefaultPermissionsAndNoTemporaryFileIsLeft) {
     ASSERT_EQ(stat(folder.file("new.xml").c_str(), &info), 0);
     EXPECT_EQ(info.st_mode & 07777, 0666 & ~mask);
     EXPECT_EQ(folder.names(), std::vector<std::string>{"new.xml"});
+}
+
+std::size_t OpenDescriptors() {
+    const std::filesystem::directory_iterator fds("/proc/self/fd");
+    return static_cast<std::size_t>(std::distance(fds, std::filesystem::directory_iterator()));
+}
+
+// The file a save replaces is let go of apart from the save when it is large: every
+// one of them is closed, whatever number of saves follow one another.
+TEST(SaveAtomic, SavesOverALargeFileLetGoOfEveryFileTheyReplace) {
+    TempDir folder;
+    std::string text = "<a>";
+    for (int i = 0; i < 120000; ++i)
+        text += "<b v=\"" + std::to_string(i) + "\">a value of some length</b>";
+    text += "</a>";
+    Document document = Parsed(text);
+    const std::string path = folder.file("large.xml");
+    std::string reason;
+    ASSERT_TRUE(document.SaveAtomic(path, &reason)) << reason;
+    ASSERT_GT(std::filesystem::file_size(path), std::uintmax_t{4} << 20);
+    const std::size_t before = OpenDescriptors();
+    for (int save = 0; save < 5; ++save) {
+        document.documentElement().setAttribute("save", std::to_string(save));
+        ASSERT_TRUE(document.SaveAtomic(path, &reason)) << reason;
+        EXPECT_EQ(ReadFileBytes(path), document.Serialize());
+    }
+    for (int wait = 0; wait < 500 && OpenDescriptors() > before; ++wait)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    EXPECT_EQ(OpenDescriptors(), before) << "a replaced file is still held";
+    EXPECT_EQ(folder.names(), std::vector<std::string>{"large.xml"});
 }
 
 }  // namespace
