@@ -1,7 +1,6 @@
 #include "platform/xml/parallel_writing.h"
 
 #include <algorithm>
-#include <atomic>
 #include <condition_variable>
 #include <cstddef>
 #include <deque>
@@ -165,7 +164,9 @@ private:
         if (oldest != nullptr) {
             // A done run is no helper's any more: it is the caller's alone.
             handOn(oldest->text);
+            oldest->text.clear();
             const std::lock_guard<std::mutex> lock(mutex_);
+            spare_.push_back(std::move(oldest->text));
             runs_.pop_front();
             ++handedOn_;
             return;
@@ -179,22 +180,21 @@ private:
     }
 
     // Under the lock: the oldest run no one writes yet, or null.
+    // The run is written into the room of one handed on, when there is one.
     Run* claim() {
         const std::size_t index = claimed_ - handedOn_;
         if (index >= runs_.size()) return nullptr;
         ++claimed_;
-        return &runs_[index];
+        Run& run = runs_[index];
+        if (!spare_.empty()) {
+            run.text = std::move(spare_.back());
+            spare_.pop_back();
+        }
+        return &run;
     }
 
     void write(Run& run) {
-        // Runs are alike in size: room for the largest so far is made at once.
-        run.text.reserve(largest_.load(std::memory_order_relaxed));
         Writer::WriteStretch(run.text, run.from, run.stop, run.inlineAll);
-        std::size_t largest = largest_.load(std::memory_order_relaxed);
-        while (
-            run.text.size() > largest &&
-            !largest_.compare_exchange_weak(largest, run.text.size(), std::memory_order_relaxed)) {
-        }
         {
             const std::lock_guard<std::mutex> lock(mutex_);
             run.done = true;
@@ -256,12 +256,14 @@ private:
     // Under mutex_: runs not yet handed on, oldest first (a deque keeps the place of
     // each run while others are added and removed).
     std::deque<Run> runs_;
+    // Under mutex_: the texts of runs handed on, emptied: growing a new text to a run's
+    // size costs as much again as writing a cell block into it.
+    std::vector<std::string> spare_;
     std::size_t claimed_ = 0;   // runs ever claimed for writing
     std::size_t handedOn_ = 0;  // runs ever handed on
     bool stop_ = false;
     bool refused_ = false;
     std::exception_ptr failure_;
-    std::atomic<std::size_t> largest_{0};
     bool started_ = false;
     std::vector<std::jthread> helpers_;  // last: joined before the rest goes
 };
